@@ -1,0 +1,200 @@
+#include "forms/desktop.h"
+
+#include <algorithm>
+
+#include "forms/form.h"
+
+namespace koprax {
+
+class Desktop::EventScope {
+ public:
+  explicit EventScope(Desktop& desk) : desk_(desk) { ++desk_.depth_; }
+  EventScope(const EventScope&) = delete;
+  EventScope& operator=(const EventScope&) = delete;
+  ~EventScope() {
+    if (--desk_.depth_ == 0) {
+      // A destructor of a form may reach the desktop again, so the list is emptied first.
+      const auto leaving = std::move(desk_.leaving_);
+      desk_.leaving_.clear();
+    }
+  }
+
+ private:
+  Desktop& desk_;
+};
+
+template <class Call>
+void Desktop::Tell(Call call) {
+  for (DesktopObserver* observer : std::vector(observers_)) {
+    call(*observer);
+  }
+}
+
+std::shared_ptr<Form> Desktop::Find(std::string_view name) const {
+  const auto found = std::ranges::find_if(forms_, [&](const auto& form) { return form->Name() == name; });
+  return found == forms_.end() ? nullptr : *found;
+}
+
+void Desktop::Unload(std::string_view name) {
+  if (const auto form = Find(name)) {
+    Unload(*form);
+  }
+}
+
+std::vector<std::shared_ptr<Form>> Desktop::ShownForms() const {
+  std::vector<std::shared_ptr<Form>> shown;
+  std::ranges::copy_if(forms_, std::back_inserter(shown), [](const auto& form) { return form->Visible(); });
+  return shown;
+}
+
+std::optional<std::string> Desktop::WhyUnusable(const Form& form) const {
+  if (!form.Visible()) {
+    return form.Name() + " is not shown";
+  }
+  if (ModalForm() != nullptr && ModalForm() != &form) {
+    return "the modal window " + ModalForm()->Name() + " is in front; act on it first";
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> Desktop::WhyUnusable(const Control& control) const {
+  if (auto reason = WhyUnusable(control.OwnerForm())) {
+    return reason;
+  }
+  for (const Control* part = &control; part != nullptr; part = part->Container()) {
+    if (!part->Visible) {
+      return part->OwnerForm().Name() + "." + part->FullName() + " is hidden";
+    }
+    if (!part->Enabled) {
+      return part->OwnerForm().Name() + "." + part->FullName() + " is disabled";
+    }
+  }
+  return std::nullopt;
+}
+
+void Desktop::Adopt(const std::shared_ptr<Form>& form) {
+  Unload(form->Name());
+  forms_.push_back(form);
+  form->loaded_ = true;
+  const EventScope scope(*this);
+  form->OnLoad();
+}
+
+void Desktop::MoveToFront(Form& form) {
+  const auto found = std::ranges::find_if(forms_, [&](const auto& loaded) { return loaded.get() == &form; });
+  std::rotate(forms_.begin(), found, found + 1);
+}
+
+void Desktop::Show(Form& form) {
+  if (!form.loaded_) {
+    return;
+  }
+  if (form.visible_) {
+    BringToFront(form);
+    return;
+  }
+  form.visible_ = true;
+  MoveToFront(form);
+  Tell([&](DesktopObserver& observer) { observer.FormShown(form, false); });
+  if (OnFronted) {
+    OnFronted(form);
+  }
+}
+
+void Desktop::ShowModal(Form& form) {
+  if (!form.loaded_ || form.visible_) {
+    return;
+  }
+  const EventScope scope(*this);
+  const auto alive = form.shared_from_this();
+  form.visible_ = true;
+  MoveToFront(form);
+  modal_.push_back(&form);
+  Tell([&](DesktopObserver& observer) { observer.FormShown(form, true); });
+  runtime_.RunModal(form);
+  std::erase(modal_, &form);
+}
+
+void Desktop::Hide(Form& form) {
+  if (!form.visible_) {
+    return;
+  }
+  form.visible_ = false;
+  std::erase(modal_, &form);
+  Tell([&](DesktopObserver& observer) { observer.FormHidden(form); });
+}
+
+void Desktop::Unload(Form& form) {
+  if (!form.loaded_) {
+    return;
+  }
+  const EventScope scope(*this);
+  const auto found = std::ranges::find_if(forms_, [&](const auto& loaded) { return loaded.get() == &form; });
+  leaving_.push_back(*found);
+  forms_.erase(found);
+  form.loaded_ = false;
+  form.visible_ = false;
+  std::erase(modal_, &form);
+  Tell([&](DesktopObserver& observer) { observer.FormUnloaded(form); });
+}
+
+void Desktop::BringToFront(Form& form) {
+  if (!form.visible_) {
+    return;
+  }
+  const auto shown = ShownForms();
+  if (shown.front().get() != &form) {
+    MoveToFront(form);
+    Tell([&](DesktopObserver& observer) { observer.FormFronted(form); });
+  }
+  if (OnFronted) {
+    OnFronted(form);
+  }
+}
+
+void Desktop::Refresh(Control& control) {
+  Tell([&](DesktopObserver& observer) { observer.ControlRefreshed(control); });
+}
+
+void Desktop::RunEvent(const std::function<void()>& handler) {
+  if (quit_) {
+    return;
+  }
+  const EventScope scope(*this);
+  // The handler may belong to a form that it unloads, so a copy of it is run.
+  const std::function<void()> running = handler;
+  running();
+}
+
+void Desktop::Quit() {
+  if (quit_) {
+    return;
+  }
+  const EventScope scope(*this);
+  quit_ = true;
+  for (const auto& form : forms_) {
+    form->loaded_ = false;
+    form->visible_ = false;
+    leaving_.push_back(form);
+  }
+  forms_.clear();
+  modal_.clear();
+  Tell([](DesktopObserver& observer) { observer.DesktopQuit(); });
+  runtime_.Quit();
+}
+
+void Desktop::FormChanged(Form& form, PropertyName name) {
+  Tell([&](DesktopObserver& observer) { observer.FormChanged(form, name); });
+}
+
+void Desktop::ControlChanged(Control& control, PropertyName name) {
+  Tell([&](DesktopObserver& observer) { observer.ControlChanged(control, name); });
+}
+
+void Desktop::PictureDrawn(PictureBox& picture) {
+  for (DesktopObserver* observer : observers_) {
+    observer->PictureDrawn(picture);
+  }
+}
+
+}  // namespace koprax
