@@ -1,0 +1,53 @@
+// The texts of the on-line help, one a topic: what the command beside a "?" button does, with its limits.
+// Showing them is left to the help window.
+#pragma once
+
+#include <string>
+
+namespace koprax {
+
+enum class HelpTopic {
+  // The main menu.
+  HelpLoad,
+  HelpSaveDisk,
+  HelpDisplay,
+  HelpManipulation,
+  HelpFit,
+  HelpErase,
+  HelpAbout,
+  HelpDisclaimer,
+  HelpCalibration,
+  HelpRefineCell,
+  // The formats of profile files.
+  HelpFormatItal,
+  HelpFormatOneColumn,
+  HelpFormatTwoColumns,
+  HelpFormatCps,
+  HelpFormatPhilips,
+  HelpFormatUxd,
+  HelpFormatCard,
+  // Topics that several windows with a profile share.
+  HelpZoom,
+  HelpArithmetic,
+  HelpMainMenu,
+  HelpBitmap,
+  // The display and work window.
+  HelpEdit,
+  HelpUndoZoom,
+  HelpSave,
+  HelpExplorer,
+  HelpAccept,
+  HelpShowChanges,
+  HelpCancel,
+  HelpSaveList,
+  HelpQuitExplorer,
+  HelpPrint,
+  HelpEraseLast,
+  HelpClearList,
+  HelpChangeAll,
+};
+
+/// The whole text of a topic. Each line ends with CR LF.
+[[nodiscard]] std::string HelpText(HelpTopic topic);
+
+}  // namespace koprax
