@@ -22,7 +22,7 @@ class TextFile {
   TextFile& operator=(TextFile&&) = default;
   ~TextFile() = default;
 
-  /// What is left to read, as UTF-8 text with its line ends.
+  /// The whole text as UTF-8 with its line ends, without a byte order mark.
   [[nodiscard]] std::string_view Contents() const { return contents_; }
   [[nodiscard]] TextEncoding Encoding() const { return encoding_; }
 
@@ -31,8 +31,9 @@ class TextFile {
   TextEncoding encoding_;
 };
 
-/// Reads lines one after the other from a text, as sequential input does. A line end at the very end of
-/// the text starts no further line.
+/// Reads lines one after the other from a text, as sequential input does. A line ends at LF, with all CR
+/// directly before it; a CR elsewhere is an ordinary character. A line end at the very end of the text
+/// starts no further line.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text) {}
@@ -41,8 +42,9 @@ class LineReader {
   /// The next line without its end; an empty text at the end of the file.
   std::string_view NextLine();
   /// The text of the next free-format number: blanks and line ends before it are passed over, it ends at
-  /// a blank, a comma or the end of the line. Reading goes on behind that end; blanks that lead to the
-  /// end of the line are part of it. Nothing at the end of the file.
+  /// a blank, a comma or the end of the line. Reading goes on behind that end; blanks that lead to a comma
+  /// or to the end of the line are part of it. Empty where a comma stands without a number before it;
+  /// nothing at the end of the file.
   std::optional<std::string_view> NextNumber();
   /// The number of the line that was read last, from 1.
   [[nodiscard]] int LineNumber() const { return line_number_; }
@@ -50,6 +52,7 @@ class LineReader {
  private:
   std::string_view rest_;
   int line_number_ = 0;
+  bool inside_line_ = false;  // a number was read, and more of its line is left
 };
 
 /// A reason in the system's own words.
@@ -57,13 +60,14 @@ struct FileError {
   std::string Reason;
 };
 
-/// Reads a whole file. Fails with the system's words when it can't be opened or is a folder.
+/// Reads a whole file. Fails with the system's words when it can't be opened, is a folder or is larger
+/// than 256 MiB.
 [[nodiscard]] std::variant<TextFile, FileError> ReadTextFile(const std::string& path);
 
 /// Writes lines, ended by CR LF, to a temporary name beside the target, flushes it and renames it to the
 /// target, so that a failure leaves the old file as it was. A target that is no regular file is written
-/// in place; links are followed; rights are kept. Characters outside Latin-1 are written as "?" in that
-/// encoding. Returns the system's words on failure.
+/// in place; links are followed; rights are kept, and a protected file is not replaced. Characters outside
+/// Latin-1 are written as "?" in that encoding. Returns the system's words on failure.
 [[nodiscard]] std::optional<FileError> WriteTextFile(const std::string& path,
                                                      const std::vector<std::string>& lines,
                                                      TextEncoding encoding);

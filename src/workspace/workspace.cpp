@@ -6,6 +6,7 @@ namespace koprax {
 
 Workspace::Workspace() : BlankTitle(TitleWidth, ' ') {
   Words.WordStr.fill(std::string(MaxWords, ' '));
+  Words.LineChars.fill(" ");
   for (int slot = 1; slot <= NumBuffers; ++slot) {
     ProfileBuffer& buffer = Buffer(slot);
     buffer.Title = BlankTitle;
@@ -18,6 +19,7 @@ Workspace::Workspace() : BlankTitle(TitleWidth, ' ') {
 void EraseBuffer(Workspace& workspace, int slot) {
   ProfileBuffer& buffer = workspace.Buffer(slot);
   buffer.Title = workspace.BlankTitle;
+  buffer.Latin1Text = false;
   buffer.FormatCode = 0;
   buffer.Wavelength = buffer.XStep = buffer.FileXMin = buffer.FileXMax = 0;
   buffer.PermNpts = buffer.WorkNpts = 0;

@@ -16,6 +16,7 @@ inline constexpr int MaxPoints = 8000;
 inline constexpr int MaxPeaks = 100;
 inline constexpr int MaxWords = 24;
 inline constexpr int TitleWidth = 80;
+inline constexpr int LineWidth = 80;
 inline constexpr int PaddedYBound = 8400;
 inline constexpr int MaxReflections = 500;
 
@@ -39,6 +40,7 @@ enum class FormatCodes : std::int16_t {
 struct ProfileBuffer {
   /// 80 characters, padded with blanks; a buffer is empty exactly when all of them are blank.
   std::string Title;
+  bool Latin1Text = false;      ///< the title and header lines come from a file in Latin-1
   std::string BufLetter;        ///< "a" to "f"
   std::int16_t FormatCode = 0;  ///< one of FormatCodes
   float Wavelength = 0;         ///< angstrom; 0 is undefined
@@ -101,7 +103,8 @@ struct ProfileBuffer {
 /// The words of the last tokenised line, numbers and text apart, each numbered from 1.
 struct TokenisedWords {
   std::array<float, MaxWords + 1> WordVal{};
-  std::array<std::string, MaxWords + 1> WordStr;  ///< 24 characters each
+  std::array<std::string, MaxWords + 1> WordStr;     ///< 24 characters each
+  std::array<std::string, LineWidth + 1> LineChars;  ///< the line, one character a cell, from 1
 };
 
 /// Place and scale of the frame drawn last, in the units of the surface. Whoever draws last owns it.

@@ -1,0 +1,18 @@
+// Reads profiles from the three column formats into a buffer: ITAL STRUCTURES *.dat, one column, two
+// columns. Choosing the format and showing the profile is left to others.
+#pragma once
+
+#include "files/read_outcome.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+/// Each reads the file named by Workspace::FileName into the permanent copy of a slot from 1 to 6, and
+/// leaves the words of the last record in the workspace's tables. `tell` hears of records with too many
+/// words. A file that can't be opened or is empty touches nothing but FormatCode; any later failure
+/// leaves the buffer empty.
+[[nodiscard]] ReadOutcome ReadItalDat(Workspace& workspace, int slot, const TellUser& tell);
+[[nodiscard]] ReadOutcome ReadOneColumn(Workspace& workspace, int slot, const TellUser& tell);
+[[nodiscard]] ReadOutcome ReadTwoColumns(Workspace& workspace, int slot, const TellUser& tell);
+
+}  // namespace koprax

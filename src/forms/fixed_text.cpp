@@ -1,0 +1,41 @@
+#include "forms/fixed_text.h"
+
+#include <algorithm>
+
+namespace koprax {
+
+namespace {
+
+/// The bytes of a character behind its first one.
+bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+}  // namespace
+
+std::size_t CharacterCount(std::string_view text) {
+  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, ContinuesCharacter));
+}
+
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  if (text.size() <= count) return text;
+  std::size_t length = 0;
+  while (count > 0 && length < text.size()) {
+    do {
+      ++length;
+    } while (length < text.size() && ContinuesCharacter(text[length]));
+    --count;
+  }
+  return text.substr(0, length);
+}
+
+std::string FixedField(std::string_view text, std::size_t width) {
+  const std::string_view kept = FirstCharacters(text, width);
+  std::string field(kept);
+  field.append(width - CharacterCount(kept), ' ');
+  return field;
+}
+
+std::string RightTrimmed(std::string_view text) {
+  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+}
+
+}  // namespace koprax
