@@ -2,7 +2,9 @@
 // written once, at the end, as the last record leaves them.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <variant>
 
 #include "files/read_outcome.h"
 #include "files/tokeniser.h"
@@ -10,6 +12,9 @@
 #include "workspace/workspace.h"
 
 namespace koprax {
+
+/// Reads a file that must hold at least one record. It fails when it can't be read or is empty.
+[[nodiscard]] std::variant<TextFile, ReadOutcome> OpenRecords(const std::string& file_name);
 
 /// The text, the tables and what `tell` refers to must outlive the reader.
 class RecordReader {

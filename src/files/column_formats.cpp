@@ -1,0 +1,284 @@
+#include "files/column_formats.h"
+
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "files/profile_title.h"
+#include "files/record_reader.h"
+#include "forms/fixed_text.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr std::string_view last_record_irregular = "Last record is irregular!!\r\nReturn to main menu.";
+
+/// One file on its way into one buffer.
+struct Reading {
+  Reading(Workspace& workspace, ProfileBuffer& buffer, const TextFile& file, const TellUser& tell)
+      : FileName(workspace.FileName),
+        Buffer(buffer),
+        Encoding(file.Encoding()),
+        Records(file.Contents(), workspace.Words, tell) {}
+
+  [[nodiscard]] ReadOutcome FailHere(const std::string& what) {
+    return FailureAtLine(Buffer, FileName, Records.LineNumber(), what);
+  }
+  [[nodiscard]] ReadOutcome EndsBefore(const std::string& expected) {
+    return FailureAtEnd(Buffer, FileName, expected);
+  }
+
+  const std::string& FileName;
+  ProfileBuffer& Buffer;
+  TextEncoding Encoding;
+  RecordReader Records;
+};
+
+using ReadSteps = ReadOutcome (*)(Reading&);
+/// What stopped a step of a reading; nothing when it goes on.
+using Failure = std::optional<ReadOutcome>;
+
+/// The frame of all three readers: the code of the format, the file, then the records.
+ReadOutcome ReadProfile(Workspace& workspace, int slot, const TellUser& tell, FormatCodes code,
+                        ReadSteps read_records) {
+  ProfileBuffer& buffer = workspace.Buffer(slot);
+  buffer.FormatCode = static_cast<std::int16_t>(code);
+  const auto opened = OpenRecords(workspace.FileName);
+  if (const auto* failure = std::get_if<ReadOutcome>(&opened)) return *failure;
+  Reading reading(workspace, buffer, std::get<TextFile>(opened), tell);
+  return read_records(reading);
+}
+
+void StartLimits(ProfileBuffer& buffer) {
+  buffer.PermYMax = -100000;
+  buffer.PermYMin = 100000;
+}
+
+void SetPoint(ProfileBuffer& buffer, int i, float x, float y) {
+  const auto index = static_cast<std::size_t>(i);
+  buffer.PermX[index] = x;
+  buffer.PermY[index] = y;
+  if (y > buffer.PermYMax) buffer.PermYMax = y;
+  if (y < buffer.PermYMin) buffer.PermYMin = y;
+}
+
+/// Stores point i of a profile with a step; both values must fit into 32 bits.
+Failure SetSteppedPoint(Reading& reading, int i, float y) {
+  ProfileBuffer& buffer = reading.Buffer;
+  const auto x = static_cast<float>((i - 1) * static_cast<double>(buffer.XStep) + buffer.FileXMin);
+  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X of this point"));
+  if (!std::isfinite(y)) return reading.FailHere(OutOfRange("the intensity"));
+  SetPoint(buffer, i, x, y);
+  return std::nullopt;
+}
+
+Failure SetWavelength(Reading& reading, float wavelength) {
+  if (!std::isfinite(wavelength)) return reading.FailHere(OutOfRange("the wavelength"));
+  reading.Buffer.Wavelength = wavelength;
+  return std::nullopt;
+}
+
+// ---- ITAL STRUCTURES -------------------------------------------------------------------------------
+
+std::variant<double, ReadOutcome> HeaderNumber(Reading& reading, const std::string& expected) {
+  const auto text = reading.Records.Lines().NextNumber();
+  if (!text) return reading.EndsBefore(expected);
+  if (StartsWithNumber(*text)) return LeadingNumber(*text);
+  return reading.FailHere("expected " + expected + ", found \"" +
+                          std::string(FirstCharacters(*text, MaxWords)) + "\"");
+}
+
+Failure ReadPointCount(Reading& reading) {
+  const auto number = HeaderNumber(reading, "the number of points");
+  if (const auto* failure = std::get_if<ReadOutcome>(&number)) return *failure;
+  const double count = std::get<double>(number);
+  if (count > MaxPoints) return LimitFailure(reading.Buffer);
+  if (count < 0) return reading.FailHere("expected a number of points from 0 to 8000");
+  reading.Buffer.PermNpts = static_cast<std::int16_t>(RoundHalfEven(count));
+  return std::nullopt;
+}
+
+Failure ReadHeaderValue(Reading& reading, const std::string& expected, float& field) {
+  const auto number = HeaderNumber(reading, expected);
+  if (const auto* failure = std::get_if<ReadOutcome>(&number)) return *failure;
+  const auto value = static_cast<float>(std::get<double>(number));
+  if (!std::isfinite(value)) return reading.FailHere(OutOfRange(expected));
+  field = value;
+  return std::nullopt;
+}
+
+Failure ReadItalHeader(Reading& reading) {
+  TakeTitle(reading.Buffer, reading.Records.Lines().NextLine(), reading.Encoding);
+  if (auto failure = ReadPointCount(reading)) return failure;
+  if (auto failure = ReadHeaderValue(reading, "X of the first point", reading.Buffer.FileXMin))
+    return failure;
+  if (auto failure = ReadHeaderValue(reading, "X of the last point", reading.Buffer.FileXMax)) return failure;
+  return ReadHeaderValue(reading, "the step", reading.Buffer.XStep);
+}
+
+ReadOutcome IrregularRecord(ProfileBuffer& buffer) {
+  EmptyAfterFailure(buffer);
+  buffer.Wavelength = 0;
+  return {.Failed = true,
+          .Problem = Message{.Text = std::string(last_record_irregular), .Title = "Error"},
+          .FrontMainMenu = true};
+}
+
+/// The record behind the last point holds maximum and minimum, or ends the file with one number.
+Failure ReadItalTail(Reading& reading, const LineWords& words) {
+  if (words.NNum == 1) return std::nullopt;
+  if (words.NNum != 2) return IrregularRecord(reading.Buffer);
+  if (reading.Records.AtEnd()) return std::nullopt;
+  return SetWavelength(reading, reading.Records.NextRecord().Number(1));
+}
+
+/// A file that ends early is no error: the missing points hold what lay there.
+Failure ReadItalRecords(Reading& reading) {
+  for (int i = 1; !reading.Records.AtEnd(); ++i) {
+    const LineWords& words = reading.Records.NextRecord();
+    if (i > reading.Buffer.PermNpts) return ReadItalTail(reading, words);
+    if (auto failure = SetSteppedPoint(reading, i, words.Number(1))) return failure;
+  }
+  return std::nullopt;
+}
+
+ReadOutcome ReadItal(Reading& reading) {
+  StartLimits(reading.Buffer);
+  if (const auto failure = ReadItalHeader(reading)) return *failure;
+  if (const auto failure = ReadItalRecords(reading)) return *failure;
+  return SuccessfulRead(true);
+}
+
+// ---- One column ------------------------------------------------------------------------------------
+
+/// The record that holds the header: the first one, or the second behind a title.
+const LineWords* HeaderBehindTitle(Reading& reading) {
+  const LineWords& words = reading.Records.NextRecord();
+  if (words.NText == 0) {
+    TakeTitle(reading.Buffer, " File without title ", TextEncoding::Utf8);
+    return &words;
+  }
+  TakeTitle(reading.Buffer, reading.Records.Record(), reading.Encoding);
+  return reading.Records.AtEnd() ? nullptr : &reading.Records.NextRecord();
+}
+
+Failure ReadOneColumnHeader(Reading& reading) {
+  const LineWords* words = HeaderBehindTitle(reading);
+  if (words == nullptr) return reading.EndsBefore("X of the first point, step and wavelength");
+  if (!std::isfinite(words->Number(1))) return reading.FailHere(OutOfRange("X of the first point"));
+  if (!std::isfinite(words->Number(2))) return reading.FailHere(OutOfRange("the step"));
+  reading.Buffer.FileXMin = words->Number(1);
+  reading.Buffer.XStep = words->Number(2);
+  return SetWavelength(reading, words->Number(3));
+}
+
+ReadOutcome ReadOne(Reading& reading) {
+  ProfileBuffer& buffer = reading.Buffer;
+  StartLimits(buffer);
+  if (const auto failure = ReadOneColumnHeader(reading)) return *failure;
+  int n = 0;
+  while (!reading.Records.AtEnd()) {
+    const float y = reading.Records.NextRecord().Number(1);
+    if (++n > MaxPoints) return LimitFailure(buffer);
+    if (const auto failure = SetSteppedPoint(reading, n, y)) return *failure;
+    buffer.FileXMax = buffer.PermX[static_cast<std::size_t>(n)];
+  }
+  buffer.PermNpts = static_cast<std::int16_t>(n);
+  return SuccessfulRead(false);
+}
+
+// ---- Two columns -----------------------------------------------------------------------------------
+
+/// Finds out whether a profile has one step: differences of X are compared after rounding to 3 decimals.
+class StepTest {
+ public:
+  /// Takes the X of point n, n from 2 on, and of the point before.
+  void Compare(int n, float x, float before) {
+    if (!fixed_) return;
+    const auto step = static_cast<float>(RoundDecimals(static_cast<double>(x) - before, 3));
+    if (n == 2) step_ = step;
+    fixed_ = step == step_;
+  }
+  /// The step, 0 for a variable one or fewer than two points.
+  [[nodiscard]] float Step() const { return fixed_ ? step_ : 0; }
+
+ private:
+  float step_ = 0;
+  bool fixed_ = true;
+};
+
+/// A first record of one or two numbers and no text belongs to the data already; any other is the title.
+const LineWords* RecordBehindTitle(Reading& reading) {
+  const LineWords& words = reading.Records.NextRecord();
+  if (words.NText == 0 && (words.NNum == 1 || words.NNum == 2)) {
+    TakeTitle(reading.Buffer, " file without title ", TextEncoding::Utf8);
+    return &words;
+  }
+  TakeTitle(reading.Buffer, reading.Records.Record(), reading.Encoding);
+  return reading.Records.AtEnd() ? nullptr : &reading.Records.NextRecord();
+}
+
+/// Stores the record at hand as point n. Sets `at_end` instead where the data end before it.
+Failure TakePoint(Reading& reading, const LineWords& words, int n, StepTest& steps, bool& at_end) {
+  constexpr float least_x = 0.0001F;
+  ProfileBuffer& buffer = reading.Buffer;
+  const float x = words.Number(1);
+  const float y = words.Number(2);
+  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X"));
+  at_end = n >= 3 && x < least_x;
+  if (at_end) return std::nullopt;
+  if (n > MaxPoints) return LimitFailure(buffer);
+  if (!std::isfinite(y)) return reading.FailHere(OutOfRange("the intensity"));
+  SetPoint(buffer, n, x, y);
+  if (n == 1) buffer.FileXMin = x;
+  buffer.FileXMax = x;
+  if (n >= 2) steps.Compare(n, x, buffer.PermX[static_cast<std::size_t>(n) - 1]);
+  return std::nullopt;
+}
+
+/// Reads the points. `words` is the record of the first one, or null to read on.
+ReadOutcome ReadPoints(Reading& reading, const LineWords* words) {
+  StepTest steps;
+  int n = 0;
+  while (words != nullptr || !reading.Records.AtEnd()) {
+    if (words == nullptr) words = &reading.Records.NextRecord();
+    bool at_end = false;
+    if (auto failure = TakePoint(reading, *words, n + 1, steps, at_end)) return *failure;
+    if (at_end) break;
+    ++n;
+    words = nullptr;
+  }
+  reading.Buffer.PermNpts = static_cast<std::int16_t>(n);
+  reading.Buffer.XStep = steps.Step();
+  return SuccessfulRead(false);
+}
+
+ReadOutcome ReadTwo(Reading& reading) {
+  StartLimits(reading.Buffer);
+  const LineWords* words = RecordBehindTitle(reading);
+  if (words == nullptr) return reading.EndsBefore("the wavelength or the first point");
+  if (const auto failure = SetWavelength(reading, words->NNum == 1 ? words->Number(1) : 0)) return *failure;
+  const bool first_point = words->NNum == 2;
+  return ReadPoints(reading, first_point ? words : nullptr);
+}
+
+}  // namespace
+
+ReadOutcome ReadItalDat(Workspace& workspace, int slot, const TellUser& tell) {
+  return ReadProfile(workspace, slot, tell, FormatCodes::ItalDat, ReadItal);
+}
+
+ReadOutcome ReadOneColumn(Workspace& workspace, int slot, const TellUser& tell) {
+  return ReadProfile(workspace, slot, tell, FormatCodes::OneColumn, ReadOne);
+}
+
+ReadOutcome ReadTwoColumns(Workspace& workspace, int slot, const TellUser& tell) {
+  return ReadProfile(workspace, slot, tell, FormatCodes::TwoColumns, ReadTwo);
+}
+
+}  // namespace koprax
