@@ -93,9 +93,9 @@ TEST(Examples, SiliconHasItsLinesWhereItShould) {
   EXPECT_NEAR(HighestIn(buffer, 27, 30), 28.442, 0.04);
   EXPECT_NEAR(HighestIn(buffer, 46, 48), 47.303, 0.04);
   EXPECT_NEAR(HighestIn(buffer, 55, 57), 56.123, 0.04);
-  // Integrated intensities 100 : 55 by the table. The tails of the lines reach beyond the ranges, by
-  // about 2 per cent of each line alike.
-  EXPECT_NEAR(NetArea(buffer, 46.3F, 48.3F) / NetArea(buffer, 27.4F, 29.4F), 0.55, 0.02);
+  // Integrated intensities 100 : 55 by the table. The noise of the two end points, 14 counts each over
+  // 100 points, makes 2 per cent of the stronger line, and the tails beyond the ranges take as much.
+  EXPECT_NEAR(NetArea(buffer, 46.3F, 48.3F) / NetArea(buffer, 27.4F, 29.4F), 0.55, 0.04);
 }
 
 TEST(Examples, LowAngleLinesLeanToTheLeft) {
