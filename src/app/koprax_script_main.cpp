@@ -1,0 +1,69 @@
+// koprax-script: the workbench driven from a text script, off screen and without a person.
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QEvent>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <istream>
+#include <string>
+#include <system_error>
+
+#include "app/script_player.h"
+#include "app/workbench.h"
+#include "forms/scripted_runtime.h"
+#include "forms_qt/qt_desktop_view.h"
+#include "forms_qt/qt_platform.h"
+
+namespace {
+
+constexpr int CannotRun = 1;
+
+int PlayOnWorkbench(std::istream& script) {
+  koprax::QtPlatform platform;
+  koprax::ScriptedRuntime runtime(platform);
+  koprax::Workbench workbench(runtime);
+  const koprax::QtDesktopView view(workbench.Desk());
+  koprax::ScriptPlayer player({.Desk = workbench.Desk(),
+                               .Data = workbench.Data(),
+                               .FormNames = koprax::Workbench::FormNames(),
+                               .Runtime = runtime,
+                               .Host = platform},
+                              std::cout);
+  // There is no event loop, which would take away the windows of forms that have gone.
+  player.AfterAnswer = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); };
+  return player.Play([&] { workbench.Start(); }, script);
+}
+
+int PlayFile(const std::string& path) {
+  std::error_code ignored;
+  const bool folder = std::filesystem::is_directory(path, ignored);
+  errno = 0;
+  std::ifstream script(path, std::ios::binary);
+  if (folder || !script) {
+    std::cerr << "koprax-script: can't read " << path << ": " << std::strerror(folder ? EISDIR : errno)
+              << '\n';
+    return CannotRun;
+  }
+  return PlayOnWorkbench(script);
+}
+
+}  // namespace
+
+int main(int argument_count, char** arguments) {
+  if (argument_count > 2) {
+    std::cerr << "usage: koprax-script [FILE]\n";
+    return CannotRun;
+  }
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  // The tool's one argument is a file, whatever it looks like, so it isn't shown to the toolkit.
+  int toolkit_arguments = 1;
+  const QApplication application(toolkit_arguments, arguments);
+  QApplication::setQuitOnLastWindowClosed(false);
+  return argument_count == 2 ? PlayFile(arguments[1]) : PlayOnWorkbench(std::cin);
+}
