@@ -1,0 +1,111 @@
+// Buttons, option buttons and check boxes.
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "forms_qt/control_widget.h"
+#include "forms_qt/qt_text.h"
+
+namespace koprax {
+
+namespace {
+
+/// A button that the Enter key presses as the space bar does.
+class CommandButton final : public QPushButton {
+ public:
+  explicit CommandButton(QWidget& parent) : QPushButton(&parent) {}
+
+  [[nodiscard]] QSize sizeHint() const override {
+    const QSize hint = QPushButton::sizeHint();
+    return IsHelp() ? QSize(hint.height(), hint.height()) : hint;
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  /// The small square button that stands beside a command and explains it.
+  [[nodiscard]] bool IsHelp() const { return text() == QLatin1String("?"); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      click();
+    } else {
+      QPushButton::keyPressEvent(event);
+    }
+  }
+};
+
+/// A choice whose state is the control's: a click only asks for it.
+template <class Base>
+class AskingButton final : public Base {
+ public:
+  explicit AskingButton(QWidget& parent) : Base(&parent) { Base::setAutoExclusive(false); }
+
+ protected:
+  void nextCheckState() override {}
+};
+
+template <class ControlType, class WidgetType>
+class ButtonWidget final : public ControlWidget {
+ public:
+  ButtonWidget(ControlType& control, WidgetType& widget)
+      : ControlWidget(control, widget), control_(control), widget_(widget) {
+    ApplyAll({PropertyName::Caption, PropertyName::Value});
+    QObject::connect(&widget, &QAbstractButton::clicked, &widget,
+                     [&control, form = control.OwnerForm().weak_from_this()] {
+                       ActOn(form, [&control] { control.Click(); });
+                     });
+  }
+
+  void Apply(PropertyName name) override {
+    if (name == PropertyName::Caption) {
+      ApplyCaption();
+    } else if (name == PropertyName::Value) {
+      ApplyValue();
+    } else {
+      ControlWidget::Apply(name);
+    }
+  }
+
+ private:
+  void ApplyCaption() {
+    widget_.setText(ToQt(control_.Caption.Get()));
+    if constexpr (std::is_same_v<ControlType, Button>) {
+      const auto across = widget_.IsHelp() ? QSizePolicy::Fixed : QSizePolicy::Minimum;
+      widget_.setSizePolicy(across, QSizePolicy::Fixed);
+    }
+  }
+  void ApplyValue() {
+    if constexpr (std::is_same_v<ControlType, CheckBox>) {
+      widget_.setChecked(control_.Value != 0);
+    } else if constexpr (std::is_same_v<ControlType, OptionButton>) {
+      widget_.setChecked(control_.Value);
+    }
+  }
+
+  ControlType& control_;
+  WidgetType& widget_;
+};
+
+// The parent owns the widget.
+template <class WidgetType, class ControlType>
+std::unique_ptr<ControlWidget> Make(ControlType& control, QWidget& parent) {
+  auto* widget = new WidgetType(parent);
+  return std::make_unique<ButtonWidget<ControlType, WidgetType>>(control, *widget);
+}
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> MakeButton(Button& button, QWidget& parent) {
+  return Make<CommandButton>(button, parent);
+}
+
+std::unique_ptr<ControlWidget> MakeOptionButton(OptionButton& button, QWidget& parent) {
+  return Make<AskingButton<QRadioButton>>(button, parent);
+}
+
+std::unique_ptr<ControlWidget> MakeCheckBox(CheckBox& box, QWidget& parent) {
+  return Make<AskingButton<QCheckBox>>(box, parent);
+}
+
+}  // namespace koprax

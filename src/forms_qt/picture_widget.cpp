@@ -1,0 +1,211 @@
+#include "forms_qt/picture_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "forms_qt/control_widget.h"
+#include "forms_qt/pointer_shapes.h"
+#include "forms_qt/surface_painter.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr double PixelsPerMillimetre = 96.0 / 25.4;
+
+std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
+  switch (event.button()) {
+    case Qt::LeftButton:
+      return MouseButton::Left;
+    case Qt::RightButton:
+      return MouseButton::Right;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+PictureWidget::PictureWidget(PictureBox& picture, QWidget* parent)
+    : QWidget(parent), picture_(picture), form_(picture.OwnerForm().weak_from_this()) {
+  for (const Control* control : picture.OwnerForm().Controls()) {
+    if (control->Container() == &picture) {
+      overlays_.push_back(control);
+    }
+  }
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize PictureWidget::sizeHint() const {
+  return {static_cast<int>(std::lround(picture_.DesignWidth * PixelsPerMillimetre)),
+          static_cast<int>(std::lround(picture_.DesignHeight * PixelsPerMillimetre))};
+}
+
+void PictureWidget::OperationsChanged() {
+  // A profile is thousands of operations; one of them asks for the repaint.
+  if (!update_asked_) {
+    update_asked_ = true;
+    update();
+  }
+}
+
+void PictureWidget::OverlayChanged(const Control& overlay) {
+  const QRect area = RepaintArea(overlay);
+  QRect& covered = overlay_areas_[&overlay];
+  update(covered);
+  update(area);
+  covered = area;
+}
+
+void PictureWidget::paintEvent(QPaintEvent* event) {
+  update_asked_ = false;
+  ActOn(form_, [&] {
+    BringPaperUpToDate();
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    painter.drawPixmap(0, 0, paper_);
+    PaintOverlays(painter);
+  });
+}
+
+void PictureWidget::BringPaperUpToDate() {
+  const double density = devicePixelRatioF();
+  const QSize pixels = (QSizeF(size()) * density).toSize().expandedTo({1, 1});
+  const bool fits = paper_.size() == pixels && paper_.devicePixelRatio() == density;
+  if (fits && paper_revision_ == picture_.Revision()) {
+    return;
+  }
+  if (fits && PaperOnlyLacksTheEnd()) {
+    PaintOnPaper(paper_operations_);
+  } else {
+    paper_ = QPixmap(pixels);
+    paper_.fill(Qt::white);
+    PaintOnPaper(0);
+  }
+  paper_revision_ = picture_.Revision();
+  paper_operations_ = picture_.Operations().size();
+}
+
+bool PictureWidget::PaperOnlyLacksTheEnd() const {
+  // Each new operation counts one revision and so does each clearing; the numbers agree only if there
+  // was no clearing.
+  const std::size_t count = picture_.Operations().size();
+  return count >= paper_operations_ && picture_.Revision() - paper_revision_ == count - paper_operations_;
+}
+
+void PictureWidget::PaintOnPaper(std::size_t first_operation) {
+  const double density = devicePixelRatioF();
+  const auto operations = std::span(picture_.Operations()).subspan(first_operation);
+  // In device pixels, so that lines can be laid on whole ones at fractional densities too.
+  paper_.setDevicePixelRatio(1);
+  {
+    QPainter painter(&paper_);
+    SurfacePainter(painter, picture_.Scale(), QSizeF(size()) * density, std::max(1.0, std::floor(density)))
+        .Paint(operations);
+  }
+  paper_.setDevicePixelRatio(density);
+  operations_painted_ += operations.size();
+}
+
+void PictureWidget::PaintOverlays(QPainter& painter) const {
+  painter.setBrush(Qt::NoBrush);
+  for (const Control* overlay : overlays_) {
+    if (!overlay->Visible) {
+      continue;
+    }
+    const QRectF place = PlaceOf(*overlay);
+    if (const auto* line = dynamic_cast<const LineShape*>(overlay)) {
+      painter.setPen(QPen(ToQColor(line->BorderColor), 1));
+      const SurfaceMap map(picture_.Scale(), size());
+      painter.drawLine(map.ToDevice(line->X1.Get(), line->Y1.Get()),
+                       map.ToDevice(line->X2.Get(), line->Y2.Get()));
+    } else {
+      painter.setPen(QPen(Qt::black, 1, Qt::DashLine));
+      painter.drawRect(place);
+    }
+  }
+}
+
+QRectF PictureWidget::PlaceOf(const Control& overlay) const {
+  const SurfaceMap map(picture_.Scale(), size());
+  if (const auto* line = dynamic_cast<const LineShape*>(&overlay)) {
+    return QRectF(map.ToDevice(line->X1.Get(), line->Y1.Get()), map.ToDevice(line->X2.Get(), line->Y2.Get()))
+        .normalized();
+  }
+  const auto& shape = dynamic_cast<const Shape&>(overlay);
+  const float down = map.GrowsUpward() ? -shape.Height : shape.Height.Get();
+  return QRectF(map.ToDevice(shape.Left.Get(), shape.Top.Get()),
+                map.ToDevice(shape.Left + shape.Width, shape.Top + down))
+      .normalized();
+}
+
+QRect PictureWidget::RepaintArea(const Control& overlay) const {
+  return overlay.Visible ? PlaceOf(overlay).toAlignedRect().adjusted(-2, -2, 2, 2) : QRect();
+}
+
+QPointF PictureWidget::ToPicture(QPointF position) const {
+  return SurfaceMap(picture_.Scale(), size()).ToUser(position);
+}
+
+void PictureWidget::mousePressEvent(QMouseEvent* event) {
+  if (const auto button = ButtonOf(*event)) {
+    const QPointF at = ToPicture(event->position());
+    ActOn(form_,
+          [&] { picture_.MouseDown(*button, static_cast<float>(at.x()), static_cast<float>(at.y())); });
+  }
+}
+
+void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPointF at = ToPicture(event->position());
+  ActOn(form_, [&] { picture_.MouseMove(static_cast<float>(at.x()), static_cast<float>(at.y())); });
+}
+
+void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (const auto button = ButtonOf(*event)) {
+    const QPointF at = ToPicture(event->position());
+    ActOn(form_, [&] { picture_.MouseUp(*button, static_cast<float>(at.x()), static_cast<float>(at.y())); });
+  }
+}
+
+namespace {
+
+class PictureAdapter final : public ControlWidget {
+ public:
+  PictureAdapter(PictureBox& picture, PictureWidget& widget)
+      : ControlWidget(picture, widget), picture_(picture), widget_(widget) {
+    ApplyAll({PropertyName::MousePointer});
+  }
+
+  void Apply(PropertyName name) override {
+    if (name == PropertyName::MousePointer) {
+      ApplyPointer();
+    } else {
+      ControlWidget::Apply(name);
+    }
+  }
+  void ApplyFormPointer(Pointer pointer) override {
+    form_waits_ = pointer == Pointer::Hourglass;
+    ApplyPointer();
+  }
+
+ private:
+  void ApplyPointer() {
+    widget_.setCursor(CursorShape(form_waits_ ? Pointer::Hourglass : picture_.MousePointer.Get()));
+  }
+
+  PictureBox& picture_;
+  PictureWidget& widget_;
+  bool form_waits_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> MakePicture(PictureBox& picture, QWidget& parent) {
+  return std::make_unique<PictureAdapter>(picture, *new PictureWidget(picture, &parent));
+}
+
+}  // namespace koprax

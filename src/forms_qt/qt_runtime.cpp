@@ -1,0 +1,150 @@
+#include "forms_qt/qt_runtime.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProcess>
+
+#include "forms/form.h"
+#include "forms/printer.h"
+#include "forms_qt/file_filter.h"
+#include "forms_qt/printed_page.h"
+#include "forms_qt/qt_fonts.h"
+#include "forms_qt/qt_text.h"
+
+namespace koprax {
+
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Stop:
+      return QMessageBox::Critical;
+    case MessageIcon::Question:
+      return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::Information:
+      return QMessageBox::Information;
+    case MessageIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+QtRuntime::QtRuntime(Platform& platform) : platform_(platform) {}
+QtRuntime::~QtRuntime() = default;
+
+MessageAnswer QtRuntime::MsgBox(const Message& message) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setIcon(IconOf(message.Icon));
+  box.setWindowTitle(ToQt(message.Title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(message.Text));
+  if (message.Buttons == MessageButtons::Ok) {
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return MessageAnswer::Ok;
+  }
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+std::string QtRuntime::InputBox(const InputRequest& request) {
+  bool accepted = false;
+  const QString text =
+      QInputDialog::getText(QApplication::activeWindow(), ToQt(request.Title), ToQt(request.Prompt),
+                            QLineEdit::Normal, ToQt(request.Default), &accepted);
+  return accepted ? text.toStdString() : std::string();
+}
+
+std::optional<std::string> QtRuntime::FileDialog(const FileDialogRequest& request) {
+  const bool saves = request.Type == FileDialogRequest::Kind::Save;
+  ::QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  // The program asks before it overwrites, in its own words.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  const QStringList filters = NameFilters(request.Filter);
+  if (!filters.isEmpty()) {
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(filters.value(request.FilterIndex - 1, filters.front()));
+  }
+  if (!folder_.isEmpty()) {
+    dialog.setDirectory(folder_);
+  }
+  if (!request.Name.empty()) {
+    dialog.selectFile(ToQt(request.Name));
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    return std::nullopt;
+  }
+  const QString chosen = dialog.selectedFiles().front();
+  folder_ = QFileInfo(chosen).absolutePath();
+  return chosen.toStdString();
+}
+
+bool QtRuntime::PrinterDialog(Printer& printer) {
+  if (!paper_) {
+    paper_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  }
+  QPrintDialog dialog(paper_.get(), QApplication::activeWindow());
+  if (dialog.exec() != QDialog::Accepted) {
+    return false;
+  }
+  const QSizeF page = paper_->pageLayout().pageSize().size(QPageSize::Millimeter);
+  printer.BeginDocument(page.width(), page.height(), PrintableFonts());
+  return true;
+}
+
+std::optional<std::string> QtRuntime::PrintDocument(Printer& printer) {
+  if (!paper_) {
+    return "no printer has been chosen";
+  }
+  // The page numbers and copies of the dialog are not used: a document is one page, printed once.
+  paper_->setCopyCount(1);
+  paper_->setPrintRange(QPrinter::AllPages);
+  paper_->setPageLayout(PageOf(printer));
+  paper_->setFullPage(true);
+  if (!PaintPage(printer, *paper_, paper_->resolution())) {
+    return "the printer does not take the document";
+  }
+  return std::nullopt;
+}
+
+void QtRuntime::RunModal(Form& form) {
+  QEventLoop loop;
+  while (form.Visible()) {
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+  }
+}
+
+void QtRuntime::Quit() {
+  // Not quit(), which asks the windows first: each of them leaves closing to its form.
+  QCoreApplication::exit();
+}
+
+std::string QtRuntime::GetSetting(std::string_view application, std::string_view section,
+                                  std::string_view key, std::string_view absent) {
+  return platform_.GetSetting(application, section, key, absent);
+}
+
+void QtRuntime::SaveSetting(std::string_view application, std::string_view section, std::string_view key,
+                            std::string_view value) {
+  platform_.SaveSetting(application, section, key, value);
+}
+
+void QtRuntime::Shell(const std::string& command) {
+  QProcess::startDetached(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QString::fromStdString(command)});
+}
+
+}  // namespace koprax

@@ -1,0 +1,40 @@
+// The runtime of the desktop program: a person answers its boxes and dialogs.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "forms/platform.h"
+#include "forms/runtime.h"
+
+class QPrinter;
+
+namespace koprax {
+
+class QtRuntime final : public Runtime {
+ public:
+  /// The platform keeps the settings and outlives the runtime.
+  explicit QtRuntime(Platform& platform);
+  ~QtRuntime() override;
+
+  MessageAnswer MsgBox(const Message& message) override;
+  std::string InputBox(const InputRequest& request) override;
+  std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
+  bool PrinterDialog(Printer& printer) override;
+  std::optional<std::string> PrintDocument(Printer& printer) override;
+  void RunModal(Form& form) override;
+  void Quit() override;
+
+  [[nodiscard]] std::string GetSetting(std::string_view application, std::string_view section,
+                                       std::string_view key, std::string_view absent) override;
+  void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
+                   std::string_view value) override;
+  void Shell(const std::string& command) override;
+
+ private:
+  Platform& platform_;
+  std::unique_ptr<QPrinter> paper_;  // made when something is printed first
+  QString folder_;                   // of the last file that was chosen
+};
+
+}  // namespace koprax

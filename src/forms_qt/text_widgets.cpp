@@ -1,0 +1,215 @@
+// Text boxes of one and of many lines, and combo boxes.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "forms_qt/control_widget.h"
+#include "forms_qt/greek_letters.h"
+#include "forms_qt/qt_fonts.h"
+#include "forms_qt/qt_text.h"
+
+namespace koprax {
+
+namespace {
+
+// A box may be pressed down to this width when its window is short of room.
+constexpr int LeastColumns = 8;
+
+int TextWidth(const QWidget& widget, int columns) {
+  return columns * widget.fontMetrics().horizontalAdvance(QLatin1Char('0'));
+}
+
+/// A line as wide as the characters that it is meant for.
+class LineEdit final : public QLineEdit {
+ public:
+  LineEdit(QWidget& parent, int columns) : QLineEdit(&parent), columns_(columns) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  }
+  [[nodiscard]] QSize sizeHint() const override { return HintFor(columns_); }
+  [[nodiscard]] QSize minimumSizeHint() const override { return HintFor(std::min(columns_, LeastColumns)); }
+
+ private:
+  [[nodiscard]] QSize HintFor(int columns) const {
+    const int margins = QLineEdit::minimumSizeHint().width() - fontMetrics().maxWidth();
+    return {TextWidth(*this, columns) + std::max(margins, 8), QLineEdit::sizeHint().height()};
+  }
+  int columns_;
+};
+
+class TextEdit final : public QPlainTextEdit {
+ public:
+  TextEdit(QWidget& parent, int columns, int rows) : QPlainTextEdit(&parent), columns_(columns), rows_(rows) {
+    setTabChangesFocus(true);
+  }
+  [[nodiscard]] QSize sizeHint() const override { return HintFor(columns_, rows_); }
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    return HintFor(std::min(columns_, LeastColumns), std::min(rows_, 2));
+  }
+
+ private:
+  [[nodiscard]] QSize HintFor(int columns, int rows) const {
+    const int edge = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return {TextWidth(*this, columns) + edge + bar, rows * fontMetrics().lineSpacing() + edge};
+  }
+  int columns_;
+  int rows_;
+};
+
+/// What boxes of one and of many lines have in common.
+class TextBoxWidget : public ControlWidget {
+ public:
+  TextBoxWidget(TextBox& box, QWidget& widget)
+      : ControlWidget(box, widget), box_(box), widget_(widget), form_(box.OwnerForm().weak_from_this()) {}
+
+  void Apply(PropertyName name) override {
+    if (name == PropertyName::Text) {
+      ApplyText(IsSymbolFont(box_.Font.Get()) ? ToGreek(ToQt(box_.Text.Get())) : ToQt(box_.Text.Get()));
+    } else if (name == PropertyName::Font) {
+      widget_.setFont(FontNamed(box_.Font));
+      Apply(PropertyName::Text);
+    } else if (name == PropertyName::Locked) {
+      ApplyLocked(box_.Locked);
+    } else {
+      ControlWidget::Apply(name);
+    }
+  }
+  void ApplyFormPointer(Pointer pointer) override {
+    widget_.setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
+  }
+
+ protected:
+  virtual void ApplyText(const QString& text) = 0;
+  virtual void ApplyLocked(bool locked) = 0;
+  void Typed(const QString& text) {
+    ActOn(form_, [&] {
+      TextBox& box = box_;  // this widget may go with its form
+      box.Type(FromQt(IsSymbolFont(box.Font.Get()) ? FromGreek(text) : text));
+    });
+  }
+  [[nodiscard]] TextBox& Box() const { return box_; }
+
+ private:
+  TextBox& box_;
+  QWidget& widget_;
+  std::weak_ptr<Form> form_;
+};
+
+class SingleLine final : public TextBoxWidget {
+ public:
+  SingleLine(TextBox& box, LineEdit& edit) : TextBoxWidget(box, edit), edit_(edit) {
+    ApplyAll({PropertyName::Font, PropertyName::Locked});
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this](const QString& text) { Typed(text); });
+  }
+
+ protected:
+  void ApplyText(const QString& text) override {
+    if (edit_.text() != text) {
+      edit_.setText(text);
+      edit_.setCursorPosition(0);
+    }
+  }
+  void ApplyLocked(bool locked) override {
+    edit_.setReadOnly(locked);
+    edit_.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
+  }
+
+ private:
+  LineEdit& edit_;
+};
+
+class ManyLines final : public TextBoxWidget {
+ public:
+  ManyLines(TextBox& box, TextEdit& edit) : TextBoxWidget(box, edit), edit_(edit) {
+    ApplyAll({PropertyName::Font, PropertyName::Locked});
+    QObject::connect(&edit, &QPlainTextEdit::textChanged, &edit, [this] { Typed(edit_.toPlainText()); });
+  }
+
+  void Apply(PropertyName name) override {
+    TextBoxWidget::Apply(name);
+    if (name == PropertyName::Font) {
+      // Tables keep their lines whole, prose is wrapped.
+      const bool table = edit_.font().styleHint() == QFont::TypeWriter;
+      edit_.setLineWrapMode(table ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+    }
+  }
+  void ApplyFormPointer(Pointer pointer) override {
+    edit_.viewport()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
+  }
+
+ protected:
+  void ApplyText(const QString& text) override {
+    if (edit_.toPlainText() != text) {
+      const QSignalBlocker quiet(edit_);
+      edit_.setPlainText(text);
+    }
+  }
+  void ApplyLocked(bool locked) override { edit_.setReadOnly(locked); }
+
+ private:
+  TextEdit& edit_;
+};
+
+class ComboWidget final : public ControlWidget {
+ public:
+  ComboWidget(ComboBox& box, QComboBox& widget) : ControlWidget(box, widget), box_(box), widget_(widget) {
+    widget.setEditable(true);
+    widget.setInsertPolicy(QComboBox::NoInsert);
+    widget.setCompleter(nullptr);
+    widget.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    ApplyAll({PropertyName::Items, PropertyName::Text});
+    QObject::connect(&widget, &QComboBox::editTextChanged, &widget,
+                     [&box, form = box.OwnerForm().weak_from_this()](const QString& text) {
+                       ActOn(form, [&] { box.Type(FromQt(text)); });
+                     });
+  }
+
+  void Apply(PropertyName name) override {
+    if (name == PropertyName::Items) {
+      ApplyItems();
+    } else if (name == PropertyName::Text) {
+      ApplyText();
+    } else {
+      ControlWidget::Apply(name);
+    }
+  }
+
+ private:
+  void ApplyItems() {
+    const QSignalBlocker quiet(widget_);
+    widget_.clear();
+    for (const std::string& item : box_.Items.Get()) {
+      widget_.addItem(ToQt(item));
+    }
+    widget_.setCurrentIndex(-1);
+    ApplyText();
+  }
+  void ApplyText() {
+    const QString text = ToQt(box_.Text.Get());
+    if (widget_.currentText() != text) {
+      const QSignalBlocker quiet(widget_);
+      widget_.setEditText(text);
+      widget_.lineEdit()->setCursorPosition(0);
+    }
+  }
+
+  ComboBox& box_;
+  QComboBox& widget_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> MakeTextBox(TextBox& box, QWidget& parent) {
+  if (box.MultiLine) {
+    return std::make_unique<ManyLines>(box, *new TextEdit(parent, box.Columns, box.Rows));
+  }
+  return std::make_unique<SingleLine>(box, *new LineEdit(parent, box.Columns));
+}
+
+std::unique_ptr<ControlWidget> MakeComboBox(ComboBox& box, QWidget& parent) {
+  return std::make_unique<ComboWidget>(box, *new QComboBox(&parent));
+}
+
+}  // namespace koprax
