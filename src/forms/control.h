@@ -98,7 +98,7 @@ class CaptionedControl : public Control {
   Property<std::string> Caption{*this, PropertyName::Caption, ""};
 };
 
-class Button final : public CaptionedControl {
+class Button : public CaptionedControl {
  public:
   Button(Form& form, std::string name, const CaptionSetup& setup, std::optional<int> index = {})
       : CaptionedControl(form, ControlKind::Button, std::move(name), setup, index) {}

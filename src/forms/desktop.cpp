@@ -96,9 +96,6 @@ void Desktop::Show(Form& form) {
   form.visible_ = true;
   MoveToFront(form);
   Tell([&](DesktopObserver& observer) { observer.FormShown(form, false); });
-  if (OnFronted) {
-    OnFronted(form);
-  }
 }
 
 void Desktop::ShowModal(Form& form) {
@@ -142,14 +139,11 @@ void Desktop::BringToFront(Form& form) {
   if (!form.visible_) {
     return;
   }
-  const auto shown = ShownForms();
-  if (shown.front().get() != &form) {
-    MoveToFront(form);
-    Tell([&](DesktopObserver& observer) { observer.FormFronted(form); });
+  if (ShownForms().front().get() == &form) {
+    return;
   }
-  if (OnFronted) {
-    OnFronted(form);
-  }
+  MoveToFront(form);
+  Tell([&](DesktopObserver& observer) { observer.FormFronted(form); });
 }
 
 void Desktop::Refresh(Control& control) {

@@ -86,9 +86,6 @@ class Desktop {
   void Quit();
   [[nodiscard]] bool HasQuit() const { return quit_; }
 
-  /// Called whenever a form has come to the front, so that another can be laid above it.
-  std::function<void(Form&)> OnFronted;
-
   void FormChanged(Form& form, PropertyName name);
   void ControlChanged(Control& control, PropertyName name);
   void PictureDrawn(PictureBox& picture);

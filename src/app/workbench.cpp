@@ -1,0 +1,102 @@
+#include "app/workbench.h"
+
+#include "display/display_window.h"
+#include "files/format_window.h"
+#include "files/load_pipeline.h"
+#include "files/preview_window.h"
+#include "files/title_window.h"
+#include "workspace/buffer_commands.h"
+#include "workspace/buffer_picker.h"
+#include "workspace/file_dialog_window.h"
+#include "workspace/help_window.h"
+#include "workspace/main_menu.h"
+
+namespace koprax {
+
+/// Answers what the windows ask of the whole.
+class Workbench::Windows final : public MainServices, public FileServices, public DisplayServices {
+ public:
+  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this} {}
+
+  void Start() {
+    file_dialog_ = context_.Desk.Load<Form9>(context_.Desk, context_.Data);
+    main_menu_ = context_.Desk.Load<Form1>(context_);
+    main_menu_->Show();
+  }
+
+  void ShowMainMenu() override { main_menu_->Show(); }
+  void BringMainMenuToFront() override { main_menu_->BringToFront(); }
+
+  void ShowHelp(HelpTopic topic) override {
+    auto help = std::dynamic_pointer_cast<Form5>(context_.Desk.Find("Form5"));
+    if (!help) {
+      help = context_.Desk.Load<Form5>(context_);
+    }
+    help->ShowTopic(topic);
+  }
+
+  void OpenProfilePicker() override {
+    context_.Desk
+        .Load<BufferPicker>(
+            context_, pickers::Profile,
+            PickerActions{.Chosen = [this](Form& picker,
+                                           const std::vector<int>&) { OpenChosenProfile(context_, picker); }})
+        ->Show();
+  }
+
+  std::optional<std::string> AskForFile(const FileDialogRequest& request) override {
+    return file_dialog_->Ask(request);
+  }
+
+  void StartLoad() override { StartLoadSequence(context_); }
+
+  bool ShowBuffer(int slot, bool for_display) override {
+    return koprax::ShowBuffer(context_, slot, for_display);
+  }
+
+  bool OpenDisplayWindow(int slot) override {
+    const auto window = context_.Desk.Load<Form6>(context_);
+    window->Show();
+    return window->ShowProfile(slot);
+  }
+
+ private:
+  WindowContext context_;
+  std::shared_ptr<Form9> file_dialog_;
+  std::shared_ptr<Form1> main_menu_;
+};
+
+Workbench::Workbench(Runtime& runtime) : desk_(runtime), windows_(std::make_unique<Windows>(desk_, data_)) {}
+
+Workbench::~Workbench() = default;
+
+void Workbench::Start() { windows_->Start(); }
+
+Desktop& Workbench::Desk() { return desk_; }
+
+Workspace& Workbench::Data() { return data_; }
+
+const std::vector<std::string>& Workbench::FormNames() {
+  static const std::vector<std::string> names{
+      "Form1",
+      title_windows::SavedProfile.Name,
+      "Form4",
+      "Form5",
+      "Form6",
+      "Form7",
+      "Form9",
+      pickers::Profile.Name,
+      pickers::Display.Name,
+      title_windows::ComputedProfile.Name,
+      pickers::Calibration.Name,
+      pickers::Erase.Name,
+      pickers::SmoothedResult.Name,
+      pickers::FitBackground.Name,
+      pickers::Cell.Name,
+      pickers::ComputedProfile.Name,
+      pickers::SeveralSaved.Name,
+  };
+  return names;
+}
+
+}  // namespace koprax

@@ -1,0 +1,228 @@
+// The window as a whole: its making, the plot, the wavelength prompt, the way back into the buffer. What
+// the mouse does stands in display_window_mouse.cpp.
+#include "display/display_window.h"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+#include "display/plot_axes.h"
+#include "display/profile_plot.h"
+#include "files/title_window.h"
+#include "files/tokeniser.h"
+#include "forms/desktop.h"
+#include "forms/fixed_text.h"
+#include "forms/number_text.h"
+#include "workspace/temporary_copy.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr double LeastChannelStep = 0.97;  // a step above this is one of channels, not of degrees
+
+}  // namespace
+
+Form6::Form6(const WindowContext& context)
+    : Form(context.Desk, "Form6", "Display and Work"), context_(context) {
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+LayoutNode Form6::CommandsLayout() {
+  return Grid(4, {Stretched(cmdZoom), cmdZoomGuide, Stretched(cmdUnzoom), Command4,  //
+                  cmdEdit, Command2, cmdMod, Command3,                               //
+                  cmdManExpl, Command7, cmdSave, Command5,                           //
+                  cmdPrint, Command13, Command17, Command18,                         //
+                  cmdMain, Command6});
+}
+
+LayoutNode Form6::ExplorerLayout() {
+  return Framed(Frame4, Column({Stretched(Text17),
+                                Grid(4, {Stretched(cmdErsLaIt), Command14, Stretched(cmdClearPeaks), Command1,
+                                         cmdSavePeaks, Command11, cmdExiManExp, Command12})}));
+}
+
+LayoutNode Form6::EditLayout() {
+  return Framed(Frame1, Column({Stretched(Text8), Grid(4, {Stretched(cmdEditOK), Command9,             //
+                                                           Stretched(Command15), Command16,            //
+                                                           cmdAccept, Command8, cmdEditNO, Command10,  //
+                                                           cmdQuitEdit})}));
+}
+
+void Form6::ArrangeControls() {
+  SetLayout(Row({
+                Stretched(Column({
+                    Row({Stretched(Text1), Text2}),
+                    Text5,
+                    Stretched(Picture1),
+                    Row({Stretched(Text6), Stretched(Text7), Stretched(Text9), Stretched(Text16)}),
+                    Row({Text3, Text4, Space(), KeepingRoom(optOK), KeepingRoom(optNO)}),
+                })),
+                Column({
+                    CommandsLayout(),
+                    Stack({Framed(Frame2, Grid(3, {Text11, Text12, Text13, Text10, Text14, Text15})),
+                           Framed(Frame3, Column({Label1, Combo1, Row({Space(), cmdComboOK})}))}),
+                    Stretched(Stack({EditLayout(), ExplorerLayout()})),
+                }),
+            }),
+            true);
+}
+
+void Form6::ConnectHandlers() {
+  cmdZoom.OnClick = [this] { StartSelection(DisplayMode::ZoomSelection); };
+  cmdUnzoom.OnClick = [this] { UndoZoom(); };
+  cmdEdit.OnClick = [this] { StartSelection(DisplayMode::EditSelection); };
+  cmdSave.OnClick = [this] { SaveProfile(); };
+  cmdMain.OnClick = [this] { ReturnToMainMenu(); };
+  cmdManExpl.OnClick = [this] { StartOrResumeExplorer(); };
+  cmdExiManExp.OnClick = [this] { QuitExplorer(); };
+  cmdQuitEdit.OnClick = [this] { QuitEdit(); };
+  cmdComboOK.OnClick = [this] { AcceptWavelength(); };
+  optOK.OnClick = [this] { AcceptSelection(); };
+  optNO.OnClick = [this] { CancelSelection(); };
+  Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
+  Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
+  Picture1.OnMouseUp = [this](MouseButton button, float x, float y) { MouseReleased(button, x, y); };
+}
+
+void Form6::OnLoad() {
+  context_.Data.ZoomMode = context_.Data.ExplorerMode = false;
+  for (Control* hidden :
+       {static_cast<Control*>(&Line1), static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
+        static_cast<Control*>(&Frame3), static_cast<Control*>(&Frame4), static_cast<Control*>(&optOK),
+        static_cast<Control*>(&optNO), static_cast<Control*>(&Shape1)}) {
+    hidden->Visible = false;
+  }
+  cmdUnzoom.Enabled = false;
+  if (context_.Data.NumSelected > 1) {
+    cmdEdit.Enabled = cmdSave.Enabled = false;
+  }
+  if (Buffer().Wavelength != 0) {
+    ShowWavelength();
+  } else {
+    EnterPrompt();
+  }
+}
+
+void Form6::OnCloseBox() {
+  if (cmdMain.Enabled) {
+    ReturnToMainMenu();
+  }
+}
+
+void Form6::EnterMode(DisplayMode mode) {
+  EnterDisplayMode(
+      mode, {&cmdEdit, &cmdZoom, &cmdUnzoom, &cmdMod, &cmdSave, &cmdManExpl, &cmdMain, &cmdPrint, &Command17},
+      {.SingleProfile = context_.Data.NumSelected == 1, .Zoomed = IsZoomed(Buffer())});
+}
+
+bool Form6::ShowProfile(int slot) {
+  const PlotOutcome outcome = DrawProfile(context_.Data, slot, Picture1);
+  state_.Drawn = outcome != PlotOutcome::NoXRange && context_.Data.Plot.ScaleY != 0;
+  if (outcome == PlotOutcome::NoXRange) {
+    return false;
+  }
+  if (outcome == PlotOutcome::NoYSpan) {
+    Desk().Host().MsgBox(NoYSpan());
+  }
+  PrintAxisLabels(slot);
+  FillBoxes(slot);
+  if (context_.Data.Buffer(slot).Wavelength == 0) {
+    EnterPrompt();
+  }
+  return true;
+}
+
+void Form6::RedrawProfile() {
+  Picture1.Cls();
+  ShowProfile(context_.Data.CurBuf);
+}
+
+void Form6::PrintAxisLabels(int slot) {
+  const ProfileBuffer& buffer = context_.Data.Buffer(slot);
+  Picture1.MoveTo(103, 10);
+  if (buffer.WorkX[2] - buffer.WorkX[1] > LeastChannelStep) {
+    Picture1.Print("Channel");
+  } else {
+    Picture1.FontName = SymbolFont;
+    Picture1.FontSize = 10;
+    Picture1.Print("2q");
+    Picture1.FontName = DefaultFont;
+    Picture1.FontSize = 8;
+  }
+  Picture1.MoveTo(6, 94);
+  Picture1.Print("Intensity\r\n        (counts)");
+}
+
+void Form6::FillBoxes(int slot) {
+  const ProfileTexts texts = TextsOf(context_.Data, slot);
+  Text6.Text = texts.XMin;
+  Text7.Text = texts.XMax;
+  Text9.Text = texts.Step;
+  Text1.Text = texts.File;
+  Text2.Text = texts.Buffer;
+  Text5.Text = texts.Title;
+}
+
+void Form6::ShowWavelength() { Text16.Text = "l = " + GeneralText(Buffer().Wavelength); }
+
+void Form6::EnterPrompt() {
+  Frame3.Visible = true;
+  EnterMode(DisplayMode::Prompt);
+  Shape1.Visible = false;
+  ResetCursorLine();
+  optOK.Value = false;
+  optNO.Value = false;
+  Frame1.Visible = false;
+}
+
+void Form6::AcceptWavelength() {
+  std::int16_t n_text = 0;
+  std::int16_t n_num = 0;
+  TokenisedWords& words = context_.Data.Words;
+  TokeniseLine(words, Combo1.Text.Get(), n_text, n_num,
+               [this](const Message& message) { Desk().Host().MsgBox(message); });
+  if (!std::isfinite(words.WordVal[1])) {
+    Desk().Host().MsgBox({.Text = "The wave length " + Combo1.Text.Get() +
+                                  " is out of range.\r\nGive a number in angstrom, such as 1.54184.",
+                          .Title = "Error",
+                          .Icon = MessageIcon::Stop});
+    return;
+  }
+  Buffer().Wavelength = words.WordVal[1];
+  ShowWavelength();
+  if (context_.Data.ExplorerMode) {
+    Frame3.Visible = false;
+    Line1.Visible = Frame2.Visible = true;
+    Picture1.MousePointer = Pointer::Cross;
+  }
+  Frame3.Visible = Shape1.Visible = false;
+  EnterMode(DisplayMode::PlainAfterPrompt);
+}
+
+void Form6::SaveProfile() {
+  EnterMode(DisplayMode::Saved);
+  CommitTemporaryCopy(Buffer());
+  Buffer().Title = FixedField(RightTrimmed(Buffer().Title) + " Modified by KOPRAX", TitleWidth);
+  Desk()
+      .Load<TitleWindow>(context_, title_windows::SavedProfile,
+                         WhileLoaded(std::function<void()>([this] { ShowNewTitle(); })))
+      ->Show();
+}
+
+void Form6::ShowNewTitle() {
+  BringToFront();
+  Text5.Text = Buffer().Title;
+  Text1.Text = "Modified file";
+}
+
+void Form6::ReturnToMainMenu() {
+  Picture1.Cls();
+  Unload();
+  context_.Data.NumSelected = 0;
+  context_.Main.ShowMainMenu();
+}
+
+}  // namespace koprax

@@ -1,0 +1,183 @@
+// Form6, "Display and Work": one profile is looked at and worked on. Everything here changes the
+// temporary copy of CurBuf; only cmdSave writes it back to the permanent copy.
+#pragma once
+
+#include <string>
+
+#include "display/display_modes.h"
+#include "display/plot_transform.h"
+#include "forms/form.h"
+#include "workspace/help_button.h"
+#include "workspace/services.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+class Form6 final : public Form {
+ public:
+  explicit Form6(const WindowContext& context);
+
+  /// Draws the temporary copy of the slot and fills the boxes; false when there is no range of X to draw.
+  bool ShowProfile(int slot);
+
+ private:
+  void OnLoad() override;
+  void OnCloseBox() override;
+
+  void ArrangeControls();
+  [[nodiscard]] LayoutNode CommandsLayout();
+  [[nodiscard]] LayoutNode ExplorerLayout();
+  [[nodiscard]] LayoutNode EditLayout();
+  void ConnectHandlers();
+
+  void EnterMode(DisplayMode mode);
+  void RedrawProfile();
+  void PrintAxisLabels(int slot);
+  void FillBoxes(int slot);
+  void ShowWavelength();
+  void EnterPrompt();
+  void AcceptWavelength();
+  void SaveProfile();
+  void ShowNewTitle();
+  void ReturnToMainMenu();
+
+  // The selection with the rubber band, for zoom and edit.
+  [[nodiscard]] bool Selecting() const { return context_.Data.ZoomMode || state_.EditMode; }
+  void StartSelection(DisplayMode mode);
+  void PressInSelection(float x, float y);
+  void ReleaseInSelection(float x);
+  void ShowSelectedRange();
+  void AcceptSelection();
+  void AcceptZoom();
+  void AcceptEditRange();
+  void CancelSelection();
+  void HideSelection();
+  void UndoZoom();
+  void QuitEdit();
+
+  // The mouse over the picture.
+  void MousePressed(MouseButton button, float x, float y);
+  void MouseMoved(float x, float y);
+  void MouseReleased(MouseButton button, float x, float y);
+  void ShowReadOut(float x, float y);
+
+  // Manual Explorer.
+  void StartOrResumeExplorer();
+  void PauseExplorer();
+  void QuitExplorer();
+  void FollowExplorer(float picture_x, float x);
+  void ResetCursorLine();
+  void EnableListCommands(bool enabled);
+
+  [[nodiscard]] ProfileBuffer& Buffer() const { return context_.Data.Current(); }
+
+  /// What stands as long as the window is loaded.
+  struct State {
+    bool Drawn = false;       ///< there is a plot whose transform the mouse can read
+    bool DragActive = false;  ///< the rubber band follows the mouse
+    bool EditMode = false;    ///< an edit selection is under way
+    bool IgnoreUp = false;    ///< the press fell outside the plot: the next release is swallowed
+    float SelXLow = 0;
+    float SelXHigh = 0;
+    float SelYTop = 0;
+    float SelYBottom = 0;
+    float SavedYMax = 0;  ///< what stood before the selection began to change it
+    std::string SavedText6;
+    std::string SavedText7;
+    bool SavedUnzoomEnabled = false;
+    bool SavedExplEnabled = false;
+    std::string PickTheta;  ///< the values at the cursor of the explorer
+    std::string PickD;
+    std::string PickChannel;
+  };
+
+  WindowContext context_;
+  State state_;
+
+  PictureBox Picture1{*this, "Picture1", PlotPicture()};
+  Shape Shape1{Picture1, "Shape1", 3, 3, 2.38F, 2.38F};
+  LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
+
+  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 40}};
+  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 9}};
+  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 60}};
+  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 14}};
+  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 14}};
+  TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 12}};
+  TextBox Text16{*this, "Text16", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 11}};
+  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 22}};
+
+  Button cmdZoom{*this, "cmdZoom", {.Caption = "Zoom", .ToolTip = "Enlarge a selected part of the profile"}};
+  Button cmdUnzoom{*this, "cmdUnzoom", {.Caption = "Undo-Zoom"}};
+  Button cmdEdit{*this, "cmdEdit", {.Caption = "Edit", .ToolTip = "Start Edit session"}};
+  Button cmdMod{*this,
+                "cmdMod",
+                {.Caption = "Arithmetic", .ToolTip = "Perform arithmetical operations on the profile"}};
+  Button cmdSave{*this, "cmdSave", {.Caption = "Save", .ToolTip = "Save profile on main buffer"}};
+  Button cmdMain{*this, "cmdMain", {.Caption = "Main Menu", .ToolTip = "Return to Main Menu"}};
+  Button cmdManExpl{*this, "cmdManExpl", {.Caption = "Man. Expl.", .ToolTip = "Manual Explorer"}};
+  Button cmdPrint{*this, "cmdPrint", {.Caption = "Print profile", .ToolTip = "Print profile displayed"}};
+  Button Command17{*this, "Command17", {.Caption = "Bitmap", .ToolTip = "Save image as a bitmap file"}};
+  OptionButton optOK{*this, "optOK", {.Caption = "OK"}};
+  OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
+
+  Frame Frame1{*this, "Frame1", {.Caption = "Edit Commands"}};
+  TextBox Text8{*this, "Text8", {.Font = "Courier", .MultiLine = true, .Columns = 22, .Rows = 6}};
+  Button cmdEditOK{*this, "cmdEditOK", {.Caption = "Show changes", .ToolTip = "Show the modified profile"}};
+  Button cmdEditNO{*this, "cmdEditNO", {.Caption = "Cancel", .ToolTip = "Reject changes"}};
+  Button cmdAccept{*this, "cmdAccept", {.Caption = "Accept", .ToolTip = "Accept changes"}};
+  Button Command15{*this, "Command15", {.Caption = "Change all"}};
+  Button cmdQuitEdit{*this, "cmdQuitEdit", {.Caption = "Quit Edit", .ToolTip = "Leave Edit mode"}};
+
+  Frame Frame2{*this, "Frame2", {}};
+  TextBox Text11{*this, "Text11", {.Text = "X", .Locked = true, .Columns = 9}};
+  TextBox Text12{*this, "Text12", {.Text = "2-theta  (deg)", .Locked = true, .Columns = 12}};
+  TextBox Text13{*this, "Text13", {.Text = "d  (angstrom)", .Locked = true, .Columns = 12}};
+  TextBox Text10{*this, "Text10", {.Locked = true, .Columns = 9}};
+  TextBox Text14{*this, "Text14", {.Locked = true, .Columns = 12}};
+  TextBox Text15{*this, "Text15", {.Locked = true, .Columns = 12}};
+
+  Frame Frame3{*this, "Frame3", {}};
+  Label Label1{*this,
+               "Label1",
+               {.Caption = "Give the value of the wave length   used for this experiment.             Choose "
+                           "among the given options or type your own value."}};
+  ComboBox Combo1{
+      *this,
+      "Combo1",
+      {.Text = "1.54184   (Cu   K-a1+ K-a2)",
+       .Items = {"1.54184   (Cu  K-a1+ K-a2)", "1.54056   (Cu  K-a1)", "0.71073   (Mo  K-a1 + K-a2)",
+                 "0.70930   (Mo  K-a1)", "1.79026   (Co   K-a1 + K-a2)", "1.78896   (Co   K-a1)",
+                 "0.56087   (Ag   K-a1 + K-a2)", "0.55941   (Ag   K-a1)", "1.65919   (Ni    K-a1  + K-a2) ",
+                 "1.65791   (Ni    K-a1)"}}};
+  Button cmdComboOK{*this, "cmdComboOK", {.Caption = "OK"}};
+
+  Frame Frame4{*this, "Frame4", {.Caption = "Selected Peaks (use right button of the mouse)"}};
+  TextBox Text17{
+      *this, "Text17", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 31, .Rows = 6}};
+  Button cmdErsLaIt{*this, "cmdErsLaIt", {.Caption = "Erase", .ToolTip = "Erase last item in the list"}};
+  Button cmdClearPeaks{*this, "cmdClearPeaks", {.Caption = "Clear list", .ToolTip = "Erase the whole list"}};
+  Button cmdSavePeaks{*this, "cmdSavePeaks", {.Caption = "Save list", .ToolTip = "Save list on disk"}};
+  Button cmdExiManExp{*this, "cmdExiManExp", {.Caption = "Quit Man. Expl."}};
+
+  HelpButton cmdZoomGuide{*this, "cmdZoomGuide", context_.Main, HelpTopic::HelpZoom};
+  HelpButton Command1{*this, "Command1", context_.Main, HelpTopic::HelpClearList};
+  HelpButton Command2{*this, "Command2", context_.Main, HelpTopic::HelpEdit};
+  HelpButton Command3{*this, "Command3", context_.Main, HelpTopic::HelpArithmetic};
+  HelpButton Command4{*this, "Command4", context_.Main, HelpTopic::HelpUndoZoom};
+  HelpButton Command5{*this, "Command5", context_.Main, HelpTopic::HelpSave};
+  HelpButton Command6{*this, "Command6", context_.Main, HelpTopic::HelpMainMenu};
+  HelpButton Command7{*this, "Command7", context_.Main, HelpTopic::HelpExplorer};
+  HelpButton Command8{*this, "Command8", context_.Main, HelpTopic::HelpAccept};
+  HelpButton Command9{*this, "Command9", context_.Main, HelpTopic::HelpShowChanges};
+  HelpButton Command10{*this, "Command10", context_.Main, HelpTopic::HelpCancel};
+  HelpButton Command11{*this, "Command11", context_.Main, HelpTopic::HelpSaveList};
+  HelpButton Command12{*this, "Command12", context_.Main, HelpTopic::HelpQuitExplorer};
+  HelpButton Command13{*this, "Command13", context_.Main, HelpTopic::HelpPrint};
+  HelpButton Command14{*this, "Command14", context_.Main, HelpTopic::HelpEraseLast};
+  HelpButton Command16{*this, "Command16", context_.Main, HelpTopic::HelpChangeAll};
+  HelpButton Command18{*this, "Command18", context_.Main, HelpTopic::HelpBitmap};
+};
+
+}  // namespace koprax

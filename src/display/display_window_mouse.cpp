@@ -1,0 +1,271 @@
+// What the mouse does over the picture of the Display and Work window: the read-out, the selection for
+// zoom and edit, the cursor of Manual Explorer.
+#include "display/display_window.h"
+#include "display/rubber_band.h"
+#include "display/zoom.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/bragg.h"
+#include "workspace/temporary_copy.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr float BandSize = 2.38F;      // of the resting rubber band, in units of the picture
+constexpr float AcceptedBandSize = 2;  // after a selection has been accepted
+constexpr float RestingBandEdge = 3;   // left and top of the band as a selection starts
+constexpr double ChannelStep = 0.98;   // the explorer takes a larger step for one of channels
+constexpr const char* ResumeCaption = "Resume";
+constexpr const char* ExplorerCaption = "Manual Explorer";
+
+}  // namespace
+
+// The selection with the rubber band.
+
+void Form6::StartSelection(DisplayMode mode) {
+  if (!Selecting()) {
+    state_.SavedYMax = Buffer().WorkYMax;
+    state_.SavedText6 = Text6.Text;
+    state_.SavedText7 = Text7.Text;
+    state_.DragActive = state_.IgnoreUp = false;
+  }
+  context_.Data.ZoomMode = mode == DisplayMode::ZoomSelection;
+  state_.EditMode = mode == DisplayMode::EditSelection;
+  if (state_.EditMode) {
+    state_.SavedExplEnabled = cmdManExpl.Enabled;
+    state_.SavedUnzoomEnabled = cmdUnzoom.Enabled;
+  } else {
+    Frame1.Visible = false;
+  }
+  EnterMode(mode);
+  Shape1.Visible = true;
+  Shape1.Top = RestingBandEdge;
+  Shape1.Left = RestingBandEdge;
+  optNO.Value = false;
+  optOK.Value = false;
+  Picture1.MousePointer = Pointer::Cross;
+}
+
+void Form6::PressInSelection(float x, float y) {
+  state_.DragActive = true;
+  optOK.Visible = optNO.Visible = false;
+  Picture1.MousePointer = Pointer::Cross;
+  Picture1.MoveTo(x, y);
+  if (!state_.Drawn || !StartRubberBand(context_.Data.Plot, Shape1, x, y)) {
+    state_.IgnoreUp = true;
+  }
+}
+
+void Form6::ReleaseInSelection(float x) {
+  state_.DragActive = false;
+  if (state_.IgnoreUp) {
+    state_.IgnoreUp = false;
+    return;
+  }
+  optOK.Visible = optNO.Visible = true;
+  Picture1.MousePointer = Pointer::Arrow;
+  const PlotTransform& plot = context_.Data.Plot;
+  const XRange range = SelectedX(plot, Shape1, x, Buffer().WorkXMin, Buffer().WorkXMax);
+  if (range.Low >= range.High) {
+    optOK.Visible = optNO.Visible = false;
+    return;
+  }
+  state_.SelYTop = SelectedTop(plot, Shape1);
+  state_.SelYBottom = Buffer().WorkYMin;
+  if (context_.Data.ZoomMode && cmdManExpl.Caption != ResumeCaption) {
+    Buffer().WorkYMax = state_.SelYTop;
+  }
+  state_.SelXLow = RoundDecimals(range.Low, 3);
+  state_.SelXHigh = RoundDecimals(range.High, 3);
+  Text6.Text = "xmin " + GeneralText(state_.SelXLow);
+  Text7.Text = "xmax " + GeneralText(state_.SelXHigh);
+}
+
+void Form6::AcceptSelection() {
+  if (state_.EditMode) {
+    AcceptEditRange();
+  } else if (cmdManExpl.Caption == ResumeCaption) {
+    CancelSelection();
+  } else {
+    AcceptZoom();
+  }
+}
+
+void Form6::AcceptZoom() {
+  context_.Data.ZoomMode = false;
+  HideSelection();
+  Shape1.Width = Shape1.Height = AcceptedBandSize;
+  CutToRange(context_.Data, state_.SelXLow, state_.SelXHigh);
+  EnterMode(DisplayMode::Zoomed);
+  RedrawProfile();
+}
+
+void Form6::AcceptEditRange() {
+  context_.Data.ZoomMode = state_.EditMode = false;
+  Frame1.Visible = true;
+  for (Button* command : {&cmdAccept, &cmdEditNO, &cmdEditOK, &Command15}) {
+    command->Enabled = false;
+  }
+  optOK.Visible = optNO.Visible = false;
+}
+
+void Form6::CancelSelection() {
+  const bool from_edit = state_.EditMode;
+  context_.Data.ZoomMode = state_.EditMode = false;
+  HideSelection();
+  Shape1.Width = BandSize;
+  if (Frame4.Visible) {  // the selection was made from a paused explorer
+    cmdSave.Enabled = cmdMod.Enabled = cmdEdit.Enabled = false;
+    cmdManExpl.Enabled = cmdMain.Enabled = true;
+    return;
+  }
+  EnterMode(DisplayMode::ZoomCancelled);
+  if (from_edit) {  // which had switched it off; a zoomed view must stay able to go back
+    cmdUnzoom.Enabled = state_.SavedUnzoomEnabled;
+  }
+  Buffer().WorkYMax = state_.SavedYMax;
+  Text6.Text = state_.SavedText6;
+  Text7.Text = state_.SavedText7;
+}
+
+void Form6::HideSelection() { optOK.Visible = optNO.Visible = Shape1.Visible = false; }
+
+void Form6::UndoZoom() {
+  context_.Data.ZoomMode = false;
+  EnterMode(DisplayMode::UndoZoomed);
+  HideSelection();
+  Shape1.Width = Shape1.Height = BandSize;
+  Picture1.MousePointer = Pointer::Arrow;
+  TakeTemporaryCopy(Buffer());
+  RedrawProfile();
+}
+
+void Form6::QuitEdit() {
+  if (MousePointer == Pointer::Hourglass) {
+    return;
+  }
+  Shape1.Visible = Frame1.Visible = false;
+  Shape1.Width = Shape1.Height = AcceptedBandSize;
+  EnterMode(DisplayMode::Zoomed);
+  cmdPrint.Enabled = true;
+  cmdManExpl.Enabled = state_.SavedExplEnabled;
+  Text6.Text = state_.SavedText6;
+  Text7.Text = state_.SavedText7;
+}
+
+// The mouse over the picture.
+
+void Form6::MousePressed(MouseButton button, float x, float y) {
+  if (Selecting()) {
+    PressInSelection(x, y);
+  } else if (context_.Data.ExplorerMode && button == MouseButton::Left) {
+    PauseExplorer();
+  }
+}
+
+void Form6::MouseMoved(float x, float y) {
+  if (state_.Drawn) {
+    ShowReadOut(x, y);
+  }
+  if (state_.DragActive && Selecting()) {
+    FollowMouse(context_.Data.Plot, Shape1, ClampedX(context_.Data.Plot, x));
+  }
+}
+
+void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
+  if (button == MouseButton::Right) {
+    return;
+  }
+  if (Selecting()) {
+    ReleaseInSelection(x);
+  } else {
+    context_.Data.ExplorerMode = false;
+  }
+}
+
+void Form6::ShowReadOut(float x, float y) {
+  const PlotTransform& plot = context_.Data.Plot;
+  const float picture_x = ClampedX(plot, x);
+  const float value = DataX(plot, picture_x, Buffer().WorkXMin);
+  Text3.Text = "x = " + GeneralText(RoundDecimals(value, 4));
+  const float base = PlotBase(plot, Buffer().WorkYMin < 0);
+  Text4.Text = "y = " + GeneralText(DataY(plot, ClampedY(plot, y), base));
+  if (context_.Data.ExplorerMode && Buffer().Wavelength != 0) {
+    FollowExplorer(picture_x, value);
+  }
+}
+
+// Manual Explorer.
+
+void Form6::StartOrResumeExplorer() {
+  const bool any_peaks = Buffer().NPeaks > 0;
+  if (cmdManExpl.Caption == ResumeCaption) {
+    cmdManExpl.Caption = ExplorerCaption;
+    cmdZoom.Enabled = false;
+    Line1.Visible = true;
+    context_.Data.ExplorerMode = true;
+    Picture1.MousePointer = Pointer::Cross;
+    EnableListCommands(any_peaks);
+    return;
+  }
+  const bool ask_wavelength = Buffer().Wavelength == 0;
+  Frame3.Visible = ask_wavelength;
+  if (!ask_wavelength) {
+    Line1.Visible = Frame2.Visible = true;
+    Picture1.MousePointer = Pointer::Cross;
+  }
+  context_.Data.ExplorerMode = true;
+  EnableListCommands(any_peaks);
+  context_.Data.ZoomMode = state_.EditMode = false;
+  context_.Data.ExplorerScaleX = context_.Data.Plot.ScaleX;
+  context_.Data.ExplorerScaleY = context_.Data.Plot.ScaleY;
+  Frame4.Visible = true;
+  Text17.Text = Buffer().PeakListText;
+  EnterMode(DisplayMode::Explorer);
+  Shape1.Visible = Frame1.Visible = false;
+  ResetCursorLine();
+  optNO.Value = false;
+  optOK.Value = false;
+}
+
+void Form6::PauseExplorer() {
+  ResetCursorLine();
+  Line1.Visible = false;
+  cmdManExpl.Caption = ResumeCaption;
+  EnterMode(DisplayMode::ExplorerPaused);
+}
+
+void Form6::QuitExplorer() {
+  context_.Data.ExplorerMode = false;
+  Frame4.Visible = Frame2.Visible = false;
+  EnterMode(DisplayMode::ExplorerLeft);
+  cmdManExpl.Caption = ExplorerCaption;
+  Picture1.MousePointer = Pointer::Arrow;
+  ResetCursorLine();
+  Line1.Visible = false;
+  Buffer().PeakListText = Text17.Text;
+  Text17.Text = "";
+}
+
+void Form6::FollowExplorer(float picture_x, float x) {
+  const ProfileBuffer& buffer = Buffer();
+  const bool channels = buffer.PermX[2] - buffer.PermX[1] > ChannelStep;
+  const bool calibrated = buffer.CalPar[1] != 0;
+  const float two_theta = !channels ? x : calibrated ? TwoThetaOfChannel(buffer.CalPar, x) : 0;
+  Line1.X1 = Line1.X2 = picture_x;
+  state_.PickChannel = GeneralText(RoundDecimals(x, 4));
+  state_.PickTheta = channels && calibrated ? GeneralText(two_theta) : state_.PickChannel;
+  state_.PickD = GeneralText(RoundDecimals(SpacingOf(two_theta, buffer.Wavelength), 4));
+  Text10.Text = state_.PickChannel;
+  Text14.Text = state_.PickTheta;
+  Text15.Text = state_.PickD;
+}
+
+void Form6::ResetCursorLine() { Line1.Move(0, 15, 0, 90); }
+
+void Form6::EnableListCommands(bool enabled) {
+  cmdErsLaIt.Enabled = cmdClearPeaks.Enabled = cmdSavePeaks.Enabled = enabled;
+}
+
+}  // namespace koprax

@@ -1,0 +1,131 @@
+#include "display/plot_axes.h"
+
+#include <cmath>
+
+#include "display/plot_ticks.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr double FreeShareOfHeight = 0.05;  // of the plot, above the highest point
+
+/// Fixes the transform as far as the limits allow; false when they span no Y.
+bool FixTransform(Workspace& data, const PlotLimits& limits) {
+  PlotTransform& plot = data.Plot;
+  const bool negative = limits.YMin < 0;
+  data.Current().NegativeY = negative ? 1 : 0;
+  plot.FrameLeft = 5;
+  plot.FrameBottom = 5;
+  plot.FrameRight = 120;
+  plot.FrameTop = 95;
+  plot.PlotLeft = plot.FrameLeft + 15;
+  plot.PlotBottom = plot.FrameBottom + 10;
+  plot.PlotRight = plot.FrameRight - 5;
+  plot.PlotTop = plot.FrameTop - 5;
+  const float x_span = limits.XMax - limits.XMin;
+  plot.ScaleX = (plot.PlotRight - plot.PlotLeft) / x_span;
+  const float y_span = negative ? limits.YMax - limits.YMin : limits.YMax;
+  if (y_span == 0) {
+    return false;
+  }
+  const double height = plot.PlotTop - plot.PlotBottom;
+  plot.ScaleY = static_cast<float>((height - FreeShareOfHeight * height) / y_span);
+  if (negative) {
+    plot.ZeroY = static_cast<float>(plot.PlotBottom - static_cast<double>(limits.YMin) * plot.ScaleY);
+  }
+  return true;
+}
+
+void DrawFrame(const PlotTransform& plot, Surface& picture) {
+  picture.Line(plot.FrameLeft, plot.FrameBottom, plot.FrameLeft, plot.FrameTop);
+  picture.Line(plot.FrameLeft, plot.FrameTop, plot.FrameRight, plot.FrameTop);
+  picture.Line(plot.FrameRight, plot.FrameTop, plot.FrameRight, plot.FrameBottom);
+  picture.Line(plot.FrameRight, plot.FrameBottom, plot.FrameLeft, plot.FrameBottom);
+}
+
+void DrawAxisLines(const PlotTransform& plot, Surface& picture) {
+  picture.Line(plot.PlotLeft, plot.PlotBottom, plot.PlotRight, plot.PlotBottom);
+  picture.Line(plot.PlotLeft, plot.PlotBottom, plot.PlotLeft, plot.PlotTop);
+}
+
+void DrawZeroLine(const PlotTransform& plot, Surface& picture) {
+  picture.Line(plot.PlotLeft, plot.ZeroY, plot.PlotRight, plot.ZeroY, colours::Red);
+  picture.MoveTo(plot.PlotLeft - 2, plot.ZeroY + 2);
+  picture.ForeColor = colours::Red;
+  picture.Print("0");
+  picture.ForeColor = colours::Black;
+}
+
+void DrawTickX(const PlotTransform& plot, double x, double xmin, Surface& picture) {
+  constexpr double whole_number_tolerance = 0.001;
+  const float px = PictureX(plot, x, xmin);
+  picture.Line(px, plot.PlotBottom - 1, px, plot.PlotBottom + 1);
+  double offset = 5;
+  int decimals = 3;
+  if (std::abs(x - Fix(x)) < whole_number_tolerance) {
+    offset = x >= 1000 ? 5 : x >= 100 ? 4 : 3;
+    decimals = 0;
+  }
+  picture.MoveTo(px - offset, plot.PlotBottom - 2);
+  picture.Print(FormatDigits(x, decimals));
+}
+
+void DrawTickY(const PlotTransform& plot, double y, bool negative, Surface& picture) {
+  const float py = PictureY(plot, y, PlotBase(plot, negative));
+  picture.Line(plot.PlotLeft - 1, py, plot.PlotLeft + 1, py);
+  picture.MoveTo(plot.PlotLeft - TickOffsetY(y, negative), py + 1);
+  picture.Print(y);
+}
+
+/// The walk starts from 0, so ticks fall on multiples of the step wherever the plot begins.
+void DrawTicksX(const PlotTransform& plot, const PlotLimits& limits, Surface& picture) {
+  const double step = TickStepX(limits.XMax - limits.XMin);
+  WalkTicks(-step, step, limits.XMax, [&](double x) {
+    if (x >= limits.XMin) {
+      DrawTickX(plot, x, limits.XMin, picture);
+    }
+  });
+}
+
+void DrawTicksY(const PlotTransform& plot, const PlotLimits& limits, Surface& picture) {
+  const bool negative = limits.YMin < 0;
+  const double step = TickStepY(negative ? limits.YMax - limits.YMin : limits.YMax);
+  const double start = negative ? Fix(1.05 * limits.YMin - step) : -step;
+  WalkTicks(start, step, limits.YMax, [&](double y) {
+    if (!negative || (y > limits.YMin && y < limits.YMax)) {
+      DrawTickY(plot, y, negative, picture);
+    }
+  });
+}
+
+}  // namespace
+
+void SetPlotScale(Workspace& data, const PlotLimits& limits) { FixTransform(data, limits); }
+
+bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& picture) {
+  const bool fixed = FixTransform(data, limits);
+  const PlotTransform& plot = data.Plot;
+  DrawFrame(plot, picture);
+  if (!fixed) {
+    return false;
+  }
+  DrawAxisLines(plot, picture);
+  if (limits.YMin < 0) {
+    DrawZeroLine(plot, picture);
+  }
+  DrawTicksX(plot, limits, picture);
+  DrawTicksY(plot, limits, picture);
+  return true;
+}
+
+Message NoYSpan() {
+  return {.Text =
+              "For some reason the width of the window to be displayed is NULL. This leads to an error "
+              "'divide by 0'. Return to main menu.",
+          .Title = "Error",
+          .Icon = MessageIcon::Stop};
+}
+
+}  // namespace koprax

@@ -1,0 +1,57 @@
+// The transform between data and picture coordinates, as the frame drawn last has fixed it. Fixing it is
+// left to the axes.
+#pragma once
+
+#include <algorithm>
+
+#include "forms/control.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+/// The limits of a plot in data units.
+struct PlotLimits {
+  float XMin;
+  float XMax;
+  float YMin;
+  float YMax;
+};
+
+/// A plot picture: x from 0 at its left edge, y from 98 at its top edge and growing upward, in
+/// millimetres of the design grid; 6975 x 5415 twips.
+[[nodiscard]] inline PictureSetup PlotPicture() {
+  return {.Scale = {.Left = 0, .Top = 98, .Width = 123.03F, .Height = -95.51F},
+          .DesignWidth = 123.03,
+          .DesignHeight = 95.51};
+}
+
+/// The picture y of Y = 0: the zero line of a plot that reaches below 0, else the X axis.
+[[nodiscard]] inline float PlotBase(const PlotTransform& plot, bool negative_y) {
+  return negative_y ? plot.ZeroY : plot.PlotBottom;
+}
+
+/// Data to picture; `xmin` is the X at the Y axis, `base` the picture y of Y = 0.
+[[nodiscard]] inline float PictureX(const PlotTransform& plot, double x, double xmin) {
+  return static_cast<float>(plot.PlotLeft + plot.ScaleX * (x - xmin));
+}
+[[nodiscard]] inline float PictureY(const PlotTransform& plot, double y, double base) {
+  return static_cast<float>(base + plot.ScaleY * y);
+}
+
+/// Picture to data.
+[[nodiscard]] inline float DataX(const PlotTransform& plot, double picture_x, double xmin) {
+  return static_cast<float>(xmin + (picture_x - plot.PlotLeft) / plot.ScaleX);
+}
+[[nodiscard]] inline double DataY(const PlotTransform& plot, double picture_y, double base) {
+  return (picture_y - base) / plot.ScaleY;
+}
+
+/// The nearest position within the plot area.
+[[nodiscard]] inline float ClampedX(const PlotTransform& plot, float picture_x) {
+  return std::clamp(picture_x, plot.PlotLeft, plot.PlotRight);
+}
+[[nodiscard]] inline float ClampedY(const PlotTransform& plot, float picture_y) {
+  return std::clamp(picture_y, plot.PlotBottom, plot.PlotTop);
+}
+
+}  // namespace koprax

@@ -1,0 +1,41 @@
+#include "display/rubber_band.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/plot_transform.h"
+
+namespace koprax {
+
+bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y) {
+  const float top = std::min(y, plot.PlotTop);
+  if (!(x >= plot.PlotLeft && x <= plot.PlotRight && top >= plot.PlotBottom)) {
+    return false;
+  }
+  band.Top = top;
+  band.Left = x;
+  band.Width = std::min(band.Width.Get(), plot.PlotRight - x);
+  band.Height = std::min(band.Height.Get(), top - plot.PlotBottom);
+  return true;
+}
+
+void FollowMouse(const PlotTransform& plot, Shape& band, float x) {
+  band.Width = std::max(x - band.Left, 0.0F);
+  band.Height = std::max(band.Top - plot.PlotBottom, 0.0F);
+}
+
+XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, float xmin, float xmax) {
+  constexpr double at_axis = 0.004;
+  float distance = band.Left - plot.PlotLeft;
+  if (std::abs(distance) < at_axis) {
+    distance = 0;
+  }
+  return {.Low = static_cast<float>(xmin + static_cast<double>(distance) / plot.ScaleX),
+          .High = std::min(DataX(plot, release_x, xmin), xmax)};
+}
+
+float SelectedTop(const PlotTransform& plot, const Shape& band) {
+  return static_cast<float>((static_cast<double>(band.Top) - plot.PlotBottom) / plot.ScaleY);
+}
+
+}  // namespace koprax

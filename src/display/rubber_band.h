@@ -1,0 +1,29 @@
+// The rubber band with which a part of a plot is selected: a rectangle that starts at the press, follows
+// the mouse to the right and always stands on the X axis. What is selected is left to the window.
+#pragma once
+
+#include "forms/control.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+/// Starts the band at a press; a press above the plot counts at its top. False when the press lies left
+/// of the Y axis, below the X axis, or right of the plot: then the band stays as it was.
+[[nodiscard]] bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y);
+
+/// Draws the band to the mouse, whose x is within the plot already.
+void FollowMouse(const PlotTransform& plot, Shape& band, float x);
+
+/// The range of X that a band selects when it is released at picture x `release_x`. A band that starts
+/// within 0.004 of the Y axis selects from `xmin`, none selects beyond `xmax`.
+struct XRange {
+  float Low;
+  float High;
+};
+[[nodiscard]] XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, float xmin,
+                               float xmax);
+
+/// The Y at the top of the band, counted from the X axis.
+[[nodiscard]] float SelectedTop(const PlotTransform& plot, const Shape& band);
+
+}  // namespace koprax

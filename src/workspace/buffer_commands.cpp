@@ -1,0 +1,52 @@
+#include "workspace/buffer_commands.h"
+
+#include <cstddef>
+#include <string>
+
+#include "forms/desktop.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+void OpenChosenProfile(const WindowContext& context, Form& picker) {
+  Workspace& data = context.Data;
+  picker.MousePointer = Pointer::Hourglass;
+  const bool shown = context.Files.ShowBuffer(data.CurBuf, data.ModeDisp);
+  picker.MousePointer = Pointer::Arrow;
+  if (!shown) {
+    data.ModeFit = data.ModeDisp = data.ModeAnal = false;
+    context.Desk.Unload("Form19");
+    context.Main.BringMainMenuToFront();
+  }
+  picker.Unload();
+  data.ModeDisp = data.ModeAnal = data.ModeFit = false;
+}
+
+void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& slots) {
+  Workspace& data = context.Data;
+  data.SelBuf.fill(0);
+  data.ModeDisp = true;
+  for (const int slot : slots) {
+    data.SelBuf[static_cast<std::size_t>(slot)] = 1;
+  }
+  data.NumSelected = static_cast<std::int16_t>(slots.size());
+  if (slots.size() == 1) {
+    data.CurBuf = static_cast<std::int16_t>(slots.front());
+    context.Files.ShowBuffer(data.CurBuf, data.ModeDisp);
+  }
+  data.ModeDisp = false;
+}
+
+void EraseAfterQuestion(const WindowContext& context, int slot) {
+  const MessageAnswer answer =
+      context.Desk.Host().MsgBox({.Text = "Are you sure?\r\nThis will destroy everything in buffer N." +
+                                          std::to_string(slot) + "\r\n" + context.Data.Buffer(slot).Title,
+                                  .Title = "Warning",
+                                  .Buttons = MessageButtons::YesNo,
+                                  .Icon = MessageIcon::Question});
+  if (answer != MessageAnswer::No) {
+    EraseBuffer(context.Data, slot);
+  }
+}
+
+}  // namespace koprax

@@ -1,0 +1,22 @@
+// What follows when a buffer has been picked from the main menu: it is shown, loaded or erased.
+#pragma once
+
+#include <vector>
+
+#include "forms/form.h"
+#include "workspace/services.h"
+
+namespace koprax {
+
+/// Loads or opens CurBuf in the window of the pending mode, then clears the modes. `picker` shows the
+/// hourglass meanwhile. When no profile came of it, a fit window that opened for it goes away and the
+/// main menu comes to the front.
+void OpenChosenProfile(const WindowContext& context, Form& picker);
+
+/// Marks the slots (1 to 6) in SelBuf and displays them; none ticked leaves the display as it was.
+void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& slots);
+
+/// Erases the buffer unless the user says No.
+void EraseAfterQuestion(const WindowContext& context, int slot);
+
+}  // namespace koprax

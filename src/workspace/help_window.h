@@ -1,0 +1,21 @@
+// Form5, "On line Help": one text at a time, in a plain window beside the others.
+#pragma once
+
+#include "forms/form.h"
+#include "workspace/help_topics.h"
+#include "workspace/services.h"
+
+namespace koprax {
+
+class Form5 final : public Form {
+ public:
+  explicit Form5(const WindowContext& context);
+
+  /// Replaces the text by that of the topic and shows the window.
+  void ShowTopic(HelpTopic topic);
+
+ private:
+  TextBox Text1{*this, "Text1", {.Locked = true, .MultiLine = true, .Columns = 76, .Rows = 26}};
+};
+
+}  // namespace koprax

@@ -1,0 +1,70 @@
+// What any window may ask of the whole, one small abstract class a wing, which the composition
+// implements. So no window includes another wing's window.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "forms/runtime.h"
+#include "workspace/help_topics.h"
+
+namespace koprax {
+
+class Desktop;
+struct Workspace;
+
+/// The main menu, its pickers, the help, the shared file dialog.
+class MainServices {
+ public:
+  MainServices() = default;
+  MainServices(const MainServices&) = delete;
+  MainServices& operator=(const MainServices&) = delete;
+  virtual ~MainServices() = default;
+
+  virtual void ShowMainMenu() = 0;
+  virtual void BringMainMenuToFront() = 0;
+  virtual void ShowHelp(HelpTopic topic) = 0;
+  /// Opens the picker of the buffer that the load, or the pending mode flag, is for.
+  virtual void OpenProfilePicker() = 0;
+  /// Asks for a file; the path goes to FileName. Nothing on cancel, and FileName stays.
+  virtual std::optional<std::string> AskForFile(const FileDialogRequest& request) = 0;
+};
+
+/// Files in and out.
+class FileServices {
+ public:
+  FileServices() = default;
+  FileServices(const FileServices&) = delete;
+  FileServices& operator=(const FileServices&) = delete;
+  virtual ~FileServices() = default;
+
+  /// Asks for a file and shows its preview.
+  virtual void StartLoad() = 0;
+  /// Reads a file into the buffer if one is due, takes a fresh temporary copy and opens the window of the
+  /// pending mode on it. False when no profile came of it; the user has been told.
+  virtual bool ShowBuffer(int slot, bool for_display) = 0;
+};
+
+/// The windows that show profiles.
+class DisplayServices {
+ public:
+  DisplayServices() = default;
+  DisplayServices(const DisplayServices&) = delete;
+  DisplayServices& operator=(const DisplayServices&) = delete;
+  virtual ~DisplayServices() = default;
+
+  /// Opens the Display and Work window anew and draws the temporary copy of the buffer; false when
+  /// there is nothing to draw.
+  virtual bool OpenDisplayWindow(int slot) = 0;
+};
+
+/// What each window is handed at its making.
+struct WindowContext {
+  Desktop& Desk;
+  Workspace& Data;
+  MainServices& Main;
+  FileServices& Files;
+  DisplayServices& Display;
+};
+
+}  // namespace koprax
