@@ -17,7 +17,7 @@ namespace koprax {
 namespace {
 
 /// No text that the system reads comes near this size; a device that never ends stops here.
-constexpr std::size_t most_bytes = std::size_t{256} << 20U;
+constexpr std::size_t most_bytes = std::size_t{64} << 20U;
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 FileError ErrorOf(int code) { return {std::generic_category().message(code)}; }

@@ -61,7 +61,7 @@ struct FileError {
 };
 
 /// Reads a whole file. Fails with the system's words when it can't be opened, is a folder or is larger
-/// than 256 MiB.
+/// than 64 MiB.
 [[nodiscard]] std::variant<TextFile, FileError> ReadTextFile(const std::string& path);
 
 /// Writes lines, ended by CR LF, to a temporary name beside the target, flushes it and renames it to the
