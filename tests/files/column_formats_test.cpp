@@ -1,0 +1,368 @@
+#include "files/column_formats.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "files/scratch_file.h"
+#include "forms/fixed_text.h"
+
+namespace koprax {
+namespace {
+
+using ReaderFunction = ReadOutcome (*)(Workspace&, int, const TellUser&);
+
+constexpr float stale = -777;  ///< what lay in the buffer before a reading
+
+/// A workspace whose slot 2 held another profile, and one reading into it.
+class ColumnFormats : public testing::Test {
+ protected:
+  ColumnFormats() {
+    Buffer().Title = FixedField("old profile", TitleWidth);
+    Buffer().PermX.assign(MaxPoints + 1, stale);
+    Buffer().PermY.assign(MaxPoints + 1, stale);
+    Buffer().PermNpts = 11;
+    Buffer().Wavelength = 0.7F;
+    Buffer().XStep = Buffer().FileXMin = Buffer().FileXMax = stale;
+    Buffer().NPeaks = 1;
+    Buffer().PeakTheta[1] = "28.44";
+  }
+
+  ProfileBuffer& Buffer() { return Data.Buffer(2); }
+  [[nodiscard]] float X(int i) { return Buffer().PermX[static_cast<std::size_t>(i)]; }
+  [[nodiscard]] float Y(int i) { return Buffer().PermY[static_cast<std::size_t>(i)]; }
+  [[nodiscard]] std::string Title() { return RightTrimmed(Buffer().Title); }
+
+  ReadOutcome Read(ReaderFunction reader, const std::string& text) {
+    const ScratchFile file(text, "column_formats");
+    Data.FileName = file.Path();
+    return reader(Data, 2, [this](const Message&) { ++Told; });
+  }
+  void Load(ReaderFunction reader, const std::string& text) {
+    const ReadOutcome outcome = Read(reader, text);
+    EXPECT_FALSE(outcome.Failed);
+    EXPECT_FALSE(outcome.Problem);
+    EXPECT_EQ(outcome.FrontMainMenu, reader == ReadItalDat);
+  }
+
+  void ExpectEmptied() {
+    EXPECT_EQ(Buffer().Title, Data.BlankTitle);
+    EXPECT_EQ(Buffer().PermNpts, 0);
+    EXPECT_EQ(Buffer().FileXMin, 0);
+    EXPECT_EQ(Buffer().FileXMax, 0);
+    EXPECT_EQ(Buffer().XStep, 0);
+    EXPECT_EQ(Buffer().PeakTheta[1], "28.44");
+  }
+  void ExpectLimitFailure(ReaderFunction reader, const std::string& text) {
+    const ReadOutcome outcome = Read(reader, text);
+    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
+    EXPECT_EQ(outcome.Problem->Text,
+              "Profile with more than 8000 points.\r\nNot allowed in the present version of the program.\r\n"
+              "Return to main menu.");
+    EXPECT_EQ(outcome.Problem->Title, "Error");
+    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::None);
+    ExpectEmptied();
+  }
+  /// A failure in words of its own, which contain all of the given ones.
+  void ExpectFailure(ReaderFunction reader, const std::string& text, const std::vector<std::string>& words) {
+    const ReadOutcome outcome = Read(reader, text);
+    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu) << text;
+    EXPECT_EQ(outcome.Problem->Title, "Error");
+    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::Stop);
+    EXPECT_NE(outcome.Problem->Text.find(Data.FileName), std::string::npos) << outcome.Problem->Text;
+    for (const std::string& each : words) {
+      EXPECT_NE(outcome.Problem->Text.find(each), std::string::npos) << outcome.Problem->Text;
+    }
+    ExpectEmptied();
+  }
+
+  Workspace Data;
+  int Told = 0;
+};
+
+std::string Records(int count, const std::string& record) {
+  std::string text;
+  for (; count > 0; --count) text += record + "\r\n";
+  return text;
+}
+
+// ---- All readers -----------------------------------------------------------------------------------
+
+TEST_F(ColumnFormats, AFileThatCannotBeReadTouchesNothingButTheFormat) {
+  const std::vector<std::pair<ReaderFunction, int>> readers{
+      {ReadOneColumn, 1}, {ReadTwoColumns, 2}, {ReadItalDat, 3}};
+  for (const auto& [reader, code] : readers) {
+    for (const char* bytes : {"", "\xEF\xBB\xBF"}) {
+      const ReadOutcome outcome = Read(reader, bytes);
+      ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
+      EXPECT_EQ(outcome.Problem->Text, "The file " + Data.FileName + " is empty.");
+    }
+    Data.FileName = "/nowhere/profile.dat";
+    const ReadOutcome outcome = reader(Data, 2, [](const Message&) {});
+    ASSERT_TRUE(outcome.Failed && outcome.Problem);
+    EXPECT_NE(outcome.Problem->Text.find("/nowhere/profile.dat"), std::string::npos);
+    EXPECT_EQ(Buffer().FormatCode, code);
+    EXPECT_EQ(Title(), "old profile");
+    EXPECT_EQ(Buffer().PermNpts, 11);
+    EXPECT_EQ(Buffer().FileXMin, stale);
+  }
+}
+
+TEST_F(ColumnFormats, TitlesAreCutAt80CharactersAndLoseTheirQuotes) {
+  const std::string long_title = "\"Al2O3\" \xC3\x85 " + std::string(90, 'x');
+  Load(ReadTwoColumns, long_title + "\r\n1.54\r\n1 2\r\n");
+  EXPECT_EQ(Buffer().Title, " Al2O3  \xC3\x85 " + std::string(70, 'x'));
+  EXPECT_FALSE(Buffer().Latin1Text);
+  Load(ReadOneColumn, "\xC5 title\r\n1 1 1\r\n5\r\n");
+  EXPECT_EQ(Title(), "\xC3\x85 title");
+  EXPECT_TRUE(Buffer().Latin1Text);
+}
+
+TEST_F(ColumnFormats, TheLastRecordStandsInTheWordTables) {
+  Load(ReadOneColumn, "title\r\n1 1 1\r\n5\r\n6 abc 7");
+  EXPECT_EQ(Data.Words.WordVal[1], 6);
+  EXPECT_EQ(Data.Words.WordVal[2], 7);
+  EXPECT_EQ(Data.Words.WordVal[3], 0);
+  EXPECT_EQ(Data.Words.WordStr[1], FixedField("abc", 24));
+  EXPECT_EQ(Data.Words.LineChars[3], "a");
+  EXPECT_EQ(Data.Words.LineChars[8], " ");
+}
+
+TEST_F(ColumnFormats, TooManyWordsAreOnlyReported) {
+  std::string many;
+  for (int i = 1; i <= 25; ++i) many += std::to_string(i) + " ";
+  Load(ReadTwoColumns, "title\r\n1.54\r\n" + many + "\r\n2 5\r\n" + many + "\r\n");
+  EXPECT_EQ(Told, 2);
+  EXPECT_EQ(Buffer().PermNpts, 3);
+}
+
+// ---- ITAL STRUCTURES -------------------------------------------------------------------------------
+
+TEST_F(ColumnFormats, ItalDatReadsHeaderPointsAndWavelength) {
+  Load(ReadItalDat,
+       "Silicon\r\n 3\r\n10, 10.04 0.02\r\n5\r\n17.5 9\r\nno number\r\n17.5 0\r\n1.5406\r\nrest\r\n");
+  EXPECT_EQ(Buffer().FormatCode, 3);
+  EXPECT_EQ(Title(), "Silicon");
+  EXPECT_EQ(Buffer().PermNpts, 3);
+  EXPECT_EQ(Buffer().FileXMin, 10.0F);
+  EXPECT_EQ(Buffer().FileXMax, 10.04F);
+  EXPECT_EQ(Buffer().XStep, 0.02F);
+  EXPECT_EQ(Buffer().Wavelength, 1.5406F);
+  EXPECT_EQ(X(1), 10.0F);
+  // One rounding from the sum in 64 bits.
+  EXPECT_EQ(X(3), static_cast<float>(2 * static_cast<double>(0.02F) + 10));
+  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3), Y(4)}), (std::vector<float>{5, 17.5F, 0, stale}));
+  EXPECT_EQ(Buffer().PermYMax, 17.5F);
+  EXPECT_EQ(Buffer().PermYMin, 0);
+  EXPECT_EQ(Buffer().PeakTheta[1], "28.44");
+}
+
+TEST_F(ColumnFormats, ItalDatGoesByTheRecordBehindTheLastPoint) {
+  const std::string points = "t\r\n2\r\n1 2 1\r\n5\r\n6\r\n";
+  const std::vector<std::pair<std::string, float>> endings{{"", 0.7F},
+                                                           {"1.5\r\n", 0.7F},
+                                                           {"9 1\r\n", 0.7F},
+                                                           {"9 1\r\n1.5\r\n", 1.5F},
+                                                           {"9 text 1\r\n1.5 8\r\n", 1.5F},
+                                                           {"9 1\r\n\r\n", 0}};
+  for (const auto& [ending, wavelength] : endings) {
+    Buffer().Wavelength = 0.7F;
+    Load(ReadItalDat, points + ending);
+    EXPECT_EQ(Buffer().Wavelength, wavelength) << ending;
+  }
+  for (const char* ending : {"\r\n", "text\r\n", "1 2 3\r\n1.5\r\n"}) {
+    Buffer().Wavelength = 0.7F;
+    const ReadOutcome outcome = Read(ReadItalDat, points + ending);
+    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
+    EXPECT_EQ(outcome.Problem->Text, "Last record is irregular!!\r\nReturn to main menu.");
+    EXPECT_EQ(outcome.Problem->Title, "Error");
+    ExpectEmptied();
+    EXPECT_EQ(Buffer().Wavelength, 0);
+  }
+}
+
+TEST_F(ColumnFormats, ItalDatThatEndsEarlyKeepsItsCount) {
+  Load(ReadItalDat, "t\r\n4\r\n1 4 1\r\n5\r\n6");
+  EXPECT_EQ(Buffer().PermNpts, 4);
+  EXPECT_EQ(Y(2), 6);
+  EXPECT_EQ(Y(3), stale);
+  EXPECT_EQ(Buffer().Wavelength, 0.7F);
+}
+
+TEST_F(ColumnFormats, ItalDatReadsItsHeaderInFreeFormat) {
+  Load(ReadItalDat, "t\r\n\r\n2 1\r\n\r\n  2,1\r\n7\r\n8\r\n");
+  EXPECT_EQ(Buffer().PermNpts, 2);
+  EXPECT_EQ(Buffer().FileXMin, 1);
+  EXPECT_EQ(Buffer().FileXMax, 2);
+  EXPECT_EQ(Y(1), 7);
+  Load(ReadItalDat, "t\r\n2\r\n1 2 1 9 rest of the line\r\n8\r\n");
+  EXPECT_EQ(Y(1), 9);
+  EXPECT_EQ(Y(2), 8);
+  Load(ReadItalDat, "t\r\n2.5\r\n1 2 1\r\n");
+  EXPECT_EQ(Buffer().PermNpts, 2);
+}
+
+TEST_F(ColumnFormats, ItalDatTakesNoMoreThan8000Points) {
+  Load(ReadItalDat, "t\n8000\n0 1 0.001\n" + Records(8000, "3") + "3 3\n1.5\n");
+  EXPECT_EQ(Buffer().PermNpts, 8000);
+  EXPECT_EQ(Y(8000), 3);
+  EXPECT_EQ(Buffer().Wavelength, 1.5F);
+  for (const char* count : {"8001", "8000.4", "70000", "1E999"}) {
+    ExpectLimitFailure(ReadItalDat, std::string("t\r\n") + count + "\r\n0 1 0.001\r\n1\r\n");
+  }
+}
+
+TEST_F(ColumnFormats, ItalDatTellsWhatIsWrongWithItsHeader) {
+  ExpectFailure(ReadItalDat, "t", {"too early", "number of points"});
+  ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2\r\n", {"too early", "step"});
+  ExpectFailure(ReadItalDat, "t\r\nmany\r\n", {"line 2", "number of points", "\"many\""});
+  ExpectFailure(ReadItalDat, "t\r\n-1\r\n", {"line 2", "number of points"});
+  ExpectFailure(ReadItalDat, "t\r\n5\r\n1 , , 2\r\n", {"line 3", "X of the last point"});
+  ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2 1E39\r\n", {"line 3", "step", "range"});
+  ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2 1E38\r\n1\r\n2\r\n3\r\n4\r\n5\r\n", {"line 8", "X", "range"});
+  ExpectFailure(ReadItalDat, "t\r\n1\r\n1 2 1\r\n5\r\n9 9\r\n-1E39\r\n", {"line 6", "wavelength", "range"});
+}
+
+// ---- One column ------------------------------------------------------------------------------------
+
+TEST_F(ColumnFormats, OneColumnReadsWithAndWithoutTitle) {
+  Load(ReadOneColumn, "Sample 3\r\n10 0.5 1.54\r\n5\r\n\r\n7 8\r\n");
+  EXPECT_EQ(Buffer().FormatCode, 1);
+  EXPECT_EQ(Title(), "Sample 3");
+  EXPECT_EQ(Buffer().PermNpts, 3);
+  EXPECT_EQ((std::vector<float>{X(1), X(2), X(3)}), (std::vector<float>{10, 10.5F, 11}));
+  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3)}), (std::vector<float>{5, 0, 7}));
+  EXPECT_EQ(Buffer().Wavelength, 1.54F);
+  EXPECT_EQ(Buffer().FileXMin, 10);
+  EXPECT_EQ(Buffer().FileXMax, 11);
+  Load(ReadOneColumn, "10 0.5\r\n5\r\n");
+  EXPECT_EQ(Buffer().Title, FixedField(" File without title ", 80));
+  EXPECT_EQ(Buffer().Wavelength, 0);
+  EXPECT_EQ(Buffer().PermNpts, 1);
+}
+
+TEST_F(ColumnFormats, OneColumnKeepsLimitsThatNoPointExceeds) {
+  Load(ReadOneColumn, "1 1\r\n-200000\r\n-150000\r\n");
+  EXPECT_EQ(Buffer().PermYMax, -100000);
+  EXPECT_EQ(Buffer().PermYMin, -200000);
+}
+
+TEST_F(ColumnFormats, OneColumnTakesNoMoreThan8000Records) {
+  Load(ReadOneColumn, "t\r\n0 1 0\r\n" + Records(8000, "3"));
+  EXPECT_EQ(Buffer().PermNpts, 8000);
+  EXPECT_EQ(X(8000), 7999);
+  ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 0\r\n" + Records(8000, "3") + "\r\n");
+}
+
+TEST_F(ColumnFormats, OneColumnTellsWhatIsWrong) {
+  ExpectFailure(ReadOneColumn, "title only\r\n", {"too early", "step"});
+  ExpectFailure(ReadOneColumn, "t\r\n1 1E39 1\r\n1\r\n", {"line 2", "step", "range"});
+  ExpectFailure(ReadOneColumn, "t\r\n1 1 1\r\n5\r\n-1E39\r\n", {"line 4", "intensity", "range"});
+}
+
+// ---- Two columns -----------------------------------------------------------------------------------
+
+TEST_F(ColumnFormats, TwoColumnsFindsTitleAndWavelength) {
+  struct Case {
+    std::string Head;
+    std::string Title;
+    float Wavelength;
+    float FirstX;
+  };
+  const std::vector<Case> cases{
+      {"Sample\r\n1.54\r\n1 10\r\n", "Sample", 1.54F, 1},
+      {"Sample\r\nLambda 1.54\r\n1 10\r\n", "Sample", 1.54F, 1},
+      {"Sample\r\n1 10\r\n", "Sample", 0, 1},
+      {"Sample\r\nx y z\r\n1 10\r\n", "Sample", 0, 1},
+      {"Sample\r\n1 2 3\r\n1 10\r\n", "Sample", 0, 1},
+      {"1.54\r\n1 10\r\n", " file without title", 1.54F, 1},
+      {"0.5 100\r\n1 10\r\n", " file without title", 0, 0.5F},
+      {"1 2 3\r\n1.54\r\n1 10\r\n", "1 2 3", 1.54F, 1},
+      {"\r\n1.54\r\n1 10\r\n", "", 1.54F, 1},
+  };
+  for (const Case& each : cases) {
+    Buffer().Wavelength = 0.7F;
+    Load(ReadTwoColumns, each.Head + "2 20\r\n3 30\r\n");
+    EXPECT_EQ(Buffer().FormatCode, 2);
+    EXPECT_EQ(Title(), each.Title) << each.Head;
+    EXPECT_EQ(Buffer().Wavelength, each.Wavelength) << each.Head;
+    EXPECT_EQ(X(1), each.FirstX) << each.Head;
+    EXPECT_EQ(Buffer().FileXMin, each.FirstX) << each.Head;
+    EXPECT_EQ(Buffer().FileXMax, 3) << each.Head;
+  }
+}
+
+TEST_F(ColumnFormats, TwoColumnsTakesPointsOfOneOrManyNumbers) {
+  Load(ReadTwoColumns, "t\r\n1.5\r\n3\r\n2 20 99\r\n1,10\r\n");
+  EXPECT_EQ(Buffer().PermNpts, 3);
+  EXPECT_EQ((std::vector<float>{X(1), X(2), X(3)}), (std::vector<float>{3, 2, 1}));
+  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3)}), (std::vector<float>{0, 20, 10}));
+  EXPECT_EQ(Buffer().XStep, -1);
+}
+
+TEST_F(ColumnFormats, TwoColumnsEndsAtASmallXFromTheThirdPointOn) {
+  for (const char* end : {"\r\n", "0.00009 5\r\n", "12.5\t300\r\n", "-3 7\r\n"}) {
+    Load(ReadTwoColumns, std::string("t\r\n1.5\r\n-1 10\r\n0 20\r\n") + end + "5 50\r\n");
+    EXPECT_EQ(Buffer().PermNpts, 2) << end;
+    EXPECT_EQ(Buffer().FileXMax, 0) << end;
+  }
+  Load(ReadTwoColumns, "t\r\n1.5\r\n-1 10\r\n0 20\r\n0.0001 5\r\n");
+  EXPECT_EQ(Buffer().PermNpts, 3);
+}
+
+TEST_F(ColumnFormats, TwoColumnsJudgesTheStepByThreeDecimals) {
+  const std::vector<std::pair<std::string, float>> cases{
+      {"", 0},
+      {"5 1\r\n", 0},
+      {"5 1\r\n5.02 1\r\n", 0.02F},
+      {"5 1\r\n5.02 1\r\n5.0404 1\r\n5.0604 1\r\n", 0.02F},
+      {"5 1\r\n5.02 1\r\n5.041 1\r\n", 0},
+      {"5 1\r\n5.02 1\r\n5.041 1\r\n5.061 1\r\n", 0},
+      {"1 1\r\n1.0625 1\r\n1.125 1\r\n", 0.062F},  // an exact half goes to the even digit
+  };
+  for (const auto& [points, step] : cases) {
+    Load(ReadTwoColumns, "t\r\n1.5\r\n" + points);
+    EXPECT_EQ(Buffer().XStep, step) << points;
+  }
+}
+
+TEST_F(ColumnFormats, TwoColumnsTakesNoMoreThan8000Points) {
+  const std::string full = "t\r\n1.5\r\n" + Records(8000, "3 4");
+  Load(ReadTwoColumns, full);
+  EXPECT_EQ(Buffer().PermNpts, 8000);
+  Load(ReadTwoColumns, full + "\r\n");
+  EXPECT_EQ(Buffer().PermNpts, 8000);
+  ExpectLimitFailure(ReadTwoColumns, full + "3 4");
+}
+
+TEST_F(ColumnFormats, TwoColumnsTellsWhatIsWrong) {
+  ExpectFailure(ReadTwoColumns, "title only", {"too early", "wavelength"});
+  ExpectFailure(ReadTwoColumns, "t\r\n1E39\r\n", {"line 2", "wavelength", "range"});
+  ExpectFailure(ReadTwoColumns, "t\r\n1.5\r\n1 1\r\n1E39 1\r\n", {"line 4", "X", "range"});
+  ExpectFailure(ReadTwoColumns, "1 1\r\n2 -1E39\r\n", {"line 2", "intensity", "range"});
+}
+
+// ---- Anything --------------------------------------------------------------------------------------
+
+TEST_F(ColumnFormats, AnyFileIsReadOrReported) {
+  const std::vector<std::string> pieces{"1",   "2.5", " ",  ",",    "\r\n", "\n",    "-", "1E39",
+                                        "abc", "\t",  "\r", "\x80", "\"",   "3 4\n", "8", "1 2 3\n"};
+  std::mt19937 random(5);
+  for (int i = 0; i < 2000; ++i) {
+    std::string text;
+    for (auto length = random() % 40; length > 0; --length) text += pieces[random() % pieces.size()];
+    for (const ReaderFunction reader : {ReadItalDat, ReadOneColumn, ReadTwoColumns}) {
+      const ReadOutcome outcome = Read(reader, text);
+      ASSERT_EQ(outcome.Failed, outcome.Problem.has_value()) << text;
+      ASSERT_GE(Buffer().PermNpts, 0) << text;
+      ASSERT_EQ(CharacterCount(Buffer().Title), 80U) << text;
+      for (int k = 1; k <= Buffer().PermNpts; ++k) ASSERT_TRUE(std::isfinite(X(k)) && std::isfinite(Y(k)));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace koprax
