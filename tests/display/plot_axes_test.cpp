@@ -1,0 +1,209 @@
+// The frame of a plot: every line, tick and label, against numbers worked out by hand or by a plain walk.
+#include "display/plot_axes.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "display/plot_ticks.h"
+
+namespace koprax {
+namespace {
+
+struct Plotted {
+  Workspace Data;
+  Surface Picture{PlotPicture().Scale};
+  bool Framed = false;
+
+  explicit Plotted(const PlotLimits& limits) {
+    Data.CurBuf = 1;
+    Framed = DrawAxes(Data, limits, Picture);
+  }
+  [[nodiscard]] std::vector<LineOperation> Lines() const {
+    std::vector<LineOperation> lines;
+    for (const auto& operation : Picture.Operations()) {
+      if (const auto* line = std::get_if<LineOperation>(&operation)) {
+        lines.push_back(*line);
+      }
+    }
+    return lines;
+  }
+  [[nodiscard]] std::vector<TextOperation> Texts() const {
+    std::vector<TextOperation> texts;
+    for (const auto& operation : Picture.Operations()) {
+      if (const auto* text = std::get_if<TextOperation>(&operation)) {
+        texts.push_back(*text);
+      }
+    }
+    return texts;
+  }
+  [[nodiscard]] std::vector<std::string> Labels() const {
+    std::vector<std::string> labels;
+    for (const auto& text : Texts()) {
+      labels.push_back(text.Text);
+    }
+    return labels;
+  }
+};
+
+TEST(PlotAxes, FrameAxesTicksAndLabelsOfAPositivePlotInTheirOrder) {
+  const Plotted plot({5, 80, 0, 1000});
+  ASSERT_TRUE(plot.Framed);
+  EXPECT_EQ(plot.Data.Buffer(1).NegativeY, 0);
+  EXPECT_EQ(plot.Data.Plot.ScaleX, static_cast<float>(95.0 / 75.0));
+  EXPECT_EQ(plot.Data.Plot.ScaleY, 0.07125F);
+
+  const auto lines = plot.Lines();
+  ASSERT_EQ(lines.size(), 6U + 8U + 7U);
+  const auto is = [](const LineOperation& line, float x1, float y1, float x2, float y2) {
+    return line == LineOperation{x1, y1, x2, y2, colours::Black};
+  };
+  EXPECT_TRUE(is(lines[0], 5, 5, 5, 95));
+  EXPECT_TRUE(is(lines[1], 5, 95, 120, 95));
+  EXPECT_TRUE(is(lines[2], 120, 95, 120, 5));
+  EXPECT_TRUE(is(lines[3], 120, 5, 5, 5));
+  EXPECT_TRUE(is(lines[4], 20, 15, 115, 15));
+  EXPECT_TRUE(is(lines[5], 20, 15, 20, 90));
+  // The first X tick is 10: 5 degrees right of the axis. The scale is a rounded 32-bit float, so is px.
+  const auto px = static_cast<float>(20 + static_cast<double>(static_cast<float>(95.0 / 75.0)) * 5);
+  EXPECT_TRUE(is(lines[6], px, 14, px, 16));
+  // The last Y tick is 900: 900 * 0.07125 above the axis.
+  const auto py = static_cast<float>(15 + 900 * static_cast<double>(0.07125F));
+  EXPECT_TRUE(is(lines.back(), 19, py, 21, py));
+
+  EXPECT_EQ(plot.Labels(), (std::vector<std::string>{"10", "20", "30", "40", "50", "60", "70", "80", " 0",
+                                                     " 150", " 300", " 450", " 600", " 750", " 900"}));
+  EXPECT_EQ(plot.Texts().front().X, px - 3);
+  EXPECT_EQ(plot.Texts().front().Y, 13);
+  EXPECT_EQ(plot.Texts().back().X, 20 - 9);
+  EXPECT_EQ(plot.Texts().back().Y, py + 1);
+}
+
+TEST(PlotAxes, AZeroLineInRedWhereThePlotReachesBelowZero) {
+  const Plotted plot({0, 10, -50, 100});
+  EXPECT_EQ(plot.Data.Buffer(1).NegativeY, 1);
+  EXPECT_EQ(plot.Data.Plot.ScaleY, 0.475F);
+  EXPECT_FLOAT_EQ(plot.Data.Plot.ZeroY, 38.75F);  // the scale is rounded before it is multiplied
+  const float zero = plot.Data.Plot.ZeroY;
+  EXPECT_EQ(plot.Lines()[6], (LineOperation{20, zero, 115, zero, colours::Red}));
+  const TextOperation label = plot.Texts().front();
+  EXPECT_EQ(label, (TextOperation{18, zero + 2, "0", colours::Red, std::string(DefaultFont), 8}));
+  EXPECT_EQ(plot.Picture.ForeColor, colours::Black);
+  // The walk starts at Fix(1.05 * -50 - 20) = -72, so the first tick would be -52, which lies outside.
+  EXPECT_EQ(plot.Labels(),
+            (std::vector<std::string>{"0", "", "5", "10", "-32", "-12", " 8", " 28", " 48", " 68", " 88"}));
+}
+
+TEST(PlotAxes, LabelsAwayFromWholeNumbersShowWhatRepeatedAdditionGives) {
+  // Ten steps of 0.3 add up to 2.9999999999999996, which is no whole number by its truncation.
+  const Plotted plot({2, 4, 0, 5});
+  EXPECT_EQ(plot.Labels(),
+            (std::vector<std::string>{"2.1", "2.4", "2.7", "3.", "3.3", "3.6", "3.9", " 0", " 2", " 4"}));
+  EXPECT_EQ(Plotted({0, 0.9F, 0, 5}).Labels().front(), "");
+  EXPECT_EQ(Plotted({0.1F, 0.9F, 0, 5}).Labels().front(), ".2");
+}
+
+TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
+  Workspace data;
+  data.CurBuf = 2;
+  Surface picture{PlotPicture().Scale};
+  ASSERT_TRUE(DrawAxes(data, {0, 10, -1, 9}, picture));
+  const PlotTransform before = data.Plot;
+  picture.Cls();
+  EXPECT_FALSE(DrawAxes(data, {0, 20, 0, 0}, picture));
+  EXPECT_EQ(picture.Operations().size(), 4U);
+  EXPECT_EQ(data.Plot.ScaleY, before.ScaleY);
+  EXPECT_EQ(data.Plot.ZeroY, before.ZeroY);
+  EXPECT_EQ(data.Plot.ScaleX, 4.75F);
+  EXPECT_FALSE(DrawAxes(data, {0, 20, -3, -3}, picture));
+}
+
+TEST(PlotAxes, SetPlotScaleLeavesTheSameTransformAsTheDrawing) {
+  for (const PlotLimits& limits : {PlotLimits{5, 80, 0, 1000}, PlotLimits{-3, 4096, -17, 3}}) {
+    const Plotted drawn(limits);
+    Workspace data;
+    data.CurBuf = 1;
+    SetPlotScale(data, limits);
+    EXPECT_EQ(data.Plot.ScaleX, drawn.Data.Plot.ScaleX);
+    EXPECT_EQ(data.Plot.ScaleY, drawn.Data.Plot.ScaleY);
+    EXPECT_EQ(data.Plot.ZeroY, drawn.Data.Plot.ZeroY);
+    EXPECT_EQ(data.Plot.PlotTop, drawn.Data.Plot.PlotTop);
+    EXPECT_EQ(data.Buffer(1).NegativeY, drawn.Data.Buffer(1).NegativeY);
+  }
+}
+
+TEST(PlotAxes, TransformAndItsInverseMeet) {
+  Workspace data;
+  data.CurBuf = 1;
+  SetPlotScale(data, {10, 90, -20, 500});
+  for (float x = 10; x <= 90; x += 0.37F) {
+    // px carries a relative error of 2^-24 of about 100 units; in degrees that is below 1e-5.
+    EXPECT_NEAR(DataX(data.Plot, PictureX(data.Plot, x, 10), 10), x, 1e-5);
+  }
+  for (float y = -20; y <= 500; y += 13) {
+    EXPECT_NEAR(DataY(data.Plot, PictureY(data.Plot, y, data.Plot.ZeroY), data.Plot.ZeroY), y, 1e-4);
+  }
+}
+
+// The steps are strict at their thresholds: the span itself still has the finer step.
+TEST(PlotTicks, StepsChangeJustAboveTheirThresholds) {
+  struct Row {
+    float Above;
+    double Step;
+  };
+  const std::vector<Row> along_x{{0.08F, .04}, {0.2F, .08}, {0.5F, .2}, {1, .3},   {2, .5},
+                                 {3, 1},       {8, 5},      {40, 10},   {100, 30}, {300, 80},
+                                 {600, 160},   {1000, 300}, {3000, 800}};
+  double finer = 0.02;
+  for (const Row& row : along_x) {
+    EXPECT_EQ(TickStepX(std::nextafter(row.Above, 0.0F)), finer) << row.Above;
+    EXPECT_EQ(TickStepX(std::nextafter(row.Above, 1e9F)), row.Step) << row.Above;
+    finer = row.Step;
+  }
+  EXPECT_EQ(TickStepX(8), 1);
+  const std::vector<Row> along_y{{10, 5},        {50, 20},        {200, 70},        {800, 150},
+                                 {2000, 500},    {5000, 1000},    {10000, 3000},    {30000, 6000},
+                                 {60000, 15000}, {200000, 50000}, {500000, 100000}, {1000000, 200000},
+                                 {3000000, 1e6}, {10000000, 2e6}};
+  finer = 2;
+  for (const Row& row : along_y) {
+    EXPECT_EQ(TickStepY(row.Above), finer) << row.Above;
+    EXPECT_EQ(TickStepY(std::nextafter(row.Above, 1e9F)), row.Step) << row.Above;
+    finer = row.Step;
+  }
+}
+
+TEST(PlotTicks, LabelsStandFurtherLeftTheLongerTheyAre) {
+  const std::vector<std::pair<double, double>> positive{
+      {0, 6}, {9.9, 6}, {10, 8}, {99, 8}, {100, 9}, {1000, 10}, {1e4, 11}, {1e5, 12}, {1e6, 13}, {1e7, 14}};
+  for (const auto& [y, offset] : positive) {
+    EXPECT_EQ(TickOffsetY(y, false), offset) << y;
+    EXPECT_EQ(TickOffsetY(y, true), offset) << y;
+  }
+  const std::vector<std::pair<double, double>> negative{{-0.9, 6},  {-1, 8},    {-10, 9},   {-100, 10},
+                                                        {-1e3, 11}, {-1e4, 12}, {-1e5, 13}, {-1e6, 14}};
+  for (const auto& [y, offset] : negative) {
+    EXPECT_EQ(TickOffsetY(y, true), offset) << y;
+    EXPECT_EQ(TickOffsetY(y, false), 6) << y;
+  }
+}
+
+TEST(PlotTicks, AWalkThatWouldNotEndIsNotBegun) {
+  int rounds = 0;
+  const auto count = [&](double) { ++rounds; };
+  WalkTicks(-0.02, 0.02, 1e17, count);  // the step is lost in the size of the numbers
+  WalkTicks(-3e38, 2e6, 1, count);
+  WalkTicks(0, 1, std::nan(""), count);
+  WalkTicks(0, 1, INFINITY, count);
+  EXPECT_EQ(rounds, 0);
+  WalkTicks(0, 1, 1e6, count);
+  EXPECT_EQ(rounds, 1000000);
+  // A narrow plot far from 0 draws its curve without ticks along X, rather than hanging.
+  const Plotted far({1e9F, 1e9F + 64, 0, 5});
+  EXPECT_EQ(far.Labels(), (std::vector<std::string>{" 0", " 2", " 4"}));
+}
+
+}  // namespace
+}  // namespace koprax

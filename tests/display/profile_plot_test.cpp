@@ -1,0 +1,128 @@
+// The curve of a profile, and the cutting of a profile to a range.
+#include "display/profile_plot.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "display/plot_transform.h"
+#include "display/zoom.h"
+#include "workspace/temporary_copy.h"
+
+namespace koprax {
+namespace {
+
+/// A workspace whose buffer a shows the points; the limits of X are the first and the last of them.
+Workspace WithProfile(const std::vector<std::pair<float, float>>& points, float ymin, float ymax) {
+  Workspace data;
+  data.CurBuf = 1;
+  ProfileBuffer& buffer = data.Buffer(1);
+  buffer.PermNpts = static_cast<std::int16_t>(points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    buffer.PermX[i + 1] = points[i].first;
+    buffer.PermY[i + 1] = points[i].second;
+  }
+  buffer.PermXMin = points.front().first;
+  buffer.PermXMax = points.back().first;
+  buffer.PermYMin = ymin;
+  buffer.PermYMax = ymax;
+  TakeTemporaryCopy(buffer);
+  return data;
+}
+
+std::vector<LineOperation> CurveOf(Workspace& data) {
+  Surface frame{PlotPicture().Scale};
+  Surface picture{PlotPicture().Scale};
+  EXPECT_EQ(DrawProfile(data, 1, picture), PlotOutcome::Drawn);
+  const auto points = data.Buffer(1).WorkNpts;
+  data.Buffer(1).WorkNpts = 0;
+  EXPECT_EQ(DrawProfile(data, 1, frame), PlotOutcome::Drawn);
+  data.Buffer(1).WorkNpts = points;
+  std::vector<LineOperation> curve;
+  for (std::size_t i = frame.Operations().size(); i < picture.Operations().size(); ++i) {
+    curve.push_back(std::get<LineOperation>(picture.Operations()[i]));
+  }
+  return curve;
+}
+
+TEST(ProfilePlot, OneSegmentAPairOfNeighboursInTheScaleOfTheFrame) {
+  Workspace data = WithProfile({{10, 0}, {15, 100}, {20, 50}}, 0, 100);
+  // 95 units for 10 degrees, 71.25 for 100 counts, exact in 32 bits up to the scale's own rounding.
+  const auto y50 = static_cast<float>(15 + static_cast<double>(0.7125F) * 50);
+  const auto y100 = static_cast<float>(15 + static_cast<double>(0.7125F) * 100);
+  EXPECT_EQ(CurveOf(data),
+            (std::vector<LineOperation>{{20, 15, 67.5F, y100, 0}, {67.5F, y100, 115, y50, 0}}));
+  EXPECT_EQ(data.PlotXMin, 10);
+  EXPECT_EQ(data.PlotYMax, 100);
+}
+
+TEST(ProfilePlot, SegmentsPastTheTopOrOutsideTheRangeAreLeftOutThoseBelowTheAxisAreNot) {
+  // The plot ends 5 per cent above the highest Y: 105.3 of 100 is above it, 105.2 isn't.
+  Workspace data = WithProfile({{10, 1}, {11, 105.3F}, {12, 2}, {13, 105.2F}, {14, -30}, {20, 3}}, 0, 100);
+  data.Buffer(1).WorkX[5] = 25;  // beyond the range, without being its end
+  EXPECT_EQ(CurveOf(data).size(), 1U);
+  data.Buffer(1).WorkX[5] = 14;
+  const auto curve = CurveOf(data);
+  ASSERT_EQ(curve.size(), 3U);
+  EXPECT_LT(curve.back().Y1, 15);
+}
+
+TEST(ProfilePlot, ACurveOnAZeroLine) {
+  Workspace data = WithProfile({{0, -50}, {10, 100}}, -50, 100);
+  const auto curve = CurveOf(data);
+  ASSERT_EQ(curve.size(), 1U);
+  EXPECT_NEAR(curve[0].Y1, 15, 1e-4);     // the lowest point stands on the X axis
+  EXPECT_NEAR(curve[0].Y2, 86.25, 1e-4);  // the highest leaves the free share above it
+}
+
+TEST(ProfilePlot, NothingIsDrawnWithoutARangeOfX) {
+  for (const auto& points : std::vector<std::vector<std::pair<float, float>>>{
+           {{10, 1}}, {{80, 1}, {10, 2}}, {{10, 1}, {10.000005F, 2}}}) {
+    Workspace data = WithProfile(points, 0, 2);
+    Surface picture{PlotPicture().Scale};
+    EXPECT_EQ(DrawProfile(data, 1, picture), PlotOutcome::NoXRange);
+    EXPECT_TRUE(picture.Operations().empty());
+  }
+}
+
+TEST(Zoom, KeepsThePointsOfTheRangeInOrderAndClearsTheRest) {
+  Workspace data = WithProfile({{1, 10}, {2, 20}, {3, 30}, {4, 40}, {5, 50}}, 10, 50);
+  ProfileBuffer& buffer = data.Buffer(1);
+  buffer.WorkX[6] = 99;  // stale, behind the profile
+  CutToRange(data, 2, 4);
+  EXPECT_EQ(buffer.WorkNpts, 3);
+  EXPECT_EQ(std::vector(buffer.WorkX.begin() + 1, buffer.WorkX.begin() + 7),
+            (std::vector<float>{2, 3, 4, 0, 0, 99}));
+  EXPECT_EQ(std::vector(buffer.WorkY.begin() + 1, buffer.WorkY.begin() + 6),
+            (std::vector<float>{20, 30, 40, 0, 0}));
+  EXPECT_EQ(buffer.WorkXMin, 2);
+  EXPECT_EQ(buffer.WorkXMax, 4);
+  EXPECT_EQ(buffer.WorkYMax, 50);
+  EXPECT_TRUE(IsZoomed(buffer));
+  CutToRange(data, 2.2F, 2.8F);
+  EXPECT_EQ(buffer.WorkNpts, 0);
+
+  CommitTemporaryCopy(buffer);
+  EXPECT_EQ(buffer.PermNpts, 0);
+  EXPECT_EQ(buffer.PermX[1], 0);
+}
+
+TEST(TemporaryCopy, CommitFindsTheLimitsOfYFromStartValuesThatAreNoExtremes) {
+  Workspace data = WithProfile({{1, 20000}, {2, 30000}, {3, 25000}}, 0, 0);
+  ProfileBuffer& buffer = data.Buffer(1);
+  CommitTemporaryCopy(buffer);
+  EXPECT_EQ(buffer.PermYMin, 10000);
+  EXPECT_EQ(buffer.PermYMax, 30000);
+  EXPECT_EQ(buffer.PermXMax, 3);
+  EXPECT_FALSE(IsZoomed(buffer));
+  for (float* limit : {&buffer.WorkX[1], &buffer.WorkXMin, &buffer.WorkXMax}) {
+    *limit += 0.00005F;
+    EXPECT_FALSE(IsZoomed(buffer));
+    *limit += 0.0002F;
+    EXPECT_TRUE(IsZoomed(buffer));
+    TakeTemporaryCopy(buffer);
+  }
+}
+
+}  // namespace
+}  // namespace koprax
