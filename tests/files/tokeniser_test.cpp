@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -113,22 +114,8 @@ TEST(TokeniseLine, LaysTheLineOutCharacterByCharacter) {
 bool PlainSeparator(char c) { return c == ' ' || c == ','; }
 
 bool PlainIsNumber(const std::string& word) {
-  const std::size_t n = word.size();
-  if (n > 24) return true;
-  int bad = 0;
-  int letters = 0;
-  std::size_t letter_at = 0;
-  for (std::size_t i = 1; i <= n; ++i) {
-    const char c = word[i - 1];
-    if (std::string("0123456789.+-").find(c) != std::string::npos) continue;
-    ++bad;
-    if (c == 'E' || c == 'e') {
-      ++letters;
-      letter_at = i;
-    }
-  }
-  if (bad == 0) return true;
-  return bad == 1 && letters == 1 && letter_at != 1 && letter_at != n;
+  static const std::regex rule("[0-9.+-]+([Ee][0-9.+-]+)?");
+  return word.size() > 24 || std::regex_match(word, rule);
 }
 
 /// One-byte characters only.

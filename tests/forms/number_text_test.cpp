@@ -13,6 +13,7 @@
 #include <limits>
 #include <locale>
 #include <random>
+#include <regex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -59,52 +60,30 @@ std::string PlainGeneralText(Float value, int most_digits) {
   return mantissa + power.data();
 }
 
+/// The texts of some numbers, separated by blanks.
+template <class Float>
+std::string Shown(const std::vector<Float>& values) {
+  std::string texts;
+  for (const Float value : values) texts.append(texts.empty() ? "" : " ").append(GeneralText(value));
+  return texts;
+}
+
 TEST(GeneralText, ShowsTheShortestTextOfA32BitFloat) {
-  const std::vector<std::pair<float, std::string>> cases{
-      {0.0F, "0"},
-      {-0.0F, "0"},
-      {0.5F, "0.5"},
-      {-3.0F, "-3"},
-      {0.1F, "0.1"},
-      {100.0F, "100"},
-      {16777216.0F, "1.677722E+07"},
-      {9999999.0F, "9999999"},
-      {1e7F, "1E+07"},
-      {1.5e7F, "1.5E+07"},
-      {0.0001F, "0.0001"},
-      {0.00012345678F, "0.0001234568"},
-      {0.00005F, "0.00005"},
-      {1e-7F, "0.0000001"},
-      {1e-8F, "1E-08"},
-      {1.234567e-5F, "1.234567E-05"},
-      {-1.234567e-5F, "-1.234567E-05"},
-      {1.0F / 3, "0.3333333"},
-      {99.999999F, "100"},
-      {1.54056F, "1.54056"},
-      {std::numeric_limits<float>::max(), "3.402823E+38"},
-      {std::numeric_limits<float>::denorm_min(), "1E-45"},
-      {infinity32, "Inf"},
-      {-infinity32, "-Inf"},
-      {std::numeric_limits<float>::quiet_NaN(), "NaN"},
-  };
-  for (const auto& [value, text] : cases) EXPECT_EQ(GeneralText(value), text);
+  using Limits = std::numeric_limits<float>;
+  EXPECT_EQ(Shown<float>({0, -0.0F, 0.5F, -3, 0.1F, 100, 1.54056F}), "0 0 0.5 -3 0.1 100 1.54056");
+  EXPECT_EQ(Shown<float>({1.0F / 3, 99.999999F, 0.00012345678F}), "0.3333333 100 0.0001234568");
+  EXPECT_EQ(Shown<float>({9999999, 1e7F, 1.5e7F, 16777216}), "9999999 1E+07 1.5E+07 1.677722E+07");
+  EXPECT_EQ(Shown<float>({0.0001F, 0.00005F, 1e-7F, 1e-8F}), "0.0001 0.00005 0.0000001 1E-08");
+  EXPECT_EQ(Shown<float>({-1.234567e-5F, Limits::max(), Limits::denorm_min()}),
+            "-1.234567E-05 3.402823E+38 1E-45");
+  EXPECT_EQ(Shown<float>({infinity32, -infinity32, Limits::quiet_NaN()}), "Inf -Inf NaN");
 }
 
 TEST(GeneralText, ShowsTheShortestTextOfA64BitFloat) {
-  const std::vector<std::pair<double, std::string>> cases{
-      {0.1, "0.1"},
-      {1.0 / 3, "0.333333333333333"},
-      {2.9999999999999996, "3"},
-      {999999999999999.0, "999999999999999"},
-      {999999999999999.9, "1E+15"},
-      {1e15, "1E+15"},
-      {1e-15, "0.000000000000001"},
-      {1e-16, "1E-16"},
-      {0.1 + 0.2, "0.3"},
-      {-1.7976931348623157e308, "-1.79769313486232E+308"},
-      {5e-324, "5E-324"},
-  };
-  for (const auto& [value, text] : cases) EXPECT_EQ(GeneralText(value), text);
+  EXPECT_EQ(Shown<double>({0.1, 0.1 + 0.2, 1.0 / 3, 2.9999999999999996}), "0.1 0.3 0.333333333333333 3");
+  EXPECT_EQ(Shown<double>({999999999999999.0, 999999999999999.9, 1e15}), "999999999999999 1E+15 1E+15");
+  EXPECT_EQ(Shown<double>({1e-15, 1e-16, 5e-324}), "0.000000000000001 1E-16 5E-324");
+  EXPECT_EQ(GeneralText(-1.7976931348623157e308), "-1.79769313486232E+308");
 }
 
 /// Compares with the trial for every `stride`-th of all 2^32 floats; returns the first float that differs.
@@ -114,7 +93,7 @@ std::string FirstDifference(std::uint64_t start, std::uint64_t stride) {
     if (!std::isfinite(value)) continue;
     const std::string plain = PlainGeneralText(value, 7);
     const std::string text = GeneralText(value);
-    if (text != plain) return "\"" + text + "\" instead of \"" + plain + "\"";
+    if (text != plain) return std::string(text).append(" instead of ").append(plain);
   }
   return {};
 }
@@ -165,36 +144,12 @@ TEST(FormatDigits, ShowsDigitsOnlyWhereTheValueHasThem) {
 
 // ---- Rounding --------------------------------------------------------------------------------------
 
-/// |value| * 10^decimals rounded half to even in whole-number arithmetic; the value has at most 60
-/// binary places and is below 2^20.
-std::uint64_t PlainScaledRound(double value, int decimals) {
-  int exponent = 0;
-  const double part = std::frexp(std::abs(value), &exponent);
-  auto numerator = static_cast<unsigned __int128>(std::ldexp(part, 53));
-  for (int i = 0; i < decimals; ++i) numerator *= 10;
-  const int shift = 53 - exponent;
-  if (shift > 110) return 0;
-  const auto one = static_cast<unsigned __int128>(1) << shift;
-  auto whole = static_cast<std::uint64_t>(numerator / one);
-  const auto rest = numerator % one;
-  if (rest * 2 > one || (rest * 2 == one && whole % 2 == 1)) ++whole;
-  return whole;
-}
-
-/// The decimal text of the rounded value, from the digits of the whole number.
-std::string PlainRounded(double value, int decimals) {
-  std::string digits = std::to_string(PlainScaledRound(value, decimals));
-  const auto places = static_cast<std::size_t>(decimals);
-  if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
-  digits.insert(digits.size() - places, ".");
-  return (value < 0 ? "-" : "") + digits;
-}
-
-void ExpectRoundedExactly(double value, int decimals) {
-  const std::string text = PlainRounded(value, decimals);
+/// The C library prints the exact value, an exact half to the even digit.
+void ExpectRoundedAsPrinted(double value, int decimals) {
+  const std::string text = Printed("%.*f", decimals, value);
   ASSERT_EQ(RoundDecimals(value, decimals), std::strtod(text.c_str(), nullptr)) << text;
   const auto narrow = static_cast<float>(value);
-  const std::string narrow_text = PlainRounded(static_cast<double>(narrow), decimals);
+  const std::string narrow_text = Printed("%.*f", decimals, static_cast<double>(narrow));
   ASSERT_EQ(RoundDecimals(narrow, decimals), std::strtof(narrow_text.c_str(), nullptr)) << narrow_text;
 }
 
@@ -214,7 +169,7 @@ TEST(RoundDecimals, TakesTheExactValueAndHalvesToTheEvenDigit) {
   EXPECT_TRUE(std::isnan(RoundDecimals(std::nan(""), 2)));
 }
 
-TEST(RoundDecimals, AgreesWithWholeNumberArithmetic) {
+TEST(RoundDecimals, AgreesWithPrintedDecimals) {
   std::mt19937_64 random(2);
   for (int i = 0; i < 20000; ++i) {
     const int decimals = static_cast<int>(random() % 10);
@@ -225,7 +180,7 @@ TEST(RoundDecimals, AgreesWithWholeNumberArithmetic) {
     const double half = (static_cast<double>(random() % 100000) + 0.5) / std::pow(10.0, decimals);
     const double dyadic = static_cast<double>(random() % 65536) / static_cast<double>(1U << (random() % 12));
     for (const double value : {any, half, std::nextafter(half, 0), std::nextafter(half, 1e9), dyadic}) {
-      ExpectRoundedExactly(sign * value, decimals);
+      ExpectRoundedAsPrinted(sign * value, decimals);
     }
   }
 }
@@ -252,41 +207,13 @@ TEST(Fix, TruncatesTowardZero) {
 
 // ---- Numbers from text -----------------------------------------------------------------------------
 
-/// The rule as a machine of states, one character at a time; the accepted text goes to strtod.
+/// The rule as a pattern; what it accepts goes to strtod.
 double PlainLeadingNumber(const std::string& text) {
-  enum class State { Start, Sign, Whole, Period, Decimals } state = State::Start;
-  std::string accepted;
-  std::size_t at = 0;
-  bool digits = false;
-  for (bool fits = true; fits && at < text.size();) {
-    const char c = text[at];
-    const bool digit = c >= '0' && c <= '9';
-    fits = true;
-    if (state == State::Start && c == ' ') {
-    } else if (state == State::Start && (c == '+' || c == '-')) {
-      state = State::Sign;
-    } else if (digit) {
-      if (state == State::Start || state == State::Sign) state = State::Whole;
-      if (state == State::Period) state = State::Decimals;
-    } else if (c == '.' && state < State::Period) {
-      state = State::Period;
-    } else {
-      fits = false;
-    }
-    if (!fits) break;
-    digits = digits || digit;
-    if (c != ' ') accepted += c;
-    ++at;
-  }
-  if (!digits) return 0;
-  std::string exponent = "e";
-  if (at < text.size() && std::string("EeDd").find(text[at]) != std::string::npos) {
-    if (++at < text.size() && (text[at] == '+' || text[at] == '-')) exponent += text[at++];
-    const std::size_t signs = exponent.size();
-    while (at < text.size() && text[at] >= '0' && text[at] <= '9') exponent += text[at++];
-    if (exponent.size() > signs) accepted += exponent;
-  }
-  return std::strtod(accepted.c_str(), nullptr);
+  static const std::regex rule(R"( *([+-]?(?:\d+\.?\d*|\.\d+))(?:[EeDd]([+-]?\d+))?)");
+  std::smatch parts;
+  if (!std::regex_search(text, parts, rule, std::regex_constants::match_continuous)) return 0;
+  const std::string number = parts.str(1) + "E" + (parts[2].matched ? parts.str(2) : "0");
+  return std::strtod(number.c_str(), nullptr);
 }
 
 TEST(LeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
@@ -295,8 +222,7 @@ TEST(LeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
       {"1-2", 1},      {"2.3.4", 2.3},  {"1.0D3", 1000}, {"-1.5d-2x", -0.015}, {"1E", 1},
       {"1E+", 1},      {"2e3.5", 2000}, {"+7", 7},       {".5", 0.5},          {"5.", 5},
       {"  12 34", 12}, {"\t12", 0},     {"0x10", 0},     {"inf", 0},           {"nan", 0},
-      {"1,5", 1},      {"1.5E 3", 1.5}, {"--1", 0},      {"- 1", 0},           {".E5", 0},
-  };
+      {"1,5", 1},      {"1.5E 3", 1.5}, {"--1", 0},      {"- 1", 0},           {".E5", 0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(LeadingNumber(text), value) << text;
 }
 
@@ -314,16 +240,16 @@ TEST(LeadingNumber, GoesToInfinityOrZeroBeyondTheRange) {
   EXPECT_EQ(LeadingNumber(std::string(1000000, '0') + "5"), 5);
 }
 
-TEST(LeadingNumber, AgreesWithAMachineOfStates) {
+TEST(LeadingNumber, AgreesWithThePattern) {
   const std::string alphabet = "00123456789999..+-EeDd x,";
   std::mt19937 random(3);
-  for (int i = 0; i < 300000; ++i) {
+  for (int i = 0; i < 50000; ++i) {
     std::string text;
     for (auto length = random() % 26; length > 0; --length) text += alphabet[random() % alphabet.size()];
     ASSERT_EQ(LeadingNumber(text), PlainLeadingNumber(text)) << text;
   }
   // Words of digits with a period at any place: the quick conversion and the long one meet here.
-  for (int i = 0; i < 300000; ++i) {
+  for (int i = 0; i < 50000; ++i) {
     std::string text;
     for (auto length = 1 + random() % 22; length > 0; --length)
       text += static_cast<char>('0' + random() % 10);

@@ -226,9 +226,7 @@ class OrdinaryUser {
   }
   OrdinaryUser(const OrdinaryUser&) = delete;
   OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-  ~OrdinaryUser() {
-    EXPECT_EQ(changed_ ? ::seteuid(before_) : 0, 0);
-  }
+  ~OrdinaryUser() { EXPECT_EQ(changed_ ? ::seteuid(before_) : 0, 0); }
 
  private:
   uid_t before_ = ::geteuid();
