@@ -43,13 +43,15 @@ inline DecimalScan ScanDecimal(const char* at, const char* end) {
   return scan;
 }
 
+inline constexpr std::array<double, 16> PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 /// The value of a scan of few digits, or nothing when it takes a longer computation. A mantissa below
 /// 2^53 and powers of ten up to 10^22 are exact in 64 bits, so the single division rounds correctly.
 inline std::optional<double> QuickValue(const DecimalScan& scan) {
-  constexpr std::array<double, 16> powers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  if (scan.Digits >= static_cast<std::ptrdiff_t>(powers.size())) return std::nullopt;
-  const double value = static_cast<double>(scan.Mantissa) / powers[static_cast<std::size_t>(scan.Decimals)];
+  if (scan.Digits >= static_cast<std::ptrdiff_t>(PowersOfTen.size())) return std::nullopt;
+  const double value =
+      static_cast<double>(scan.Mantissa) / PowersOfTen[static_cast<std::size_t>(scan.Decimals)];
   return scan.Negative ? -value : value;
 }
 

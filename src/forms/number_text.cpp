@@ -101,12 +101,11 @@ std::string FixedText(double value, int decimals) {
 /// the right one; it and the power of ten are exact, and the division rounds correctly. Up to 8 decimals
 /// a quotient in 64 bits never lies on a half of 32 bits without being it, so it may be stored as a float.
 std::optional<double> QuickRound(double value, int decimals) {
-  constexpr std::array<double, 9> powers{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
   if (decimals < 0 || decimals > 8) return std::nullopt;
-  const double power = powers[static_cast<std::size_t>(decimals)];
+  const double power = PowersOfTen[static_cast<std::size_t>(decimals)];
   const double scaled = std::abs(value) * power;
   if (!(scaled < 0x1p40)) return std::nullopt;
-  const double whole = std::floor(scaled + 0.5);
+  const auto whole = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
   if (std::abs(std::abs(scaled - whole) - 0.5) < 0x1p-13) return std::nullopt;
   return std::copysign(whole / power, value);
 }
