@@ -127,6 +127,10 @@ PictureWidget* FormWindow::PictureUnder(const Control& overlay) const {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal != nullptr && modal != this) {
+    return;  // a box or a modal form is to be answered first
+  }
   ActOn(form_, [this] { form_.lock()->CloseBox(); });
 }
 

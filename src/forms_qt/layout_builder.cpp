@@ -9,8 +9,8 @@ namespace koprax {
 
 namespace {
 
-constexpr int Gap = 6;         // between neighbours
-constexpr int WindowEdge = 9;  // between the contents and the edge of a window
+constexpr int Gap = 5;         // between neighbours
+constexpr int WindowEdge = 7;  // between the contents and the edge of a window
 constexpr int FrameEdge = 6;   // between the contents and the edge of a frame
 
 using Kind = LayoutNode::Kind;

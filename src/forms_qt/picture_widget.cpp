@@ -104,7 +104,7 @@ void PictureWidget::PaintOnPaper(std::size_t first_operation) {
   paper_.setDevicePixelRatio(1);
   {
     QPainter painter(&paper_);
-    SurfacePainter(painter, picture_.Scale(), QSizeF(size()) * density, std::max(1.0, std::floor(density)))
+    SurfacePainter(painter, picture_.Scale(), QSizeF(size()) * density, std::max(1.0, density))
         .Paint(operations);
   }
   paper_.setDevicePixelRatio(density);

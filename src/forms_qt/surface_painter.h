@@ -59,6 +59,7 @@ class SurfacePainter {
   void Paint(const TextOperation& text);
   void StartRun(const LineOperation& line);
   void FinishRun();
+  void PaintCurve(const QColor& colour);
   void FillSegment(QPointF from, QPointF to, const QColor& colour);
 
   QPainter& painter_;

@@ -1,0 +1,251 @@
+// A window of every kind of control, worked with mouse and keyboard through its real widgets.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "view_fixture.h"
+
+namespace koprax {
+namespace {
+
+class SampleForm final : public Form {
+ public:
+  explicit SampleForm(Desktop& desk, std::string name = "Sample") : Form(desk, std::move(name), "A sample") {
+    SetLayout(Column({
+        Row({cmdStart, Command1, Space()}),
+        Framed(Frame1, Row({optA, optB})),
+        Row({Check1, Text1, Text2}),
+        Text3,
+        KeepingRoom(Label1),
+        Stack({Combo1, Text4}),
+    }));
+    cmdStart.OnClick = [this] { ++Clicks; };
+    optA.OnClick = [this] { ++Clicks; };
+    Text1.OnChange = [this] { ++Changes; };
+    Combo1.OnChange = [this] { ++Changes; };
+  }
+
+  int Clicks = 0;
+  int Changes = 0;
+  Button cmdStart{*this, "cmdStart", {.Caption = "&Start", .ToolTip = "Starts it"}};
+  Button Command1{*this, "Command1", {.Caption = "?"}};
+  Frame Frame1{*this, "Frame1", {.Caption = "Choices"}};
+  OptionButton optA{*this, "optA", {.Caption = "OK"}};
+  OptionButton optB{*this, "optB", {.Caption = "Cancel"}};
+  CheckBox Check1{*this, "Check1", {.Caption = "tick"}};
+  TextBox Text1{*this, "Text1", {.Text = "old"}};
+  TextBox Text2{*this, "Text2", {.Text = "read only", .Locked = true}};
+  TextBox Text3{*this, "Text3", {.Text = "one\r\ntwo", .MultiLine = true, .Columns = 30, .Rows = 4}};
+  Label Label1{*this, "Label1", {.Caption = "said"}};
+  ComboBox Combo1{*this, "Combo1", {.Text = "free", .Items = {"first", "second"}}};
+  TextBox Text4{*this, "Text4", {}};
+};
+
+using FormWindowTest = ViewTest;
+
+TEST_F(FormWindowTest, ShowsWhatTheControlsHold) {
+  SampleForm& form = Show<SampleForm>();
+  EXPECT_EQ(Window(form).windowTitle(), "A sample");
+  EXPECT_EQ(Widget(form.cmdStart).toolTip(), "Starts it");
+  EXPECT_EQ(Widget<QGroupBox>(form.Frame1).title(), "Choices");
+  EXPECT_EQ(Widget<QPlainTextEdit>(form.Text3).toPlainText(), "one\ntwo");
+  EXPECT_EQ(Widget<QComboBox>(form.Combo1).currentText(), "free");
+  EXPECT_EQ(Widget<QComboBox>(form.Combo1).count(), 2);
+  const QWidget& help = Widget(form.Command1);
+  EXPECT_EQ(help.width(), help.height());
+  EXPECT_EQ(help.height(), Widget(form.cmdStart).height());
+}
+
+TEST_F(FormWindowTest, ButtonsAnswerToMouseMnemonicAndKeys) {
+  SampleForm& form = Show<SampleForm>();
+  Click(form.cmdStart);
+  EXPECT_EQ(form.Clicks, 1);
+  // A mnemonic shows the button pressed for a moment first.
+  QTest::keyClick(&Window(form), Qt::Key_S, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return form.Clicks == 2; }, 2000));
+  Widget(form.cmdStart).setFocus();
+  QTest::keyClick(&Widget(form.cmdStart), Qt::Key_Return);
+  QTest::keyClick(&Widget(form.cmdStart), Qt::Key_Space);
+  EXPECT_EQ(form.Clicks, 4);
+
+  form.cmdStart.Enabled = false;
+  Click(form.cmdStart);
+  EXPECT_EQ(form.Clicks, 4);
+  EXPECT_FALSE(Widget(form.cmdStart).isEnabled());
+}
+
+TEST_F(FormWindowTest, TabGoesThroughTheLayoutPastLockedBoxes) {
+  SampleForm& form = Show<SampleForm>();
+  Window(form).activateWindow();
+  Widget(form.cmdStart).setFocus();
+  std::vector<std::string> order;
+  for (int i = 0; i < 7; ++i) {
+    order.push_back(QApplication::focusWidget()->objectName().toStdString());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(order,
+            (std::vector<std::string>{"cmdStart", "Command1", "optA", "optB", "Check1", "Text1", "Text3"}));
+}
+
+TEST_F(FormWindowTest, OptionsFollowTheControls) {
+  SampleForm& form = Show<SampleForm>();
+  EXPECT_FALSE(Widget<QRadioButton>(form.optA).isChecked());
+  Click(form.optA);
+  EXPECT_TRUE(form.optA.Value);
+  EXPECT_TRUE(Widget<QRadioButton>(form.optA).isChecked());
+  Click(form.optA);
+  EXPECT_TRUE(Widget<QRadioButton>(form.optA).isChecked());
+  EXPECT_EQ(form.Clicks, 2);
+  Click(form.optB);
+  EXPECT_FALSE(Widget<QRadioButton>(form.optA).isChecked());
+
+  // No option of a group need be chosen.
+  form.optB.Value = false;
+  EXPECT_FALSE(Widget<QRadioButton>(form.optB).isChecked());
+
+  QTest::keyClick(&Widget(form.Check1), Qt::Key_Space);
+  EXPECT_EQ(form.Check1.Value, 1);
+  form.Check1.Value = 0;
+  EXPECT_FALSE(Widget<QCheckBox>(form.Check1).isChecked());
+}
+
+TEST_F(FormWindowTest, TypingReachesTheBoxes) {
+  SampleForm& form = Show<SampleForm>();
+  auto& edit = Widget<QLineEdit>(form.Text1);
+  edit.selectAll();
+  QTest::keyClicks(&edit, "1.54");
+  EXPECT_EQ(form.Text1.Text, "1.54");
+  EXPECT_EQ(form.Changes, 4);
+  form.Text1.Text = "from the program";
+  EXPECT_EQ(edit.text(), "from the program");
+  EXPECT_EQ(form.Changes, 4);
+
+  QTest::keyClicks(&Widget(form.Text2), "no");
+  EXPECT_EQ(form.Text2.Text, "read only");
+  EXPECT_TRUE(Widget(form.Text2).isEnabled());
+
+  auto& lines = Widget<QPlainTextEdit>(form.Text3);
+  lines.moveCursor(QTextCursor::End);
+  QTest::keyClick(&lines, Qt::Key_Return);
+  QTest::keyClicks(&lines, "three");
+  EXPECT_EQ(form.Text3.Text, "one\r\ntwo\r\nthree");
+}
+
+TEST_F(FormWindowTest, ComboBoxesTakeChoicesAndFreeText) {
+  SampleForm& form = Show<SampleForm>();
+  auto& combo = Widget<QComboBox>(form.Combo1);
+  combo.setCurrentIndex(1);
+  EXPECT_EQ(form.Combo1.Text, "second");
+  combo.lineEdit()->selectAll();
+  QTest::keyClicks(combo.lineEdit(), "x");
+  EXPECT_EQ(form.Combo1.Text, "x");
+  EXPECT_EQ(form.Changes, 2);
+  form.Combo1.Items = {"third"};
+  EXPECT_EQ(combo.currentText(), "x");
+  EXPECT_EQ(form.Changes, 2);
+}
+
+TEST_F(FormWindowTest, HiddenControlsKeepTheirRoomWhereTold) {
+  SampleForm& form = Show<SampleForm>();
+  const QSize before = Window(form).size();
+  form.Label1.Visible = false;
+  form.Combo1.Visible = false;
+  form.Text4.Visible = false;
+  Settle();
+  EXPECT_FALSE(Widget(form.Label1).isVisible());
+  EXPECT_EQ(Window(form).size(), before);
+  form.Text3.Visible = false;
+  Settle();
+  EXPECT_LT(Window(form).height(), before.height());
+}
+
+TEST_F(FormWindowTest, SymbolFontReadsAsGreek) {
+  SampleForm& form = Show<SampleForm>();
+  form.Text2.Font = "symbol";
+  form.Text2.Text = "l = 1.54184";
+  EXPECT_EQ(Widget<QLineEdit>(form.Text2).text(), QString::fromUtf8("λ = 1.54184"));
+  EXPECT_EQ(form.Text2.Text, "l = 1.54184");
+  form.Text1.Font = "Symbol";
+  auto& edit = Widget<QLineEdit>(form.Text1);
+  edit.setCursorPosition(0);
+  QTest::keyClicks(&edit, "q");
+  EXPECT_EQ(form.Text1.Text, "qold");
+}
+
+TEST_F(FormWindowTest, ClosingIsTheFormsOwnDecision) {
+  class StubbornForm final : public Form {
+   public:
+    explicit StubbornForm(Desktop& desk) : Form(desk, "Stubborn", "") {}
+    int Asked = 0;
+
+   private:
+    void OnCloseBox() override { ++Asked; }
+  };
+  StubbornForm& stubborn = Show<StubbornForm>();
+  Window(stubborn).close();
+  EXPECT_EQ(stubborn.Asked, 1);
+  EXPECT_TRUE(Window(stubborn).isVisible());
+
+  SampleForm& form = Show<SampleForm>();
+  Window(form).close();
+  EXPECT_EQ(desk_.Find("Sample"), nullptr);
+}
+
+TEST_F(FormWindowTest, AFormMayUnloadItselfInItsOwnHandler) {
+  SampleForm& form = Show<SampleForm>();
+  QPointer<FormWindow> window = &Window(form);
+  const std::weak_ptr<Form> life = form.weak_from_this();
+  form.cmdStart.OnClick = [&form] { form.Unload(); };
+  QWidget& button = Widget(form.cmdStart);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_TRUE(life.expired());
+  // What the user still does to the window that is about to go reaches nobody.
+  if (window) {
+    EXPECT_FALSE(window->isVisible());
+    QTest::mouseClick(&button, Qt::LeftButton);
+  }
+  Settle();
+  EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(FormWindowTest, HidingKeepsTheWindowAndItsStep) {
+  SampleForm& form = Show<SampleForm>();
+  FormWindow& window = Window(form);
+  form.Hide();
+  EXPECT_FALSE(window.isVisible());
+  form.Text1.Text = "while away";
+  form.Show();
+  EXPECT_EQ(&Window(form), &window);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(Widget<QLineEdit>(form.Text1).text(), "while away");
+}
+
+TEST_F(FormWindowTest, TheWindowThatTheUserGoesToIsTheFrontOne) {
+  SampleForm& first = Show<SampleForm>("First");
+  SampleForm& second = Show<SampleForm>("Second");
+  EXPECT_EQ(desk_.ShownForms().front().get(), &second);
+  Window(first).activateWindow();
+  Settle();
+  EXPECT_EQ(desk_.ShownForms().front().get(), &first);
+  second.BringToFront();
+  Settle();
+  EXPECT_TRUE(Window(second).isActiveWindow());
+}
+
+TEST_F(FormWindowTest, TheHourglassLiesOverAllOfAWindow) {
+  SampleForm& form = Show<SampleForm>();
+  form.MousePointer = Pointer::Hourglass;
+  EXPECT_EQ(Window(form).cursor().shape(), Qt::WaitCursor);
+  EXPECT_EQ(Widget(form.Text1).cursor().shape(), Qt::WaitCursor);
+  form.MousePointer = Pointer::Arrow;
+  EXPECT_EQ(Window(form).cursor().shape(), Qt::ArrowCursor);
+  EXPECT_EQ(Widget(form.Text1).cursor().shape(), Qt::IBeamCursor);
+}
+
+}  // namespace
+}  // namespace koprax

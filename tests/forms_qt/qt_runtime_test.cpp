@@ -1,0 +1,177 @@
+// Boxes and dialogs as a person answers them, modal windows, and what is written to files.
+#include <QFile>
+#include <QFileDialog>
+#include <QImage>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "forms/printer.h"
+#include "view_fixture.h"
+
+namespace koprax {
+namespace {
+
+class PlainForm final : public Form {
+ public:
+  explicit PlainForm(Desktop& desk, std::string name = "Plain") : Form(desk, std::move(name), "") {
+    SetLayout(Column({cmdGo}));
+    cmdGo.OnClick = [this] {
+      ++Clicks;
+      if (Handler) {
+        Handler();
+      }
+    };
+  }
+  int Clicks = 0;
+  std::function<void()> Handler;
+  Button cmdGo{*this, "cmdGo", {.Caption = "Go"}};
+};
+
+class QtRuntimeTest : public ViewTest {
+ protected:
+  /// Does something to the box that comes up, once it is up.
+  template <class BoxType>
+  static void WhenUp(std::function<void(BoxType&)> act) {
+    QTimer::singleShot(0, [act = std::move(act)] {
+      auto* box = qobject_cast<BoxType*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      act(*box);
+    });
+  }
+};
+
+TEST_F(QtRuntimeTest, MessageBoxesAreAnswered) {
+  const Message question{.Text = "Are you sure?\r\nReally?",
+                         .Title = "Warning",
+                         .Buttons = MessageButtons::YesNo,
+                         .Icon = MessageIcon::Question};
+  WhenUp<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "Are you sure?\nReally?");
+    EXPECT_EQ(box.windowTitle(), "Warning");
+    EXPECT_EQ(box.icon(), QMessageBox::Question);
+    box.button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(runtime_.MsgBox(question), MessageAnswer::Yes);
+  WhenUp<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
+  EXPECT_EQ(runtime_.MsgBox(question), MessageAnswer::No);
+  WhenUp<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_EQ(runtime_.MsgBox(question), MessageAnswer::No);
+  WhenUp<QMessageBox>([](QMessageBox& box) { box.close(); });
+  EXPECT_EQ(runtime_.MsgBox({.Text = "Done"}), MessageAnswer::Ok);
+}
+
+TEST_F(QtRuntimeTest, InputBoxesGiveTheTextOrNothing) {
+  const InputRequest request{.Prompt = "give a scale factor", .Title = "Scale factor", .Default = "0.5"};
+  WhenUp<QInputDialog>([](QInputDialog& box) {
+    EXPECT_EQ(box.textValue(), "0.5");
+    box.setTextValue("0.7");
+    box.accept();
+  });
+  EXPECT_EQ(runtime_.InputBox(request), "0.7");
+  WhenUp<QInputDialog>([](QInputDialog& box) { box.reject(); });
+  EXPECT_EQ(runtime_.InputBox(request), "");
+}
+
+TEST_F(QtRuntimeTest, SaveDialogsLeaveTheQuestionToTheProgram) {
+  const QTemporaryDir folder;
+  const QString name = folder.filePath("there.dat");
+  QFile file(name);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const FileDialogRequest request{.Type = FileDialogRequest::Kind::Save,
+                                  .Filter = "All Files (*.*)|*.*|dat Files (*.dat)|*.dat",
+                                  .FilterIndex = 2,
+                                  .Name = name.toStdString()};
+  WhenUp<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.selectedNameFilter(), "dat Files (*.dat)");
+    dynamic_cast<QDialog&>(dialog).accept();
+  });
+  EXPECT_EQ(runtime_.FileDialog(request), name.toStdString());
+  WhenUp<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(runtime_.FileDialog(request), std::nullopt);
+}
+
+TEST_F(QtRuntimeTest, AModalFormBlocksTheOthersUntilItGoes) {
+  PlainForm& main = Show<PlainForm>("Main");
+  main.Handler = [&] {
+    const auto modal = desk_.Load<PlainForm>(desk_, "Modal");
+    modal->Handler = [raw = modal.get()] { raw->Unload(); };
+    QTimer::singleShot(0, [&, raw = modal.get()] {
+      EXPECT_TRUE(Window(*raw).isModal());
+      const QWidget* blocker = QApplication::activeModalWidget();
+      EXPECT_EQ(blocker, &Window(*raw));
+      // A click through the window system does not reach the form behind.
+      QTest::mouseClick(Window(main).windowHandle(), Qt::LeftButton, {},
+                        Widget(main.cmdGo).geometry().center());
+      Window(main).close();
+      EXPECT_EQ(main.Clicks, 1);
+      Click(raw->cmdGo);
+    });
+    modal->ShowModal();
+    EXPECT_FALSE(modal->Visible());
+  };
+  Click(main.cmdGo);
+  main.Handler = nullptr;
+  Click(main.cmdGo);
+  EXPECT_EQ(main.Clicks, 2);
+}
+
+TEST_F(QtRuntimeTest, QuitEndsEveryLoop) {
+  PlainForm& main = Show<PlainForm>("Main");
+  bool came_back = false;
+  QTimer::singleShot(0, [&] { Click(main.cmdGo); });
+  main.Handler = [&] {
+    const auto modal = desk_.Load<PlainForm>(desk_, "Modal");
+    QTimer::singleShot(0, [&] { desk_.Quit(); });
+    modal->ShowModal();
+    came_back = true;
+  };
+  QApplication::exec();
+  EXPECT_TRUE(came_back);
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    EXPECT_FALSE(window->isVisible());
+  }
+}
+
+TEST_F(QtRuntimeTest, SettingsOutliveTheRun) {
+  EXPECT_EQ(runtime_.GetSetting("MyApp", "General", "Absent", "0"), "0");
+  runtime_.SaveSetting("MyApp", "General", "DontShow", "1");
+  QtPlatform next_run;
+  EXPECT_EQ(next_run.GetSetting("MyApp", "General", "DontShow", "0"), "1");
+  EXPECT_TRUE(QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + "/MyApp.ini"));
+}
+
+TEST_F(QtRuntimeTest, SnapshotsNeedAShownForm) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("shot.png").toStdString();
+  const auto hidden = desk_.Load<PlainForm>(desk_, "Hidden");
+  EXPECT_EQ(platform_.Snapshot(*hidden, path), "Hidden is not shown");
+  PlainForm& form = Show<PlainForm>();
+  EXPECT_EQ(platform_.Snapshot(form, path), std::nullopt);
+  EXPECT_EQ(QImage(QString::fromStdString(path)).size(), Window(form).size());
+  EXPECT_NE(platform_.Snapshot(form, folder.path().toStdString() + "/none/shot.png"), std::nullopt);
+}
+
+TEST_F(QtRuntimeTest, DocumentsBecomePages) {
+  Printer printer;
+  printer.BeginDocument(210, 297, {});
+  printer.SetScaleMode(PrinterScale::Millimetres);
+  printer.SetOrientation(PageOrientation::Landscape);
+  printer.Line(80, 50, 195, 50);
+  printer.Print("Intensity");
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("page.pdf");
+  ASSERT_EQ(platform_.PrintToFile(printer, path.toStdString()), std::nullopt);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray pdf = file.readAll();
+  EXPECT_TRUE(pdf.startsWith("%PDF"));
+  // A4 across, in points.
+  EXPECT_TRUE(pdf.contains("/MediaBox [0 0 842")) << pdf.mid(pdf.indexOf("/MediaBox"), 60).constData();
+  EXPECT_NE(platform_.PrintToFile(printer, "/none/page.pdf"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace koprax

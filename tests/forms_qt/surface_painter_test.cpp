@@ -1,0 +1,54 @@
+// Painting of texts, and the texts that are made for Qt on the way.
+#include "forms_qt/surface_painter.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "forms_qt/file_filter.h"
+#include "forms_qt/greek_letters.h"
+
+namespace koprax {
+namespace {
+
+QImage Painted(const std::string& text, const std::string& font) {
+  QImage image(80, 40, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  const UserScale scale{.Left = 0, .Top = 0, .Width = 20, .Height = 10};
+  const std::vector<DrawingOperation> operations{TextOperation{1, 1, text, colours::Black, font, 20}};
+  SurfacePainter(painter, scale, QSizeF(80, 40), 1).Paint(operations);
+  return image;
+}
+
+TEST(SurfacePainter, SymbolFontDrawsGreek) {
+  EXPECT_EQ(Painted("2q", "symbol"), Painted("2θ", "MS Sans Serif"));
+  EXPECT_NE(Painted("2q", "symbol"), Painted("2q", "MS Sans Serif"));
+  EXPECT_NE(Painted("2q", "symbol"), Painted("", "symbol"));
+}
+
+TEST(GreekLetters, OnlyLettersAreMappedAndTheWayBackIsTheSame) {
+  EXPECT_EQ(ToGreek("qla pDF"), QString::fromUtf8("θλα πΔΦ"));
+  QString letters;
+  for (char16_t c = u' '; c < u'\x7f'; ++c) {
+    letters += QChar(c);
+  }
+  const QString greek = ToGreek(letters);
+  EXPECT_EQ(FromGreek(greek), letters);
+  for (qsizetype i = 0; i < letters.size(); ++i) {
+    EXPECT_EQ(greek[i] != letters[i], letters[i].isLetter()) << letters[i].toLatin1();
+  }
+}
+
+TEST(FileFilter, PairsOfDescriptionAndPattern) {
+  EXPECT_EQ(NameFilters("All Files (*.*)|*.*|dat Files (*.dat)|*.dat"),
+            (QStringList{"All Files (*)", "dat Files (*.dat)"}));
+  EXPECT_EQ(NameFilters("All Files (*.*)|*.*| bmp Files (*.bmp)|*.bmp| "),
+            (QStringList{"All Files (*)", "bmp Files (*.bmp)"}));
+  EXPECT_EQ(NameFilters("Cards|*.aid; *.pdf"), QStringList{"Cards (*.aid *.pdf)"});
+  EXPECT_TRUE(NameFilters("").isEmpty());
+  EXPECT_TRUE(NameFilters("lonely").isEmpty());
+}
+
+}  // namespace
+}  // namespace koprax
