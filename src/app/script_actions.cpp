@@ -277,8 +277,9 @@ ScriptOutcome ScriptActions::StateOfAllSlots(const std::string& field) const {
                     CommaList(NearestNames(field, WorkspaceFieldNames())));
     }
     if (value->is_array()) {
-      return Failed(field + " is a table of each buffer; name one by a letter a to f, such as state " +
-                    field + "(a)");
+      std::string error = field;
+      error += " is a table of each buffer; name one by a letter a to f, such as state " + field + "(a)";
+      return Failed(std::move(error));
     }
     slots.push_back(std::move(*value));
   }

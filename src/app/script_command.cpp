@@ -284,6 +284,7 @@ ScriptCommand ReadCommand(ScriptScanner& scanner) {
   const auto* const reader = std::ranges::find(CommandReaders, word, &CommandReader::Word);
   if (reader == CommandReaders.end()) {
     std::vector<std::string> known;
+    known.reserve(CommandReaders.size());
     for (const CommandReader& one : CommandReaders) {
       known.emplace_back(one.Word);
     }

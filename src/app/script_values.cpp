@@ -8,17 +8,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <variant>
 
 #include "workspace/workspace_fields.h"
 
 namespace koprax {
 
 namespace {
-
-template <class... Calls>
-struct Overloaded : Calls... {
-  using Calls::operator()...;
-};
 
 // A flag of the workspace is a number, unlike a property.
 Json FieldJson(bool flag) { return flag ? -1 : 0; }
@@ -103,9 +99,9 @@ Json JsonNumber(float value) {
 }
 
 Json JsonOfProperty(const PropertyValue& value) {
-  return std::visit(Overloaded{[](float number) { return JsonNumber(number); },
-                               [](const auto& other) { return Json(other); }},
-                    value);
+  const auto* const number = std::get_if<float>(&value);
+  return number != nullptr ? JsonNumber(*number)
+                           : std::visit([](const auto& other) { return Json(other); }, value);
 }
 
 Json JsonOfControl(const Control& control) {

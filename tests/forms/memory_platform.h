@@ -1,0 +1,48 @@
+// A platform that keeps everything in memory, for tests.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/form.h"
+#include "forms/platform.h"
+#include "forms/printer.h"
+
+namespace koprax {
+
+class MemoryPlatform final : public Platform {
+ public:
+  std::string GetSetting(std::string_view application, std::string_view section, std::string_view key,
+                         std::string_view absent) override {
+    const auto found = Settings.find(Path(application, section, key));
+    return found == Settings.end() ? std::string(absent) : found->second;
+  }
+  void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
+                   std::string_view value) override {
+    Settings[Path(application, section, key)] = value;
+  }
+  std::optional<std::string> PrintToFile(const Printer& printer, const std::string& path) override {
+    Printed[path] = printer.Operations();
+    return PrintFailure;
+  }
+  std::optional<std::string> Snapshot(Form& form, const std::string& path) override {
+    Snapshots[path] = form.Name();
+    return SnapshotFailure;
+  }
+
+  std::map<std::string, std::string> Settings;  ///< by "application/section/key"
+  std::map<std::string, std::vector<DrawingOperation>> Printed;
+  std::map<std::string, std::string> Snapshots;  ///< form by path
+  std::optional<std::string> PrintFailure;
+  std::optional<std::string> SnapshotFailure;
+
+ private:
+  static std::string Path(std::string_view application, std::string_view section, std::string_view key) {
+    return std::string(application) + "/" + std::string(section) + "/" + std::string(key);
+  }
+};
+
+}  // namespace koprax
