@@ -163,6 +163,7 @@ TEST(RoundDecimals, TakesTheExactValueAndHalvesToTheEvenDigit) {
   EXPECT_EQ(RoundDecimals(0.15, 1), 0.1);   // 0.1499999999999999944
   EXPECT_EQ(RoundDecimals(1.005, 2), 1.0);  // 1.00499999999999989
   EXPECT_EQ(RoundDecimals(0.0009765625, 9), 0.000976562);
+  EXPECT_EQ(RoundDecimals(0.49999999999999994, 0), 0);  // half added to it is 1 in 64 bits
   EXPECT_EQ(RoundDecimals(1e300, 3), 1e300);
   EXPECT_EQ(RoundDecimals(0.1, 2000), 0.1);
   EXPECT_EQ(RoundDecimals(-infinity32, 2), -infinity32);

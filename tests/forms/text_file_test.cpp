@@ -1,10 +1,12 @@
 #include "forms/text_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -216,6 +218,23 @@ TEST_F(TextFileTest, LeavesNothingBehindWhenWritingFails) {
   fs::create_symlink("circle", Path("circle"));
   EXPECT_EQ(reason(Path("circle")), std::strerror(ELOOP));
   EXPECT_EQ(FilesInFolder(), 2U);  // the folder and the circle
+}
+
+TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
+  const std::string path = Put("file", "old");
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  rlimit narrow = before;
+  narrow.rlim_cur = 100;
+  std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &narrow), 0);
+  const auto error = WriteTextFile(path, {std::string(1000, 'x')}, TextEncoding::Utf8);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+  std::signal(SIGXFSZ, SIG_DFL);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Reason, std::strerror(EFBIG));
+  EXPECT_EQ(BytesOf(path), "old");
+  EXPECT_EQ(FilesInFolder(), 1U);
 }
 
 /// The rights of an ordinary user, for a test that runs as one who has all.
