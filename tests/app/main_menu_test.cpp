@@ -1,0 +1,213 @@
+// Journeys through the main menu: loading, picking, erasing, help, the end of the run.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "app/workbench_session.h"
+
+namespace koprax {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr const char* TwoColumns = "Quartz\r\n1.5406\r\n10 5\r\n10.5 7\r\n11 6\r\n";
+
+std::vector<std::string> NamesOf(const Json& list) { return list.get<std::vector<std::string>>(); }
+
+TEST(MainMenu, OffersWhatCanBeDone) {
+  WorkbenchSession session;
+  EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
+  const Json menu = session.Value("get Form1");
+  EXPECT_EQ(menu["Caption"], "Main menu");
+  EXPECT_EQ(menu["controls"]["cmdInp"]["Caption"], "&Load Profile from disk");
+  for (const char* live : {"cmdInp", "cmdDisp", "cmdDelBuff", "cmdStop", "Command1", "Command10"}) {
+    EXPECT_EQ(menu["controls"][live]["Enabled"], true) << live;
+  }
+  EXPECT_EQ(session.Value("get Form9")["Visible"], false);
+}
+
+TEST(MainMenu, AFileGoesFromTheDialogToTheDisplayWindow) {
+  WorkbenchSession session;
+  const std::string path = session.File("quartz.xy", TwoColumns);
+  const auto answers = session.Play(WorkbenchSession::LoadCommands(path, 3, 'b'));
+  EXPECT_EQ(answers[1]["events"][0]["filterIndex"], 2);
+  EXPECT_EQ(answers[1]["events"][1], ShownEvent("Form4"));
+  EXPECT_EQ(answers[2]["events"], (Json{UnloadedEvent("Form4"), ShownEvent("Form7")}));
+  EXPECT_EQ(answers[3]["events"], (Json{ShownEvent("Form10"), UnloadedEvent("Form7")}));
+  EXPECT_EQ(NamesOf(session.Value("forms")), (std::vector<std::string>{"Form6", "Form1"}));
+  EXPECT_EQ(session.Value("state FileName"), path);
+  EXPECT_EQ(session.Value("state CurBuf"), 2);
+  EXPECT_EQ(session.Value("buffer b")["WorkX"], (Json{10.0, 10.5, 11.0}));
+  EXPECT_EQ(session.Value("get Form6.Text2.Text"), "buffer b");
+  EXPECT_EQ(session.Value("get Form6.Text1.Text"), path);
+}
+
+TEST(MainMenu, ThePreviewShowsTheFrontAndTheEndOfALongFile) {
+  WorkbenchSession session;
+  std::string contents = std::string(90, 'x') + "\r\n";
+  std::string expected = std::string(80, 'x') + "\r\n";
+  for (int i = 2; i <= 45; ++i) {
+    contents += std::to_string(i) + "\n";
+    expected += i <= 30 ? std::to_string(i) + "\r\n" : "";
+  }
+  expected += "etc.......\r\netc.......\r\netc.......\r\n";
+  for (int i = 36; i <= 45; ++i) {
+    expected += std::to_string(i) + "\r\n";
+  }
+  session.Play("file " + Json(session.File("long.txt", contents)).dump() + "\nclick Form1.cmdInp\n");
+  EXPECT_EQ(session.Value("get Form4.Text1.Text"), expected);
+  EXPECT_EQ(session.Events("click Form4.cmdCancel\n"), Json{UnloadedEvent("Form4")});
+  session.Play("file " + Json(session.File("short.txt", "one\ntwo")).dump() + "\nclick Form1.cmdInp\n");
+  EXPECT_EQ(session.Value("get Form4.Text1.Text"), "one\r\ntwo\r\n");
+  session.Play("close Form4\n");
+  EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
+}
+
+TEST(MainMenu, AGivenUpDialogChangesNothing) {
+  WorkbenchSession session;
+  session.Data().FileName = "before";
+  session.Play("file cancel\nclick Form1.cmdInp\n");
+  EXPECT_EQ(session.Value("state FileName"), "before");
+  session.Play("file \"\"\nclick Form1.cmdInp\n");
+  EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
+}
+
+TEST(MainMenu, AFileThatCannotBeReadIsToldAndLeavesTheBufferAlone) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+  const Json before = session.Value("buffer a");
+  for (const std::string& path :
+       {session.Folder() + "/nothing.dat", session.Folder(), session.File("e", "")}) {
+    const Json events = session.Events(WorkbenchSession::LoadCommands(path, 1, 'a'));
+    EXPECT_EQ(events[1]["event"], "message") << events.dump();
+    EXPECT_THAT(events[1]["text"].get<std::string>(), HasSubstr(path));
+    EXPECT_EQ(events[2], FrontEvent("Form1"));
+    EXPECT_EQ(events.back(), UnloadedEvent("Form10"));
+    Json after = session.Value("buffer a");
+    EXPECT_EQ(after["FormatCode"], 3);
+    after["FormatCode"] = 2;
+    EXPECT_EQ(after, before);
+  }
+}
+
+TEST(MainMenu, AFailedReadingLeavesTheBufferEmptyAndNoModeBehind) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+  std::string long_file = "Long\r\n1.5\r\n";
+  for (int i = 1; i <= 8001; ++i) {
+    long_file += std::to_string(i) + " 1\r\n";
+  }
+  const Json events = session.Events(WorkbenchSession::LoadCommands(session.File("l", long_file), 3, 'a'));
+  EXPECT_EQ(events[1]["text"],
+            "Profile with more than 8000 points.\r\nNot allowed in the present version of the program.\r\n"
+            "Return to main menu.");
+  EXPECT_EQ(events[1]["title"], "Error");
+  EXPECT_EQ(session.Value("buffer a")["PermNpts"], 0);
+  EXPECT_EQ(session.Value("state Title(a)"), std::string(80, ' '));
+  EXPECT_EQ(NamesOf(session.Value("forms")), (std::vector<std::string>{"Form1", "Form6"}));
+  EXPECT_EQ(session.Value("state ModeDisp"), 0);
+}
+
+TEST(MainMenu, ADownwardProfileOpensTheWindowWithoutAPlot) {
+  WorkbenchSession session;
+  session.Play(
+      WorkbenchSession::LoadCommands(session.File("d.xy", "Down\r\n1.5\r\n30 1\r\n20 2\r\n"), 3, 'a'));
+  EXPECT_EQ(session.Value("picture Form6.Picture1"), Json::array());
+  EXPECT_EQ(NamesOf(session.Value("forms")), (std::vector<std::string>{"Form1", "Form6"}));
+  EXPECT_EQ(session.Value("state PermXMin(a)"), 30.0);
+  session.Play(
+      "move Form6.Picture1 60 50\nclick Form6.cmdZoom\ndown Form6.Picture1 left 30 50\n"
+      "up Form6.Picture1 left 60 50\n");
+  EXPECT_EQ(session.Value("get Form6.Text3.Text"), "");
+  EXPECT_EQ(session.Value("get Form6.optOK.Visible"), false);
+}
+
+TEST(Pickers, ShowTheTitlesAndDisplayOneProfileAnew) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'b'));
+  session.Play("click Form1.cmdDisp\n");
+  EXPECT_EQ(session.Value("state ModeDisp"), -1);
+  EXPECT_EQ(session.Value("get Form11.Text1.Text"), " Empty");
+  EXPECT_EQ(session.Value("get Form11.Text2.Text"), "Quartz" + std::string(74, ' '));
+  EXPECT_THAT(session.Refusal("click Form11.Check1"), HasSubstr("disabled"));
+  session.Data().Buffer(2).WorkY[1] = 99;  // a change that is not saved goes with a new opening
+  EXPECT_EQ(session.Events("click Form11.Check2\nclick Form11.Command1\n"),
+            (Json{UnloadedEvent("Form11"), UnloadedEvent("Form6"), ShownEvent("Form6")}));
+  EXPECT_EQ(session.Value("state ModeDisp"), 0);
+  EXPECT_EQ(session.Value("state NumSelected"), 1);
+  EXPECT_EQ(session.Value("state SelBuf"), (Json{0, 0, 1, 0, 0, 0, 0}));
+  EXPECT_EQ(session.Value("buffer b")["WorkY"][0], 5.0);
+}
+
+TEST(Pickers, NoneTickedLeavesTheDisplayAsItWas) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'b'));
+  EXPECT_EQ(session.Events("click Form1.cmdDisp\nclick Form11.Command1\n"), Json{UnloadedEvent("Form11")});
+  EXPECT_EQ(session.Value("state NumSelected"), 0);
+  EXPECT_EQ(session.Value("state ModeDisp"), 0);
+  session.Play("click Form1.cmdDisp\nclose Form11\n");
+  EXPECT_EQ(session.Value("state ModeDisp"), 0);
+}
+
+TEST(Pickers, EraseAsksFirst) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'b'));
+  const Json kept = session.Events("click Form1.cmdDelBuff\nanswer no\nclick Form17.optB\n");
+  EXPECT_EQ(kept[0], UnloadedEvent("Form17"));
+  EXPECT_EQ(kept[1]["text"],
+            "Are you sure?\r\nThis will destroy everything in buffer N.2\r\nQuartz" + std::string(74, ' '));
+  EXPECT_EQ(kept[1]["title"], "Warning");
+  EXPECT_EQ(kept[1]["icon"], "question");
+  EXPECT_EQ(session.Value("buffer b")["PermNpts"], 3);
+  session.Play("click Form1.cmdDelBuff\nanswer yes\nclick Form17.optB\n");
+  EXPECT_EQ(session.Value("buffer b")["PermNpts"], 0);
+  EXPECT_EQ(session.Value("state CurBuf"), 2);
+  // The window that shows the erased buffer works on an empty record.
+  session.Play("move Form6.Picture1 60 50\nclick Form6.cmdZoom\n");
+}
+
+TEST(Help, EachTopicReplacesTheOneBefore) {
+  WorkbenchSession session;
+  EXPECT_EQ(session.Events("click Form1.Command1\n"), Json{ShownEvent("Form5")});
+  const Json load = session.Value("get Form5.Text1.Text");
+  session.Play("click Form1.Command8\n");
+  EXPECT_THAT(session.Value("get Form5.Text1.Text").get<std::string>(), HasSubstr("DISCLAIMER"));
+  EXPECT_NE(session.Value("get Form5.Text1.Text"), load);
+  session.Play("close Form5\n");
+  EXPECT_EQ(session.Value("get Form5"), (Json{{"Loaded", false}, {"Visible", false}}));
+}
+
+// Every "?" shows a topic, and no two commands of one window share one.
+TEST(Help, EveryHelpButtonOfEveryWindowShowsATopicOfItsOwn) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+  session.Play("file \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\nclick Form6.cmdManExpl\n");
+  for (const char* form : {"Form1", "Form6", "Form7"}) {
+    std::vector<std::string> texts;
+    const Json window = session.Value("get " + std::string(form));
+    for (const auto& [name, control] : window["controls"].items()) {
+      const bool command = control.value("Caption", "") == "?";
+      if (command && session.Try("click " + std::string(form) + "." + name + "\n").at(0)["ok"]) {
+        texts.push_back(session.Value("get Form5.Text1.Text"));
+        EXPECT_FALSE(texts.back().empty()) << form << "." << name;
+      }
+    }
+    std::sort(texts.begin(), texts.end());
+    EXPECT_GE(texts.size(), 7U);
+    EXPECT_EQ(std::unique(texts.begin(), texts.end()), texts.end()) << form;
+  }
+}
+
+TEST(MainMenu, QuitEndsTheRunAtOnce) {
+  for (const char* last : {"click Form1.cmdStop\n", "close Form1\n"}) {
+    WorkbenchSession session;
+    EXPECT_EQ(session.Events(last), (Json{{{"event", "quit"}}}));
+    EXPECT_FALSE(session.Try("forms\n").at(0)["ok"].get<bool>());
+  }
+}
+
+}  // namespace
+}  // namespace koprax
