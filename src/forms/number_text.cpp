@@ -105,8 +105,10 @@ std::optional<double> QuickRound(double value, int decimals) {
   const double power = PowersOfTen[static_cast<std::size_t>(decimals)];
   const double scaled = std::abs(value) * power;
   if (!(scaled < 0x1p40)) return std::nullopt;
-  const auto whole = static_cast<double>(static_cast<std::int64_t>(scaled + 0.5));
-  if (std::abs(std::abs(scaled - whole) - 0.5) < 0x1p-13) return std::nullopt;
+  const auto below = static_cast<double>(static_cast<std::int64_t>(scaled));
+  const double part = scaled - below;
+  if (std::abs(part - 0.5) < 0x1p-13) return std::nullopt;
+  const double whole = part > 0.5 ? below + 1 : below;
   return std::copysign(whole / power, value);
 }
 
