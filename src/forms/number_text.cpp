@@ -108,7 +108,7 @@ std::optional<double> QuickRound(double value, int decimals) {
   const auto below = static_cast<double>(static_cast<std::int64_t>(scaled));
   const double part = scaled - below;
   if (std::abs(part - 0.5) < 0x1p-13) return std::nullopt;
-  const double whole = part > 0.5 ? below + 1 : below;
+  const double whole = below + (part > 0.5 ? 1.0 : 0.0);
   return std::copysign(whole / power, value);
 }
 
