@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QMessageLogContext>
+#include <QString>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -21,6 +23,13 @@
 namespace {
 
 constexpr int CannotRun = 1;
+
+/// The toolkit warns of what an off-screen platform lacks; only what is worse is worth a line.
+void PassOnFaults(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) {
+    std::cerr << "koprax-script: " << text.toStdString() << '\n';
+  }
+}
 
 int PlayOnWorkbench(std::istream& script) {
   koprax::QtPlatform platform;
@@ -61,6 +70,7 @@ int main(int argument_count, char** arguments) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
+  qInstallMessageHandler(PassOnFaults);
   // The tool's one argument is a file, whatever it looks like, so it isn't shown to the toolkit.
   int toolkit_arguments = 1;
   const QApplication application(toolkit_arguments, arguments);

@@ -42,7 +42,10 @@ bool IsBlankOrComment(std::string_view line) {
 
 ScriptPlayer::ScriptPlayer(const ScriptStage& stage, std::ostream& answers)
     : stage_(stage), actions_(stage), events_(stage.Desk, stage.Runtime), answers_(answers) {
-  ScriptedRuntime::SetUpPrinter(stage_.Desk.ThePrinter(), {});
+  // The last document stays to be looked at, also by a player that goes on with the same workbench.
+  if (stage_.Desk.ThePrinter().Fonts().empty()) {
+    ScriptedRuntime::SetUpPrinter(stage_.Desk.ThePrinter(), {});
+  }
 }
 
 int ScriptPlayer::Play(const std::function<void()>& start, std::istream& script) {
