@@ -13,6 +13,12 @@
 
 namespace koprax {
 
+namespace {
+
+constexpr int TitleHeight = 25;  // what a window manager lays above a window
+
+}  // namespace
+
 FormWindow::FormWindow(Form& form, std::function<void(Form&)> activated)
     : QWidget(nullptr, Qt::Window),
       form_(form.weak_from_this()),
@@ -57,6 +63,10 @@ void FormWindow::Display(bool modal) {
       winId();
       windowHandle()->setTransientParent(owner->windowHandle());
     }
+  }
+  if (!testAttribute(Qt::WA_Resized)) {
+    // A window that can be resized starts no larger than the screen.
+    resize(sizeHint().boundedTo(screen()->availableGeometry().size() - QSize(0, TitleHeight)));
   }
   show();
   Front(true);

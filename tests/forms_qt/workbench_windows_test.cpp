@@ -1,0 +1,108 @@
+// The real windows through their real widgets: a profile is loaded, looked at and zoomed as a person
+// does it, and no window on the way is larger than a small screen.
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include "app/workbench.h"
+#include "forms_qt/form_window.h"
+#include "forms_qt/qt_desktop_view.h"
+#include "forms_qt/qt_platform.h"
+#include "forms_qt/qt_runtime.h"
+#include "view_fixture.h"
+
+namespace koprax {
+namespace {
+
+class WorkbenchWindows : public testing::Test {
+ protected:
+  void SetUp() override {
+    bench_.Start();
+    QCoreApplication::processEvents();
+  }
+
+  [[nodiscard]] QWidget* Find(const char* form, const char* control) {
+    const auto loaded = bench_.Desk().Find(form);
+    FormWindow* window = loaded ? view_.WindowOf(*loaded) : nullptr;
+    QWidget* widget = window != nullptr ? window->findChild<QWidget*>(control) : nullptr;
+    EXPECT_NE(widget, nullptr) << form << "." << control;
+    return widget;
+  }
+
+  void Click(const char* form, const char* control) {
+    QWidget* widget = Find(form, control);
+    ASSERT_NE(widget, nullptr);
+    ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << form << "." << control;
+    QTest::mouseClick(widget, Qt::LeftButton, {}, {8, widget->height() / 2});
+    QCoreApplication::processEvents();
+    ExpectWindowsToFit();
+  }
+
+  void ExpectWindowsToFit() {
+    for (const auto& form : bench_.Desk().ShownForms()) {
+      const QSize size = view_.WindowOf(*form)->size();
+      EXPECT_LE(size.width(), 800) << form->Name();
+      EXPECT_LE(size.height(), 575) << form->Name() << ", with room for its title";
+    }
+  }
+
+  /// Loads a profile into buffer a; its window is up afterwards.
+  void Load(const QString& file) {
+    QTimer::singleShot(0, [file] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      dialog->selectFile(file);
+      dynamic_cast<QDialog&>(*dialog).accept();
+    });
+    Click("Form1", "cmdInp");
+    Click("Form4", "cmdOK");
+    Click("Form7", "Option1");
+    Click("Form10", "optA");
+  }
+
+  QtPlatform platform_;
+  QtRuntime runtime_{platform_};
+  Workbench bench_{runtime_};
+  QtDesktopView view_{bench_.Desk()};
+};
+
+TEST_F(WorkbenchWindows, LoadLookAndZoom) {
+  Load(KOPRAX_SOURCE_DIR "/examples/silicon.dat");
+  const ProfileBuffer& profile = bench_.Data().Buffers[1];
+  const int all_points = profile.WorkNpts;
+  ASSERT_GT(all_points, 1000);
+
+  QWidget* picture = Find("Form6", "Picture1");
+  ASSERT_NE(picture, nullptr);
+  Click("Form6", "cmdZoom");
+  const auto across = [&](double share) { return static_cast<int>(share * picture->width()); };
+  QTest::mousePress(picture, Qt::LeftButton, {}, {across(0.3), 120});
+  QTest::mouseMove(picture, {across(0.4), 200});
+  QTest::mouseMove(picture, {across(0.5), 250});
+  QTest::mouseRelease(picture, Qt::LeftButton, {}, {across(0.5), 250});
+  Click("Form6", "optOK");
+
+  // A fifth of the picture's width is 24.606 of the 95 mm of the axis; a pixel is 0.3 % of it.
+  const double share = 0.2 * 123.03 / 95;
+  EXPECT_NEAR(profile.WorkNpts, share * all_points, 0.01 * all_points);
+  EXPECT_TRUE(qobject_cast<QLineEdit*>(Find("Form6", "Text6"))->text().startsWith("xmin "));
+  Click("Form6", "cmdUnzoom");
+  EXPECT_EQ(profile.WorkNpts, all_points);
+  Click("Form6", "cmdMain");
+  EXPECT_EQ(bench_.Desk().Find("Form6"), nullptr);
+}
+
+TEST_F(WorkbenchWindows, QuitTakesAllWindowsAlong) {
+  Click("Form1", "Command7");
+  EXPECT_NE(bench_.Desk().Find("Form5"), nullptr);
+  Click("Form1", "cmdStop");
+  EXPECT_TRUE(bench_.Desk().HasQuit());
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    EXPECT_FALSE(window->isVisible());
+  }
+}
+
+}  // namespace
+}  // namespace koprax
