@@ -96,10 +96,10 @@ std::variant<double, ReadOutcome> HeaderNumber(Reading& reading, const std::stri
 Failure ReadPointCount(Reading& reading) {
   const auto number = HeaderNumber(reading, "the number of points");
   if (const auto* failure = std::get_if<ReadOutcome>(&number)) return *failure;
-  const double count = std::get<double>(number);
+  const double count = RoundHalfEven(std::get<double>(number));
   if (count > MaxPoints) return LimitFailure(reading.Buffer);
   if (count < 0) return reading.FailHere("expected a number of points from 0 to 8000");
-  reading.Buffer.PermNpts = static_cast<std::int16_t>(RoundHalfEven(count));
+  reading.Buffer.PermNpts = static_cast<std::int16_t>(count);
   return std::nullopt;
 }
 
@@ -262,8 +262,11 @@ ReadOutcome ReadTwo(Reading& reading) {
   StartLimits(reading.Buffer);
   const LineWords* words = RecordBehindTitle(reading);
   if (words == nullptr) return reading.EndsBefore("the wavelength or the first point");
-  if (const auto failure = SetWavelength(reading, words->NNum == 1 ? words->Number(1) : 0)) return *failure;
   const bool first_point = words->NNum == 2;
+  if (first_point) reading.Buffer.Wavelength = 0;
+  if (words->NNum == 1) {
+    if (const auto failure = SetWavelength(reading, words->Number(1))) return *failure;
+  }
   return ReadPoints(reading, first_point ? words : nullptr);
 }
 
