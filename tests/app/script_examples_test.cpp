@@ -33,7 +33,7 @@ TEST(ScriptExamples, EachPlaysWithoutAFault) {
       WorkbenchSession session;
       const std::vector<Json> answers = session.Play(ReadScript(entry.path()));
       ASSERT_FALSE(answers.empty());
-      EXPECT_EQ(answers.back()["events"], Json::array({{{"event", "quit"}}})) << "it ends with the quit";
+      EXPECT_EQ(answers.back()["events"].back()["event"], "quit");
       ++scripts;
     }
   }
