@@ -217,6 +217,7 @@ double PlaneSpacing(const Phase& phase, const Reflection& reflection) {
 
 std::vector<long> Counts(const Measurement& measurement) {
   std::vector<double> expected;
+  expected.reserve(static_cast<std::size_t>(measurement.Points));
   for (int i = 0; i < measurement.Points; ++i) {
     expected.push_back(Background(measurement.First + i * measurement.Step));
   }
@@ -226,6 +227,7 @@ std::vector<long> Counts(const Measurement& measurement) {
   // The deviation of a count is the square root of its expectation.
   UniformNumbers numbers(measurement.Seed);
   std::vector<long> counts;
+  counts.reserve(expected.size());
   for (const double mean : expected) {
     counts.push_back(std::max(0L, std::lround(mean + std::sqrt(mean) * NormalNumber(numbers))));
   }
