@@ -35,7 +35,7 @@ int PlayOnWorkbench(std::istream& script) {
   koprax::QtPlatform platform;
   koprax::ScriptedRuntime runtime(platform);
   koprax::Workbench workbench(runtime);
-  const koprax::QtDesktopView view(workbench.Desk());
+  const koprax::QtDesktopView view(workbench.Desk(), koprax::UserActivation::Ignored);
   koprax::ScriptPlayer player({.Desk = workbench.Desk(),
                                .Data = workbench.Data(),
                                .FormNames = koprax::Workbench::FormNames(),

@@ -6,6 +6,7 @@
 
 #include "display/display_modes.h"
 #include "display/plot_transform.h"
+#include "display/rubber_band.h"
 #include "forms/form.h"
 #include "workspace/help_button.h"
 #include "workspace/services.h"
@@ -46,7 +47,7 @@ class Form6 final : public Form {
   void StartSelection(DisplayMode mode);
   void PressInSelection(float x, float y);
   void ReleaseInSelection(float x);
-  void ShowSelectedRange();
+  void ShowSelectedRange(const XRange& range);
   void AcceptSelection();
   void AcceptZoom();
   void AcceptEditRange();

@@ -1,7 +1,6 @@
 // What the mouse does over the picture of the Display and Work window: the read-out, the selection for
 // zoom and edit, the cursor of Manual Explorer.
 #include "display/display_window.h"
-#include "display/rubber_band.h"
 #include "display/zoom.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -76,10 +75,18 @@ void Form6::ReleaseInSelection(float x) {
   if (context_.Data.ZoomMode && cmdManExpl.Caption != ResumeCaption) {
     Buffer().WorkYMax = state_.SelYTop;
   }
-  state_.SelXLow = RoundDecimals(range.Low, 3);
-  state_.SelXHigh = RoundDecimals(range.High, 3);
-  Text6.Text = "xmin " + GeneralText(state_.SelXLow);
-  Text7.Text = "xmax " + GeneralText(state_.SelXHigh);
+  ShowSelectedRange(range);
+}
+
+/// The range is taken as it is shown: what its text leaves out is left out of the numbers, too.
+void Form6::ShowSelectedRange(const XRange& range) {
+  const auto shown = [](float x) { return GeneralText(RoundDecimals(x, 3)); };
+  const std::string low = shown(range.Low);
+  const std::string high = shown(range.High);
+  state_.SelXLow = static_cast<float>(LeadingNumber(low));
+  state_.SelXHigh = static_cast<float>(LeadingNumber(high));
+  Text6.Text = "xmin " + low;
+  Text7.Text = "xmax " + high;
 }
 
 void Form6::AcceptSelection() {
@@ -115,6 +122,9 @@ void Form6::CancelSelection() {
   context_.Data.ZoomMode = state_.EditMode = false;
   HideSelection();
   Shape1.Width = BandSize;
+  Buffer().WorkYMax = state_.SavedYMax;
+  Text6.Text = state_.SavedText6;
+  Text7.Text = state_.SavedText7;
   if (Frame4.Visible) {  // the selection was made from a paused explorer
     cmdSave.Enabled = cmdMod.Enabled = cmdEdit.Enabled = false;
     cmdManExpl.Enabled = cmdMain.Enabled = true;
@@ -124,9 +134,6 @@ void Form6::CancelSelection() {
   if (from_edit) {  // which had switched it off; a zoomed view must stay able to go back
     cmdUnzoom.Enabled = state_.SavedUnzoomEnabled;
   }
-  Buffer().WorkYMax = state_.SavedYMax;
-  Text6.Text = state_.SavedText6;
-  Text7.Text = state_.SavedText7;
 }
 
 void Form6::HideSelection() { optOK.Visible = optNO.Visible = Shape1.Visible = false; }
@@ -159,7 +166,7 @@ void Form6::QuitEdit() {
 void Form6::MousePressed(MouseButton button, float x, float y) {
   if (Selecting()) {
     PressInSelection(x, y);
-  } else if (context_.Data.ExplorerMode && button == MouseButton::Left) {
+  } else if (context_.Data.ExplorerMode && !Frame3.Visible && button == MouseButton::Left) {
     PauseExplorer();
   }
 }
@@ -179,7 +186,7 @@ void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
   }
   if (Selecting()) {
     ReleaseInSelection(x);
-  } else {
+  } else if (!Frame3.Visible) {
     context_.Data.ExplorerMode = false;
   }
 }
@@ -238,7 +245,7 @@ void Form6::PauseExplorer() {
 
 void Form6::QuitExplorer() {
   context_.Data.ExplorerMode = false;
-  Frame4.Visible = Frame2.Visible = false;
+  Frame4.Visible = Frame2.Visible = Frame3.Visible = false;
   EnterMode(DisplayMode::ExplorerLeft);
   cmdManExpl.Caption = ExplorerCaption;
   Picture1.MousePointer = Pointer::Arrow;

@@ -23,6 +23,19 @@ class Desktop::EventScope {
   Desktop& desk_;
 };
 
+/// All other windows are blocked as long as this lives, or until the form goes.
+class Desktop::ModalScope {
+ public:
+  ModalScope(Desktop& desk, Form& form) : desk_(desk), form_(form) { desk_.modal_.push_back(&form_); }
+  ModalScope(const ModalScope&) = delete;
+  ModalScope& operator=(const ModalScope&) = delete;
+  ~ModalScope() { std::erase(desk_.modal_, &form_); }
+
+ private:
+  Desktop& desk_;
+  Form& form_;
+};
+
 template <class Call>
 void Desktop::Tell(Call call) {
   for (DesktopObserver* observer : std::vector(observers_)) {
@@ -106,10 +119,9 @@ void Desktop::ShowModal(Form& form) {
   const auto alive = form.shared_from_this();
   form.visible_ = true;
   MoveToFront(form);
-  modal_.push_back(&form);
+  const ModalScope blocking(*this, form);
   Tell([&](DesktopObserver& observer) { observer.FormShown(form, true); });
   runtime_.RunModal(form);
-  std::erase(modal_, &form);
 }
 
 void Desktop::Hide(Form& form) {

@@ -92,6 +92,7 @@ class Desktop {
 
  private:
   class EventScope;
+  class ModalScope;
 
   void Adopt(const std::shared_ptr<Form>& form);
   void MoveToFront(Form& form);

@@ -15,7 +15,7 @@ struct LayoutNode {
     Row,     ///< side by side
     Column,  ///< one below the other
     Grid,    ///< row by row in the given number of columns
-    Stack,   ///< all in one place, of which one is shown at a time
+    Stack,   ///< all in one place with room for the largest; mostly one is shown at a time
     Space,   ///< takes what room is left over
   };
 

@@ -69,7 +69,6 @@ void FormWindow::Display(bool modal) {
     resize(sizeHint().boundedTo(screen()->availableGeometry().size() - QSize(0, TitleHeight)));
   }
   show();
-  Front(true);
 }
 
 void FormWindow::Front(bool focus) {

@@ -15,6 +15,36 @@ constexpr int FrameEdge = 6;   // between the contents and the edge of a frame
 
 using Kind = LayoutNode::Kind;
 
+/// A place that keeps room for the largest of its widgets, of which one is shown at a time; should several
+/// be shown, they lie one below the other.
+class SharedPlace final : public QWidget {
+ public:
+  explicit SharedPlace(QWidget& parent) : QWidget(&parent), box_(new QVBoxLayout(this)) {
+    box_->setContentsMargins(0, 0, 0, 0);
+    box_->setSpacing(Gap);
+  }
+
+  [[nodiscard]] QBoxLayout& Box() const { return *box_; }
+  [[nodiscard]] QSize sizeHint() const override {
+    return Largest(QWidget::sizeHint(), [](const QWidget& widget) { return widget.sizeHint(); });
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    return Largest(QWidget::minimumSizeHint(),
+                   [](const QWidget& widget) { return widget.minimumSizeHint(); });
+  }
+
+ private:
+  template <class Hint>
+  [[nodiscard]] QSize Largest(QSize size, Hint hint) const {
+    for (const QWidget* widget : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      size = size.expandedTo(hint(*widget));
+    }
+    return size;
+  }
+
+  QVBoxLayout* box_;
+};
+
 class Builder {
  public:
   explicit Builder(const WidgetMaker& make) : make_(make) {}
@@ -110,11 +140,13 @@ class Builder {
   }
 
   QLayout* MakeStack(const LayoutNode& node, QWidget& parent) const {
-    auto* cell = new QGridLayout;
+    auto* place = new SharedPlace(parent);
     for (const LayoutNode& child : node.Children) {
-      PlaceInGrid(child, *cell, 0, 0, parent, true);
+      AddToBox(Stretched(child), place->Box(), *place, false);
     }
-    return cell;
+    auto* around = new QVBoxLayout;
+    around->addWidget(place);
+    return around;
   }
 
   void PlaceInGrid(const LayoutNode& node, QGridLayout& grid, int row, int column, QWidget& parent,

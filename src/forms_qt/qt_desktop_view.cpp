@@ -13,9 +13,15 @@ namespace {
 // Nobody sees more pictures a second than a screen shows.
 constexpr qint64 LeastMillisecondsBetweenRefreshes = 16;
 
+// A desktop that has not given a window the keyboard by then is not going to.
+constexpr qint64 LongestMillisecondsToAnswer = 1000;
+
 }  // namespace
 
-QtDesktopView::QtDesktopView(Desktop& desk) : desk_(desk) { desk_.AddObserver(*this); }
+QtDesktopView::QtDesktopView(Desktop& desk, UserActivation activation)
+    : desk_(desk), activation_(activation) {
+  desk_.AddObserver(*this);
+}
 
 QtDesktopView::~QtDesktopView() {
   desk_.RemoveObserver(*this);
@@ -37,7 +43,19 @@ FormWindow& QtDesktopView::EnsureWindow(Form& form) {
   return *window;
 }
 
-void QtDesktopView::FormShown(Form& form, bool modal) { EnsureWindow(form).Display(modal); }
+void QtDesktopView::AskForKeyboard(Form& form, FormWindow& window) {
+  if (!window.isActiveWindow()) {
+    asked_.insert(&form);
+    since_asked_.start();
+  }
+  window.Front(true);
+}
+
+void QtDesktopView::FormShown(Form& form, bool modal) {
+  FormWindow& window = EnsureWindow(form);
+  window.Display(modal);
+  AskForKeyboard(form, window);
+}
 
 void QtDesktopView::FormHidden(Form& form) {
   if (FormWindow* window = WindowOf(form)) {
@@ -48,13 +66,17 @@ void QtDesktopView::FormHidden(Form& form) {
 void QtDesktopView::FormUnloaded(Form& form) {
   if (FormWindow* window = WindowOf(form)) {
     windows_.erase(&form);
+    asked_.erase(&form);
     window->Leave();
   }
 }
 
 void QtDesktopView::FormFronted(Form& form) {
-  if (FormWindow* window = WindowOf(form)) {
-    window->Front(!follows_activation_);
+  FormWindow* window = WindowOf(form);
+  if (window != nullptr && follows_activation_) {
+    window->Front(false);
+  } else if (window != nullptr) {
+    AskForKeyboard(form, *window);
   }
 }
 
@@ -96,8 +118,26 @@ void QtDesktopView::DesktopQuit() {
   }
 }
 
+/// Whether a window has come up because the program wanted one to, not because the user went there. The
+/// desktop answers when it gets to it, and passes the keyboard on by itself when a dialog closes.
+bool QtDesktopView::IsAnswer(Form& form) {
+  if (since_asked_.isValid() && since_asked_.elapsed() > LongestMillisecondsToAnswer) {
+    asked_.clear();
+  }
+  const auto front = desk_.ShownForms().front();
+  const bool answer = asked_.contains(&form) || asked_.contains(front.get());
+  if (asked_.erase(&form) > 0 && front.get() != &form) {
+    // Another form has come to the front since, and should stay there.
+    AskForKeyboard(*front, *WindowOf(*front));
+  }
+  return answer;
+}
+
 void QtDesktopView::Activated(Form& form) {
-  if (refreshing_) {
+  if (refreshing_ || activation_ == UserActivation::Ignored) {
+    return;
+  }
+  if (IsAnswer(form)) {
     return;
   }
   // The native window is in front already, and has the keyboard.

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "forms/desktop.h"
 
@@ -12,10 +13,14 @@ namespace koprax {
 
 class FormWindow;
 
+/// Whether a native window that the user goes to brings its form to the front. A script acts on the forms
+/// alone, whatever the windows do.
+enum class UserActivation { Followed, Ignored };
+
 class QtDesktopView final : public DesktopObserver {
  public:
   /// Attached before the first form is shown; the desktop outlives the view.
-  explicit QtDesktopView(Desktop& desk);
+  explicit QtDesktopView(Desktop& desk, UserActivation activation = UserActivation::Followed);
   ~QtDesktopView() override;
 
   /// The native window of a form, or null when it has none yet.
@@ -34,9 +39,15 @@ class QtDesktopView final : public DesktopObserver {
  private:
   FormWindow& EnsureWindow(Form& form);
   void Activated(Form& form);
+  [[nodiscard]] bool IsAnswer(Form& form);
+  void AskForKeyboard(Form& form, FormWindow& window);
 
   Desktop& desk_;
+  UserActivation activation_;
   std::map<const Form*, FormWindow*> windows_;
+  // Forms whose windows have been asked to take the keyboard and have not answered yet, and since when.
+  std::set<const Form*> asked_;
+  QElapsedTimer since_asked_;
   QElapsedTimer since_refresh_;
   bool refreshing_ = false;          // input waits until the refresh is over
   bool follows_activation_ = false;  // the user has gone to a window himself

@@ -159,6 +159,7 @@ class ComboWidget final : public ControlWidget {
     widget.setInsertPolicy(QComboBox::NoInsert);
     widget.setCompleter(nullptr);
     widget.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    widget.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     ApplyAll({PropertyName::Items, PropertyName::Text});
     QObject::connect(&widget, &QComboBox::editTextChanged, &widget,
                      [&box, form = box.OwnerForm().weak_from_this()](const QString& text) {

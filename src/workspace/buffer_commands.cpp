@@ -8,6 +8,12 @@
 
 namespace koprax {
 
+void MakeCurrent(Desktop& desk, Workspace& data, int slot) {
+  data.CurBuf = static_cast<std::int16_t>(slot);
+  desk.Unload("Form3");
+  desk.Unload("Form14");
+}
+
 void OpenChosenProfile(const WindowContext& context, Form& picker) {
   Workspace& data = context.Data;
   picker.MousePointer = Pointer::Hourglass;
@@ -31,7 +37,7 @@ void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& sl
   }
   data.NumSelected = static_cast<std::int16_t>(slots.size());
   if (slots.size() == 1) {
-    data.CurBuf = static_cast<std::int16_t>(slots.front());
+    MakeCurrent(context.Desk, data, slots.front());
     context.Files.ShowBuffer(data.CurBuf, data.ModeDisp);
   }
   data.ModeDisp = false;

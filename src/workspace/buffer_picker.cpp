@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "workspace/buffer_commands.h"
+
 namespace koprax {
 
 namespace {
@@ -72,7 +74,7 @@ void BufferPicker::OnCloseBox() {
 
 void BufferPicker::Choose(const std::vector<int>& slots) {
   if (kind_.Choice == PickerKind::Offers::OneBuffer) {
-    data_.CurBuf = static_cast<std::int16_t>(slots.front());
+    MakeCurrent(Desk(), data_, slots.front());
   }
   if (kind_.Order == PickerKind::Closes::BeforeActing) {
     Unload();
