@@ -152,11 +152,11 @@ TEST_F(FormWindowTest, ComboBoxesTakeChoicesAndFreeText) {
 
 TEST_F(FormWindowTest, HiddenControlsKeepTheirRoomWhereTold) {
   SampleForm& form = Show<SampleForm>();
-  form.Combo1.Visible = false;  // which shares a place with the label
+  form.Text4.Visible = false;  // which shares a place with the combo box
   Settle();
   const QSize before = Window(form).size();
   form.Label1.Visible = false;
-  form.Text4.Visible = false;
+  form.Combo1.Visible = false;
   Settle();
   EXPECT_FALSE(Widget(form.Label1).isVisible());
   EXPECT_EQ(Window(form).size(), before);
