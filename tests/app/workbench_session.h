@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -20,8 +21,10 @@ namespace koprax {
 class WorkbenchSession {
  public:
   WorkbenchSession() {
-    folder_ = std::filesystem::temp_directory_path() /
-              ("koprax-session-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+    // Tests run side by side, and the address alone may be the same in all of their processes.
+    folder_ =
+        std::filesystem::temp_directory_path() / ("koprax-session-" + std::to_string(::getpid()) + "-" +
+                                                  std::to_string(reinterpret_cast<std::uintptr_t>(this)));
     std::filesystem::create_directories(folder_);
   }
   WorkbenchSession(const WorkbenchSession&) = delete;
