@@ -54,6 +54,14 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
     return koprax::ShowBuffer(context_, slot, for_display);
   }
 
+  void GiveUpTitle() override {
+    for (const auto& kind : {title_windows::SavedProfile, title_windows::ComputedProfile}) {
+      if (const auto window = context_.Desk.Find(kind.Name)) {
+        window->CloseBox();
+      }
+    }
+  }
+
   bool OpenDisplayWindow(int slot) override {
     const auto window = context_.Desk.Load<Form6>(context_);
     window->Show();

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <functional>
 
-#include "display/plot_axes.h"
 #include "display/profile_plot.h"
 #include "files/title_window.h"
 #include "files/tokeniser.h"
@@ -20,7 +19,7 @@ namespace koprax {
 
 namespace {
 
-constexpr double LeastChannelStep = 0.97;  // a step above this is one of channels, not of degrees
+constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
 
 }  // namespace
 
@@ -119,13 +118,11 @@ void Form6::EnterMode(DisplayMode mode) {
 }
 
 bool Form6::ShowProfile(int slot) {
-  const PlotOutcome outcome = DrawProfile(context_.Data, slot, Picture1);
-  state_.Drawn = outcome != PlotOutcome::NoXRange && context_.Data.Plot.ScaleY != 0;
-  if (outcome == PlotOutcome::NoXRange) {
+  const bool drawn = DrawProfile(context_.Data, slot, Picture1,
+                                 [this](const Message& message) { Desk().Host().MsgBox(message); });
+  state_.Drawn = drawn && context_.Data.Plot.ScaleY != 0;
+  if (!drawn) {
     return false;
-  }
-  if (outcome == PlotOutcome::NoYSpan) {
-    Desk().Host().MsgBox(NoYSpan());
   }
   PrintAxisLabels(slot);
   FillBoxes(slot);
@@ -143,7 +140,7 @@ void Form6::RedrawProfile() {
 void Form6::PrintAxisLabels(int slot) {
   const ProfileBuffer& buffer = context_.Data.Buffer(slot);
   Picture1.MoveTo(103, 10);
-  if (buffer.WorkX[2] - buffer.WorkX[1] > LeastChannelStep) {
+  if (buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep) {
     Picture1.Print("Channel");
   } else {
     Picture1.FontName = SymbolFont;

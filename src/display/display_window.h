@@ -99,15 +99,15 @@ class Form6 final : public Form {
   Shape Shape1{Picture1, "Shape1", 3, 3, 2.38F, 2.38F};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
 
-  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 40}};
+  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 30}};
   TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 9}};
-  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 60}};
-  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 14}};
-  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 14}};
+  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 40}};
+  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 12}};
+  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 12}};
   TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 12}};
   TextBox Text16{*this, "Text16", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 11}};
   TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 22}};
+  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
 
   Button cmdZoom{*this, "cmdZoom", {.Caption = "Zoom", .ToolTip = "Enlarge a selected part of the profile"}};
   Button cmdUnzoom{*this, "cmdUnzoom", {.Caption = "Undo-Zoom"}};
@@ -142,7 +142,7 @@ class Form6 final : public Form {
   Frame Frame3{*this, "Frame3", {}};
   Label Label1{*this,
                "Label1",
-               {.Caption = "Give the value of the wave length   used for this experiment.             Choose "
+               {.Caption = "Give the value of the wave length   used for this experiment.             Chose "
                            "among the given options or type your own value."}};
   ComboBox Combo1{
       *this,

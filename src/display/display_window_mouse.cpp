@@ -11,10 +11,10 @@ namespace koprax {
 
 namespace {
 
-constexpr float BandSize = 2.38F;      // of the resting rubber band, in units of the picture
-constexpr float AcceptedBandSize = 2;  // after a selection has been accepted
-constexpr float RestingBandEdge = 3;   // left and top of the band as a selection starts
-constexpr double ChannelStep = 0.98;   // the explorer takes a larger step for one of channels
+constexpr float BandSize = 2.38F;           // of the resting rubber band, in units of the picture
+constexpr float AcceptedBandSize = 2;       // after a selection has been accepted
+constexpr float RestingBandEdge = 3;        // left and top of the band as a selection starts
+constexpr double LargestDegreeStep = 0.98;  // the explorer takes a larger step for one of channels
 constexpr const char* ResumeCaption = "Resume";
 constexpr const char* ExplorerCaption = "Manual Explorer";
 
@@ -23,6 +23,12 @@ constexpr const char* ExplorerCaption = "Manual Explorer";
 // The selection with the rubber band.
 
 void Form6::StartSelection(DisplayMode mode) {
+  if (!state_.Drawn) {
+    Desk().Host().MsgBox({.Text = "There is no plot in which a part could be selected.",
+                          .Title = "Warning",
+                          .Icon = MessageIcon::Information});
+    return;
+  }
   if (!Selecting()) {
     state_.SavedYMax = Buffer().WorkYMax;
     state_.SavedText6 = Text6.Text;
@@ -51,7 +57,7 @@ void Form6::PressInSelection(float x, float y) {
   optOK.Visible = optNO.Visible = false;
   Picture1.MousePointer = Pointer::Cross;
   Picture1.MoveTo(x, y);
-  if (!state_.Drawn || !StartRubberBand(context_.Data.Plot, Shape1, x, y)) {
+  if (!StartRubberBand(context_.Data.Plot, Shape1, x, y)) {
     state_.IgnoreUp = true;
   }
 }
@@ -257,7 +263,7 @@ void Form6::QuitExplorer() {
 
 void Form6::FollowExplorer(float picture_x, float x) {
   const ProfileBuffer& buffer = Buffer();
-  const bool channels = buffer.PermX[2] - buffer.PermX[1] > ChannelStep;
+  const bool channels = buffer.PermX[2] - buffer.PermX[1] > LargestDegreeStep;
   const bool calibrated = buffer.CalPar[1] != 0;
   const float two_theta = !channels ? x : calibrated ? TwoThetaOfChannel(buffer.CalPar, x) : 0;
   Line1.X1 = Line1.X2 = picture_x;

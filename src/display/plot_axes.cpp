@@ -11,11 +11,19 @@ namespace {
 
 constexpr double FreeShareOfHeight = 0.05;  // of the plot, above the highest point
 
+bool ReachesBelowZero(const PlotLimits& limits) { return limits.YMin < 0; }
+
+float SpanX(const PlotLimits& limits) { return limits.XMax - limits.XMin; }
+
+/// Y = 0 sits on the X axis however high a profile begins, so only a negative YMin adds to the span.
+float SpanY(const PlotLimits& limits) {
+  return ReachesBelowZero(limits) ? limits.YMax - limits.YMin : limits.YMax;
+}
+
 /// Fixes the transform as far as the limits allow; false when they span no Y.
 bool FixTransform(Workspace& data, const PlotLimits& limits) {
   PlotTransform& plot = data.Plot;
-  const bool negative = limits.YMin < 0;
-  data.Current().NegativeY = negative ? 1 : 0;
+  data.Current().NegativeY = ReachesBelowZero(limits) ? 1 : 0;
   plot.FrameLeft = 5;
   plot.FrameBottom = 5;
   plot.FrameRight = 120;
@@ -24,15 +32,14 @@ bool FixTransform(Workspace& data, const PlotLimits& limits) {
   plot.PlotBottom = plot.FrameBottom + 10;
   plot.PlotRight = plot.FrameRight - 5;
   plot.PlotTop = plot.FrameTop - 5;
-  const float x_span = limits.XMax - limits.XMin;
-  plot.ScaleX = (plot.PlotRight - plot.PlotLeft) / x_span;
-  const float y_span = negative ? limits.YMax - limits.YMin : limits.YMax;
-  if (y_span == 0) {
+  plot.ScaleX = (plot.PlotRight - plot.PlotLeft) / SpanX(limits);
+  const double height = plot.PlotTop - plot.PlotBottom;
+  const auto scale_y = static_cast<float>((height - FreeShareOfHeight * height) / SpanY(limits));
+  if (!std::isfinite(scale_y)) {  // a span of 0, or one so small that it counts as none
     return false;
   }
-  const double height = plot.PlotTop - plot.PlotBottom;
-  plot.ScaleY = static_cast<float>((height - FreeShareOfHeight * height) / y_span);
-  if (negative) {
+  plot.ScaleY = scale_y;
+  if (ReachesBelowZero(limits)) {
     plot.ZeroY = static_cast<float>(plot.PlotBottom - static_cast<double>(limits.YMin) * plot.ScaleY);
   }
   return true;
@@ -81,20 +88,18 @@ void DrawTickY(const PlotTransform& plot, double y, bool negative, Surface& pict
 
 /// The walk starts from 0, so ticks fall on multiples of the step wherever the plot begins.
 void DrawTicksX(const PlotTransform& plot, const PlotLimits& limits, Surface& picture) {
-  const double step = TickStepX(limits.XMax - limits.XMin);
-  WalkTicks(-step, step, limits.XMax, [&](double x) {
-    if (x >= limits.XMin) {
-      DrawTickX(plot, x, limits.XMin, picture);
-    }
-  });
+  const double step = TickStepX(SpanX(limits));
+  WalkTicks(-step, step, limits.XMin, limits.XMax,
+            [&](double x) { DrawTickX(plot, x, limits.XMin, picture); });
 }
 
 void DrawTicksY(const PlotTransform& plot, const PlotLimits& limits, Surface& picture) {
-  const bool negative = limits.YMin < 0;
-  const double step = TickStepY(negative ? limits.YMax - limits.YMin : limits.YMax);
+  const bool negative = ReachesBelowZero(limits);
+  const double step = TickStepY(SpanY(limits));
   const double start = negative ? Fix(1.05 * limits.YMin - step) : -step;
-  WalkTicks(start, step, limits.YMax, [&](double y) {
-    if (!negative || (y > limits.YMin && y < limits.YMax)) {
+  WalkTicks(start, step, negative ? limits.YMin : 0, limits.YMax, [&](double y) {
+    const bool at_limit = y == limits.YMin || y == limits.YMax;
+    if (!negative || !at_limit) {
       DrawTickY(plot, y, negative, picture);
     }
   });
@@ -112,7 +117,7 @@ bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& picture) {
     return false;
   }
   DrawAxisLines(plot, picture);
-  if (limits.YMin < 0) {
+  if (ReachesBelowZero(limits)) {
     DrawZeroLine(plot, picture);
   }
   DrawTicksX(plot, limits, picture);

@@ -15,15 +15,20 @@ namespace koprax {
 /// A walk of more rounds than this is not begun: it would take longer than anyone waits, or the step would
 /// be lost in the size of the numbers.
 inline constexpr double MaxTickRounds = 1e7;
+/// Nor is one that would draw more ticks than this, which nobody could tell apart.
+inline constexpr double MaxTicks = 2e4;
 
-/// Visits start + step, start + 2 step, ... up to `last`, by repeated addition in 64 bits.
+/// Walks start + step, start + 2 step, ... up to `last`, by repeated addition in 64 bits, and visits what
+/// lies at or above `first`.
 template <class Visit>
-void WalkTicks(double start, double step, double last, Visit visit) {
-  if (!((last - start) / step <= MaxTickRounds)) {
+void WalkTicks(double start, double step, double first, double last, Visit visit) {
+  if (!((last - start) / step <= MaxTickRounds && (last - first) / step <= MaxTicks)) {
     return;
   }
   for (double value = start + step; value <= last; value += step) {
-    visit(value);
+    if (value >= first) {
+      visit(value);
+    }
   }
 }
 

@@ -1,6 +1,7 @@
 #include "display/profile_plot.h"
 
 #include <cstddef>
+#include <limits>
 
 #include "display/plot_axes.h"
 #include "display/plot_transform.h"
@@ -29,18 +30,21 @@ void DrawCurve(const PlotTransform& plot, const ProfileBuffer& buffer, Surface& 
 
 }  // namespace
 
-PlotOutcome DrawProfile(Workspace& data, int slot, Surface& picture) {
+bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& tell) {
   const ProfileBuffer& buffer = data.Buffer(slot);
   data.PlotXMin = buffer.WorkXMin;
   data.PlotXMax = buffer.WorkXMax;
   data.PlotYMin = buffer.WorkYMin;
   data.PlotYMax = buffer.WorkYMax;
-  if (static_cast<double>(data.PlotXMax) - data.PlotXMin < LeastXRange) {
-    return PlotOutcome::NoXRange;
+  const double range = static_cast<double>(data.PlotXMax) - data.PlotXMin;
+  if (range < LeastXRange || range > std::numeric_limits<float>::max()) {
+    return false;
   }
-  const bool framed = DrawAxes(data, {data.PlotXMin, data.PlotXMax, data.PlotYMin, data.PlotYMax}, picture);
+  if (!DrawAxes(data, {data.PlotXMin, data.PlotXMax, data.PlotYMin, data.PlotYMax}, picture)) {
+    tell(NoYSpan());
+  }
   DrawCurve(data.Plot, buffer, picture);
-  return framed ? PlotOutcome::Drawn : PlotOutcome::NoYSpan;
+  return true;
 }
 
 ProfileTexts TextsOf(const Workspace& data, int slot) {

@@ -4,21 +4,18 @@
 
 #include <string>
 
+#include "files/read_outcome.h"
 #include "forms/surface.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
 
-enum class PlotOutcome {
-  Drawn,
-  NoXRange,  ///< the X range is below 0.00001, or runs downward: nothing is drawn
-  NoYSpan,   ///< the frame is not complete; the curve is drawn in the scale of the last drawing
-};
-
 /// Draws the temporary copy of a slot (1 to 6) in its limits, which become those of the drawing: frame,
 /// ticks and one segment for each pair of neighbouring points. A segment that leaves the X range or
-/// passes the top of the plot is left out. The picture is not cleared before.
-[[nodiscard]] PlotOutcome DrawProfile(Workspace& data, int slot, Surface& picture);
+/// passes the top of the plot is left out. The picture is not cleared before. Limits that span no Y are
+/// told; the curve is then drawn in the scale of the last drawing. False, and nothing is drawn, when the X
+/// range is below 0.00001, or runs downward, or is too large for 32 bits.
+[[nodiscard]] bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& tell);
 
 /// The texts that a window with a profile shows about it.
 struct ProfileTexts {

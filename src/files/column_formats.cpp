@@ -229,15 +229,16 @@ Failure TakePoint(Reading& reading, const LineWords& words, int n, StepTest& ste
   ProfileBuffer& buffer = reading.Buffer;
   const float x = words.Number(1);
   const float y = words.Number(2);
-  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X"));
   at_end = n >= 3 && x < least_x;
   if (at_end) return std::nullopt;
   if (n > MaxPoints) return LimitFailure(buffer);
+  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X"));
   if (!std::isfinite(y)) return reading.FailHere(OutOfRange("the intensity"));
   SetPoint(buffer, n, x, y);
   if (n == 1) buffer.FileXMin = x;
   buffer.FileXMax = x;
   if (n >= 2) steps.Compare(n, x, buffer.PermX[static_cast<std::size_t>(n) - 1]);
+  if (!std::isfinite(steps.Step())) return reading.FailHere(OutOfRange("the step"));
   return std::nullopt;
 }
 

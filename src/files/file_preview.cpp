@@ -4,6 +4,7 @@
 #include <deque>
 #include <string_view>
 
+#include "files/read_outcome.h"
 #include "forms/fixed_text.h"
 #include "workspace/workspace.h"
 
@@ -38,15 +39,15 @@ void AddEndOfLongFile(std::string_view contents, std::string& text) {
 
 FilePreview PreviewOf(std::string_view contents) {
   FilePreview preview;
-  preview.PreviewLine.fill(std::string(TitleWidth, ' '));
+  preview.PreviewLine.fill(std::string(LineWidth, ' '));
   LineReader lines(contents);
   for (int i = 1; i <= FilePreview::MaxLines; ++i) {
     if (lines.AtEnd()) {
       preview.NLines = i;
       return preview;
     }
-    const std::string_view line = FirstCharacters(lines.NextLine(), TitleWidth);
-    preview.PreviewLine[static_cast<std::size_t>(i)] = FixedField(line, TitleWidth);
+    const std::string_view line = FirstCharacters(lines.NextLine(), LineWidth);
+    preview.PreviewLine[static_cast<std::size_t>(i)] = FixedField(line, LineWidth);
     AddLine(preview.Text, line);
   }
   AddEndOfLongFile(contents, preview.Text);
@@ -57,7 +58,7 @@ FilePreview PreviewOfFile(const std::string& path) {
   const auto file = ReadTextFile(path);
   if (const auto* error = std::get_if<FileError>(&file)) {
     FilePreview preview = PreviewOf("");
-    preview.Text = "The file " + path + " cannot be read: " + error->Reason + ".";
+    preview.Text = UnreadableFile(path, error->Reason).Problem->Text;
     return preview;
   }
   return PreviewOf(std::get<TextFile>(file).Contents());

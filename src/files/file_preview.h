@@ -2,8 +2,8 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <string>
+#include <string_view>
 
 #include "forms/text_file.h"
 

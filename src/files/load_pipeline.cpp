@@ -1,6 +1,7 @@
 #include "files/load_pipeline.h"
 
 #include <cstddef>
+#include <string>
 
 #include "files/column_formats.h"
 #include "files/preview_window.h"

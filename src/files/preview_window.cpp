@@ -1,6 +1,5 @@
 #include "files/preview_window.h"
 
-#include "files/file_preview.h"
 #include "files/format_window.h"
 #include "forms/desktop.h"
 #include "workspace/workspace.h"
@@ -13,7 +12,10 @@ Form4::Form4(const WindowContext& context) : Form(context.Desk, "Form4", "Form4"
   cmdCancel.OnClick = [this] { Cancel(); };
 }
 
-void Form4::OnLoad() { Text1.Text = PreviewOfFile(context_.Data.FileName).Text; }
+void Form4::OnLoad() {
+  preview_ = PreviewOfFile(context_.Data.FileName);
+  Text1.Text = preview_.Text;
+}
 
 void Form4::Accept() {
   Unload();

@@ -1,6 +1,7 @@
 // Form4: the beginning and the end of the file that is about to be loaded.
 #pragma once
 
+#include "files/file_preview.h"
 #include "forms/form.h"
 #include "workspace/services.h"
 
@@ -17,6 +18,7 @@ class Form4 final : public Form {
   void Cancel();
 
   WindowContext context_;
+  FilePreview preview_;
 
   TextBox Text1{
       *this, "Text1", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 84, .Rows = 22}};

@@ -34,7 +34,7 @@ void AddNumber(LineWords& words, double value) {
 /// decimals, and scanning one tells at once that it is a number and where it ends.
 const char* AddWord(LineWords& words, const char* at, const char* end) {
   const DecimalScan scan = ScanDecimal(at, end);
-  if (scan.End == end || IsSeparator(*scan.End)) {
+  if (scan.Digits > 0 && (scan.End == end || IsSeparator(*scan.End))) {
     if (const auto value = QuickValue(scan)) {
       AddNumber(words, *value);
       return scan.End;

@@ -110,7 +110,7 @@ MessageAnswer ScriptedRuntime::MsgBox(const Message& message) {
     answers_.pop_front();
   }
   Tell(MessageEvent{message, answer});
-  return answer == MessageAnswer::Cancel ? MessageAnswer::No : answer;
+  return answer;
 }
 
 std::string ScriptedRuntime::InputBox(const InputRequest& request) {

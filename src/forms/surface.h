@@ -64,7 +64,7 @@ struct UserScale {
 
 class Surface {
  public:
-  explicit Surface(const UserScale& scale) : scale_(scale) {}
+  explicit Surface(const UserScale& scale) : CurrentX(scale.Left), CurrentY(scale.Top), scale_(scale) {}
   Surface(const Surface&) = delete;
   Surface& operator=(const Surface&) = delete;
   virtual ~Surface() = default;
@@ -88,8 +88,8 @@ class Surface {
     CurrentY = static_cast<float>(y);
   }
 
-  float CurrentX = 0;
-  float CurrentY = 0;
+  float CurrentX;
+  float CurrentY;
   Colour ForeColor = colours::Black;
   std::string FontName{DefaultFont};
   float FontSize = 8;

@@ -157,7 +157,6 @@ std::string_view CutLine(std::string_view& rest) {
   const std::size_t feed = rest.find('\n');
   std::string_view line = rest.substr(0, feed);
   rest.remove_prefix(feed == std::string_view::npos ? rest.size() : feed + 1);
-  if (feed == std::string_view::npos) return line;
   while (!line.empty() && line.back() == '\r') line.remove_suffix(1);
   return line;
 }
@@ -206,8 +205,8 @@ std::variant<TextFile, FileError> ReadTextFile(const std::string& path) {
   if (!file.Ok()) return ErrorOf(errno);
   std::string bytes;
   if (const int error = ReadAll(file.Descriptor(), bytes)) return ErrorOf(error);
-  if (!IsUtf8(bytes)) return TextFile(Latin1ToUtf8(bytes), TextEncoding::Latin1);
   if (bytes.starts_with(byte_order_mark)) bytes.erase(0, byte_order_mark.size());
+  if (!IsUtf8(bytes)) return TextFile(Latin1ToUtf8(bytes), TextEncoding::Latin1);
   return TextFile(std::move(bytes), TextEncoding::Utf8);
 }
 

@@ -15,7 +15,8 @@ namespace koprax {
 
 namespace {
 
-constexpr int TitleHeight = 25;  // what a window manager lays above a window
+constexpr QSize SmallestScreen{800, 600};  // on which every window starts whole
+constexpr QSize WindowDecoration{8, 30};   // what a window manager lays around a window
 
 }  // namespace
 
@@ -65,8 +66,8 @@ void FormWindow::Display(bool modal) {
     }
   }
   if (!testAttribute(Qt::WA_Resized)) {
-    // A window that can be resized starts no larger than the screen.
-    resize(sizeHint().boundedTo(screen()->availableGeometry().size() - QSize(0, TitleHeight)));
+    const QSize room = screen()->availableGeometry().size().boundedTo(SmallestScreen) - WindowDecoration;
+    resize(sizeHint().boundedTo(room));
   }
   show();
 }

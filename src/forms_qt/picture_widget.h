@@ -26,7 +26,7 @@ class PictureWidget final : public QWidget {
   [[nodiscard]] std::size_t OperationsPainted() const { return operations_painted_; }
 
   [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint() * LeastShareOfDesign; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -35,6 +35,9 @@ class PictureWidget final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  // Below this share of its design size the labels of a plot could hardly be read.
+  static constexpr double LeastShareOfDesign = 0.85;
+
   void BringPaperUpToDate();
   void PaintOnPaper(std::size_t first_operation);
   [[nodiscard]] bool PaperOnlyLacksTheEnd() const;

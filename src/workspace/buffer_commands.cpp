@@ -8,10 +8,11 @@
 
 namespace koprax {
 
-void MakeCurrent(Desktop& desk, Workspace& data, int slot) {
-  data.CurBuf = static_cast<std::int16_t>(slot);
-  desk.Unload("Form3");
-  desk.Unload("Form14");
+void MakeCurrent(const WindowContext& context, int slot) {
+  if (slot != context.Data.CurBuf) {
+    context.Files.GiveUpTitle();
+  }
+  context.Data.CurBuf = static_cast<std::int16_t>(slot);
 }
 
 void OpenChosenProfile(const WindowContext& context, Form& picker) {
@@ -24,7 +25,6 @@ void OpenChosenProfile(const WindowContext& context, Form& picker) {
     context.Desk.Unload("Form19");
     context.Main.BringMainMenuToFront();
   }
-  picker.Unload();
   data.ModeDisp = data.ModeAnal = data.ModeFit = false;
 }
 
@@ -37,7 +37,7 @@ void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& sl
   }
   data.NumSelected = static_cast<std::int16_t>(slots.size());
   if (slots.size() == 1) {
-    MakeCurrent(context.Desk, data, slots.front());
+    MakeCurrent(context, slots.front());
     context.Files.ShowBuffer(data.CurBuf, data.ModeDisp);
   }
   data.ModeDisp = false;

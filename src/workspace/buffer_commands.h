@@ -9,8 +9,8 @@
 namespace koprax {
 
 /// Makes a slot from 1 to 6 the one at work. A title that is still being typed belongs to the buffer of
-/// before, so its window closes and leaves the title as it is.
-void MakeCurrent(Desktop& desk, Workspace& data, int slot);
+/// before, so that is given up first if the slot is another one.
+void MakeCurrent(const WindowContext& context, int slot);
 
 /// Loads or opens CurBuf in the window of the pending mode, then clears the modes. `picker` shows the
 /// hourglass meanwhile. When no profile came of it, a fit window that opened for it goes away and the

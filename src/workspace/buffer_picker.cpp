@@ -1,5 +1,6 @@
 #include "workspace/buffer_picker.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <utility>
@@ -16,13 +17,13 @@ std::string LetterOf(int slot) { return std::string(1, static_cast<char>('a' + s
 
 BufferPicker::BufferPicker(const WindowContext& context, const PickerKind& kind, PickerActions actions)
     : Form(context.Desk, kind.Name, kind.Caption),
-      data_(context.Data),
+      context_(context),
       kind_(kind),
       actions_(std::move(actions)) {
   kind_.Choice == PickerKind::Offers::OneBuffer ? MakeOptions() : MakeChecks();
   std::vector<LayoutNode> rows;
   for (std::size_t i = 0; i < NumBuffers; ++i) {
-    titles_.emplace_back(*this, "Text" + std::to_string(i + 1), TextSetup{.Locked = true, .Columns = 60});
+    titles_.emplace_back(*this, "Text" + std::to_string(i + 1), TextSetup{.Locked = true, .Columns = 80});
     rows.emplace_back(options_.empty() ? static_cast<Control&>(checks_[i]) : options_[i]);
     rows.push_back(Stretched(titles_[i]));
   }
@@ -54,11 +55,15 @@ void BufferPicker::MakeChecks() {
 
 void BufferPicker::OnLoad() {
   for (std::size_t i = 0; i < NumBuffers; ++i) {
-    const ProfileBuffer& buffer = data_.Buffers[i + 1];
+    const ProfileBuffer& buffer = context_.Data.Buffers[i + 1];
     titles_[i].Text = buffer.Empty() ? " Empty" : buffer.Title;
     if (!checks_.empty()) {
       checks_[i].Enabled = !buffer.Empty();
     }
+  }
+  const auto occupied = [](const ProfileBuffer& buffer) { return !buffer.Empty(); };
+  if (kind_.FirstWhenAllEmpty && std::ranges::none_of(context_.Data.Buffers, occupied)) {
+    context_.Data.CurBuf = 1;
   }
   if (actions_.Loaded) {
     actions_.Loaded();
@@ -73,8 +78,8 @@ void BufferPicker::OnCloseBox() {
 }
 
 void BufferPicker::Choose(const std::vector<int>& slots) {
-  if (kind_.Choice == PickerKind::Offers::OneBuffer) {
-    MakeCurrent(Desk(), data_, slots.front());
+  if (kind_.Choice == PickerKind::Offers::OneBuffer && kind_.SetsCurBuf) {
+    MakeCurrent(context_, slots.front());
   }
   if (kind_.Order == PickerKind::Closes::BeforeActing) {
     Unload();

@@ -22,6 +22,8 @@ struct PickerKind {
   const char* Caption;
   Offers Choice = Offers::OneBuffer;
   Closes Order = Closes::BeforeActing;
+  bool SetsCurBuf = true;          ///< with one buffer on offer, the choice becomes CurBuf
+  bool FirstWhenAllEmpty = false;  ///< CurBuf becomes 1 at the load when all six buffers are empty
 };
 
 namespace pickers {
@@ -29,13 +31,20 @@ inline constexpr PickerKind Profile{"Form10", "Select one profile to display", P
                                     PickerKind::Closes::AfterActing};
 inline constexpr PickerKind Display{"Form11", "Select profile(s) to display",
                                     PickerKind::Offers::SeveralBuffers};
-inline constexpr PickerKind Calibration{"Form16", "Select buffer (form 16)"};
+inline constexpr PickerKind Calibration{
+    .Name = "Form16", .Caption = "Select buffer (form 16)", .FirstWhenAllEmpty = true};
 inline constexpr PickerKind Erase{"Form17", "Select buffer (form 17)"};
 inline constexpr PickerKind SmoothedResult{"Form18", "Select buffer (form18)"};
-inline constexpr PickerKind FitBackground{"Form21", "Select buffer (Form21)"};
-inline constexpr PickerKind Cell{"Form27", "Select buffer (Form27)"};
-inline constexpr PickerKind ComputedProfile{"Form29", "Select buffer (Form29)"};
-inline constexpr PickerKind SeveralSaved{"Form32", "Select buffer (Form32)"};
+inline constexpr PickerKind FitBackground{.Name = "Form21",
+                                          .Caption = "Select buffer (Form21)",
+                                          .Order = PickerKind::Closes::AfterActing,
+                                          .SetsCurBuf = false};
+inline constexpr PickerKind Cell{
+    .Name = "Form27", .Caption = "Select buffer (Form27)", .Order = PickerKind::Closes::AfterActing};
+inline constexpr PickerKind ComputedProfile{
+    .Name = "Form29", .Caption = "Select buffer (Form29)", .FirstWhenAllEmpty = true};
+inline constexpr PickerKind SeveralSaved{
+    .Name = "Form32", .Caption = "Select buffer (Form32)", .FirstWhenAllEmpty = true};
 }  // namespace pickers
 
 /// What the user of a picker does, told to whoever opened it.
@@ -44,7 +53,7 @@ struct PickerActions {
   int MostTicked = NumBuffers;
   /// The load of the window.
   std::function<void()> Loaded{};
-  /// A choice: the slots picked, 1 to 6. With one buffer on offer it is CurBuf by then.
+  /// A choice: the slots picked, 1 to 6.
   std::function<void(Form& picker, const std::vector<int>& slots)> Chosen{};
   /// The close box.
   std::function<void()> GivenUp{};
@@ -62,7 +71,7 @@ class BufferPicker final : public Form {
   void Choose(const std::vector<int>& slots);
   [[nodiscard]] std::vector<int> TickedSlots() const;
 
-  Workspace& data_;
+  WindowContext context_;
   PickerKind kind_;
   PickerActions actions_;
   std::deque<OptionButton> options_;  // optA to optF, or

@@ -5,7 +5,7 @@
 namespace koprax {
 
 std::optional<std::string> Form9::Ask(const FileDialogRequest& request) {
-  const auto path = Desk().Host().FileDialog(request);
+  auto path = Desk().Host().FileDialog(request);
   if (path) {
     data_.FileName = *path;
   }

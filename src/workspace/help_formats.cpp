@@ -70,13 +70,18 @@ Line 3 to end    2-theta and intensity of one point
 Numbers are separated by a comma or by blanks. The first line is a title
 unless it holds nothing but one or two numbers; a title of one or two numbers
 is thus taken for data. A profile without title is called "file without
-title". A line with one number behind the title is the wavelength. If it is
-missing, the program asks for it when the profile is shown.
+title". A line with one number behind the title is the wavelength, one with
+two numbers is the first point, and then the program asks for the wavelength
+when the profile is shown. A line with none or more than two numbers behind
+the title is passed over, and the wavelength stays that of the buffer.
+
+Of a line only the first 79 characters count. Numbers behind the second one
+of a point, such as its error, are not used.
 
 The distances between the points need not be the same. If they are, to three
 decimals, the profile has a fixed step. There may be at most 8000 points.
-From the third point on, a 2-theta of 0 or below ends the data, and so does
-an empty line.
+From the third point on, a 2-theta below 0.0001 ends the data, and so does an
+empty line.
 
 Example file:
 Silicon, line 111

@@ -15,7 +15,8 @@ class Form5 final : public Form {
   void ShowTopic(HelpTopic topic);
 
  private:
-  TextBox Text1{*this, "Text1", {.Locked = true, .MultiLine = true, .Columns = 76, .Rows = 26}};
+  TextBox Text1{
+      *this, "Text1", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 82, .Rows = 26}};
 };
 
 }  // namespace koprax

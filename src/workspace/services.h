@@ -43,6 +43,8 @@ class FileServices {
   /// Reads a file into the buffer if one is due, takes a fresh temporary copy and opens the window of the
   /// pending mode on it. False when no profile came of it; the user has been told.
   virtual bool ShowBuffer(int slot, bool for_display) = 0;
+  /// Closes a window in which a title is being typed; the title stays as it was.
+  virtual void GiveUpTitle() = 0;
 };
 
 /// The windows that show profiles.

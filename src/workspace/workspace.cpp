@@ -7,6 +7,7 @@ namespace koprax {
 Workspace::Workspace() : BlankTitle(TitleWidth, ' ') {
   Words.WordStr.fill(std::string(MaxWords, ' '));
   Words.LineChars.fill(" ");
+  EraseBuffer(*this, 0);
   for (int slot = 1; slot <= NumBuffers; ++slot) {
     ProfileBuffer& buffer = Buffer(slot);
     buffer.Title = BlankTitle;

@@ -24,7 +24,7 @@ inline constexpr int MaxReflections = 500;
 /// entry 0 is unused.
 using PointTable = std::vector<float>;
 
-/// What a buffer was read from; 0 after an erase. These differ from the numbers of `ProfileFormat`.
+/// What a buffer was read from; 0 after an erase. These differ from the numbers of InputFormat.
 enum class FormatCodes : std::int16_t {
   None = 0,
   OneColumn = 1,

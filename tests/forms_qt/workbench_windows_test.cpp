@@ -43,8 +43,8 @@ class WorkbenchWindows : public testing::Test {
   void ExpectWindowsToFit() {
     for (const auto& form : bench_.Desk().ShownForms()) {
       const QSize size = view_.WindowOf(*form)->size();
-      EXPECT_LE(size.width(), 800) << form->Name();
-      EXPECT_LE(size.height(), 575) << form->Name() << ", with room for its title";
+      EXPECT_LE(size.width(), 792) << form->Name();
+      EXPECT_LE(size.height(), 570) << form->Name() << ", with room for its frame and title";
     }
   }
 
