@@ -18,6 +18,20 @@ constexpr int LongestLine = 44;
 constexpr int WrappedLine = 34;
 constexpr double BodyFontSize = 8;
 
+/// A label that never gives up a line of its wrapped text.
+class WholeLabel final : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    if (wordWrap()) {
+      setMinimumHeight(heightForWidth(width()));
+    }
+  }
+};
+
 class LabelWidget final : public ControlWidget {
  public:
   LabelWidget(Label& label, QLabel& widget) : ControlWidget(label, widget), label_(label), widget_(widget) {
@@ -99,7 +113,7 @@ class ImageWidget final : public ControlWidget {
 }  // namespace
 
 std::unique_ptr<ControlWidget> MakeLabel(Label& label, QWidget& parent) {
-  return std::make_unique<LabelWidget>(label, *new QLabel(&parent));
+  return std::make_unique<LabelWidget>(label, *new WholeLabel(&parent));
 }
 
 std::unique_ptr<ControlWidget> MakeFrame(Frame& frame, QWidget& parent) {

@@ -158,7 +158,7 @@ class ComboWidget final : public ControlWidget {
     widget.setEditable(true);
     widget.setInsertPolicy(QComboBox::NoInsert);
     widget.setCompleter(nullptr);
-    widget.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     widget.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     ApplyAll({PropertyName::Items, PropertyName::Text});
     QObject::connect(&widget, &QComboBox::editTextChanged, &widget,
@@ -181,9 +181,12 @@ class ComboWidget final : public ControlWidget {
   void ApplyItems() {
     const QSignalBlocker quiet(widget_);
     widget_.clear();
+    qsizetype longest = 0;
     for (const std::string& item : box_.Items.Get()) {
       widget_.addItem(ToQt(item));
+      longest = std::max(longest, ToQt(item).size());
     }
+    widget_.setMinimumContentsLength(static_cast<int>(longest));
     widget_.setCurrentIndex(-1);
     ApplyText();
   }
