@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iomanip>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,10 @@ struct Plotted {
 
   explicit Plotted(const PlotLimits& limits) {
     Data.CurBuf = 1;
+    Draw(limits);
+  }
+  void Draw(const PlotLimits& limits) {
+    Picture.Cls();
     Framed = DrawAxes(Data, limits, Picture);
   }
   [[nodiscard]] std::vector<LineOperation> Lines() const {
@@ -38,6 +44,23 @@ struct Plotted {
       }
     }
     return texts;
+  }
+  /// The ticks along X, then those along Y, each as "label@place-distance of the label".
+  [[nodiscard]] std::string Ticks() const {
+    std::ostringstream ticks;
+    ticks << std::fixed;
+    const auto& drawn = Picture.Operations();
+    for (std::size_t i = 1; i < drawn.size(); ++i) {
+      const auto* line = std::get_if<LineOperation>(&drawn[i - 1]);
+      const auto* text = std::get_if<TextOperation>(&drawn[i]);
+      if (line == nullptr || text == nullptr || text->TextColour != colours::Black) continue;
+      const bool along_x = line->X1 == line->X2;
+      const float from = along_x ? line->X1 : 20;  // what the label stands left of
+      EXPECT_FLOAT_EQ(text->Y, along_x ? 13 : line->Y1 + 1);
+      ticks << text->Text << "@" << std::setprecision(2) << (along_x ? line->X1 : line->Y1) << "-"
+            << std::setprecision(0) << from - text->X << " ";
+    }
+    return ticks.str();
   }
   [[nodiscard]] std::vector<std::string> Labels() const {
     std::vector<std::string> labels;
@@ -105,6 +128,46 @@ TEST(PlotAxes, LabelsAwayFromWholeNumbersShowWhatRepeatedAdditionGives) {
   EXPECT_EQ(Plotted({0.1F, 0.9F, 0, 5}).Labels().front(), ".2");
 }
 
+// Places worked out by a walk of its own in 64 bits, outside this program.
+TEST(PlotAxes, TicksOfPlotsOneAfterTheOther) {
+  struct Row {
+    PlotLimits Limits;
+    float ZeroY;
+    std::string Ticks;
+  };
+  const std::vector<Row> rows{
+      {{0, 10, -10, 10}, 50.625F, "@20.00-3 5@67.50-3 10@115.00-3 -5@32.81-8  0@50.62-6  5@68.44-6 "},
+      // A plot above 0 leaves the zero line of the one before where it was.
+      {{90, 260, 0, 10},
+       50.625F,
+       "90@20.00-3 120@36.76-4 150@53.53-4 180@70.29-4 210@87.06-4 240@103.82-4 "
+       " 0@15.00-6  2@29.25-6  4@43.50-6  6@57.75-6  8@72.00-6  10@86.25-8 "},
+      {{950, 1350, 0, 20000},
+       50.625F,
+       "960@22.38-4 1040@41.38-5 1120@60.38-5 1200@79.38-5 1280@98.38-5 "
+       " 0@15.00-6  3000@25.69-10  6000@36.38-10  9000@47.06-10  12000@57.75-11  15000@68.44-11 "
+       " 18000@79.12-11 "},
+      {{4.97F, 5.03F, 0, 7},
+       50.625F,
+       "4.98@35.83-5 5.@67.50-5 5.02@99.17-5  0@15.00-6  2@35.36-6  4@55.71-6  6@76.07-6 "},
+      // 480 times 0.2 adds up to 96 within the tolerance of a whole number.
+      {{95.5F, 96.5F, -0.5F, 2},
+       29.25F,
+       "95.6@29.50-5 95.8@48.50-5 96@67.50-3 96.2@86.50-5 96.4@105.50-5  0@29.25-6 "},
+      {{0, 0.5F, -3000, 9000},
+       32.8125F,
+       "@20.00-3 .08@35.20-5 .16@50.40-5 .24@65.60-5 .32@80.80-5 .4@96.00-5 .48@111.20-5 "
+       "-150@31.92-10  2850@49.73-10  5850@67.55-10  8850@85.36-10 "},
+  };
+  Plotted plot({0, 1, 0, 1});
+  for (const Row& row : rows) {
+    plot.Draw(row.Limits);
+    EXPECT_EQ(plot.Ticks(), row.Ticks);
+    EXPECT_EQ(plot.Data.Buffer(1).NegativeY, row.Limits.YMin < 0 ? 1 : 0);
+    EXPECT_FLOAT_EQ(plot.Data.Plot.ZeroY, row.ZeroY);
+  }
+}
+
 TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
   Workspace data;
   data.CurBuf = 2;
@@ -163,6 +226,9 @@ TEST(PlotTicks, StepsChangeJustAboveTheirThresholds) {
     finer = row.Step;
   }
   EXPECT_EQ(TickStepX(8), 1);
+  // The thresholds are decimals: the 32-bit 0.08 lies below its own, 0.2 above, 0.5 is exact.
+  EXPECT_EQ((std::vector{TickStepX(0.08F), TickStepX(0.2F), TickStepX(0.5F)}),
+            (std::vector<double>{0.02, 0.08, 0.08}));
   const std::vector<Row> along_y{{10, 5},        {50, 20},        {200, 70},        {800, 150},
                                  {2000, 500},    {5000, 1000},    {10000, 3000},    {30000, 6000},
                                  {60000, 15000}, {200000, 50000}, {500000, 100000}, {1000000, 200000},

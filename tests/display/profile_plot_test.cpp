@@ -77,9 +77,51 @@ TEST(ProfilePlot, ACurveOnAZeroLine) {
   EXPECT_NEAR(curve[0].Y2, 86.25, 1e-4);  // the highest leaves the free share above it
 }
 
+TEST(ProfilePlot, AZoomedCurveGoesByTheLimitsAndNotByItsFirstPoint) {
+  Workspace data = WithProfile({{10, 0}, {15, 100}, {20, 50}}, 0, 100);
+  data.Buffer(1).WorkXMin = 5;  // 95 units for 15 degrees now
+  const auto px = [](double x) { return static_cast<float>(20 + (x - 5) * static_cast<double>(95 / 15.0F)); };
+  const auto all = CurveOf(data);
+  ASSERT_EQ(all.size(), 2U);
+  EXPECT_EQ(all[0].X1, px(10));
+  EXPECT_EQ(all[1].X2, px(20));
+  data.Buffer(1).WorkXMin = 12;
+  EXPECT_EQ(CurveOf(data).size(), 1U);  // the segment that begins left of the plot is left out
+}
+
+TEST(ProfilePlot, TheBaseIsThatOfTheBuffersOwnFrame) {
+  Workspace data = WithProfile({{0, 0}, {10, 50}}, 0, 100);
+  data.CurBuf = 2;
+  data.Buffer(1).NegativeY = 1;  // its last frame reached below 0
+  data.Plot.ZeroY = 40;
+  const auto curve = CurveOf(data);
+  ASSERT_EQ(curve.size(), 1U);
+  EXPECT_EQ(curve[0].Y1, 40);
+}
+
+TEST(ProfilePlot, AFlatProfileIsToldAndThenDrawnInTheScaleOfTheLastPlot) {
+  Workspace data = WithProfile({{0, 0}, {5, 0}, {10, 0}}, 0, 100);
+  Surface picture{PlotPicture().Scale};
+  ASSERT_TRUE(DrawProfile(data, 1, picture, Unexpected));
+  data.Buffer(1).WorkYMax = 0;
+  data.Buffer(1).WorkY[2] = 100;
+  picture.Cls();
+  std::vector<std::size_t> drawn_before_telling;
+  EXPECT_TRUE(DrawProfile(data, 1, picture, [&](const Message& message) {
+    EXPECT_EQ(message.Title, "Error");
+    EXPECT_EQ(message.Icon, MessageIcon::Stop);
+    drawn_before_telling.push_back(picture.Operations().size());
+  }));
+  EXPECT_EQ(drawn_before_telling, std::vector<std::size_t>{4});  // the outer frame
+  ASSERT_EQ(picture.Operations().size(), 6U);
+  EXPECT_FLOAT_EQ(std::get<LineOperation>(picture.Operations()[4]).Y2, 86.25F);
+}
+
 TEST(ProfilePlot, NothingIsDrawnWithoutARangeOfX) {
+  Workspace narrow = WithProfile({{0, 1}, {0.000011F, 2}}, 0, 2);
+  EXPECT_EQ(CurveOf(narrow).size(), 1U);
   for (const auto& points : std::vector<std::vector<std::pair<float, float>>>{
-           {{10, 1}}, {{80, 1}, {10, 2}}, {{10, 1}, {10.000005F, 2}}, {{-3e38F, 1}, {3e38F, 2}}}) {
+           {{10, 1}}, {{80, 1}, {10, 2}}, {{0, 1}, {0.0000099F, 2}}, {{-3e38F, 1}, {3e38F, 2}}}) {
     Workspace data = WithProfile(points, 0, 2);
     Surface picture{PlotPicture().Scale};
     EXPECT_FALSE(DrawProfile(data, 1, picture, Unexpected));

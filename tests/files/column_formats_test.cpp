@@ -54,6 +54,7 @@ class ColumnFormats : public testing::Test {
     EXPECT_EQ(Buffer().FileXMin, 0);
     EXPECT_EQ(Buffer().FileXMax, 0);
     EXPECT_EQ(Buffer().XStep, 0);
+    EXPECT_EQ(Buffer().NPeaks, 1);
     EXPECT_EQ(Buffer().PeakTheta[1], "28.44");
   }
   void ExpectLimitFailure(ReaderFunction reader, const std::string& text) {
@@ -65,6 +66,7 @@ class ColumnFormats : public testing::Test {
     EXPECT_EQ(outcome.Problem->Title, "Error");
     EXPECT_EQ(outcome.Problem->Icon, MessageIcon::None);
     ExpectEmptied();
+    EXPECT_NE(Buffer().Wavelength, 0);  // stays, as the file or the buffer had it
   }
   /// A failure in words of its own, which contain all of the given ones.
   void ExpectFailure(ReaderFunction reader, const std::string& text, const std::vector<std::string>& words) {
@@ -119,6 +121,14 @@ TEST_F(ColumnFormats, TitlesAreCutAt80CharactersAndLoseTheirQuotes) {
   Load(ReadOneColumn, "\xC5 title\r\n1 1 1\r\n5\r\n");
   EXPECT_EQ(Title(), "\xC3\x85 title");
   EXPECT_TRUE(Buffer().Latin1Text);
+  Load(ReadOneColumn, "plain\r\n1 1 1\r\n5\r\n");
+  EXPECT_FALSE(Buffer().Latin1Text);
+  Load(ReadItalDat, "\xEF\xBB\xBF\xC5\r\n0\r\n1 1 1\r\n");  // marked, but no UTF-8 behind it
+  EXPECT_TRUE(Buffer().Latin1Text);
+  EXPECT_EQ(Title(), "\xC3\x85");
+  Load(ReadTwoColumns, "t " + std::string(1 << 20, 'x') + "\n1.54\n1 2\r");
+  EXPECT_EQ(Buffer().Title, "t " + std::string(78, 'x'));
+  EXPECT_EQ(Y(1), 2);
 }
 
 TEST_F(ColumnFormats, TheLastRecordStandsInTheWordTables) {
@@ -159,12 +169,10 @@ TEST_F(ColumnFormats, ItalDatReadsHeaderPointsAndWavelength) {
 
 TEST_F(ColumnFormats, ItalDatGoesByTheRecordBehindTheLastPoint) {
   const std::string points = "t\r\n2\r\n1 2 1\r\n5\r\n6\r\n";
-  const std::vector<std::pair<std::string, float>> endings{{"", 0.7F},
-                                                           {"1.5\r\n", 0.7F},
-                                                           {"9 1\r\n", 0.7F},
-                                                           {"9 1\r\n1.5\r\n", 1.5F},
-                                                           {"9 text 1\r\n1.5 8\r\n", 1.5F},
-                                                           {"9 1\r\n\r\n", 0}};
+  const std::vector<std::pair<std::string, float>> endings{
+      {"", 0.7F},        {"1.5\r\n", 0.7F},        {"1E39\r\n", 0.7F},
+      {"9 1\r\n", 0.7F}, {"9 1\r\n1.5\r\n", 1.5F}, {"9 text 1\r\n1.5 8\r\n", 1.5F},
+      {"9 1\r\n\r\n", 0}};
   for (const auto& [ending, wavelength] : endings) {
     Buffer().Wavelength = 0.7F;
     Load(ReadItalDat, points + ending);
@@ -176,6 +184,7 @@ TEST_F(ColumnFormats, ItalDatGoesByTheRecordBehindTheLastPoint) {
     ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
     EXPECT_EQ(outcome.Problem->Text, "Last record is irregular!!\r\nReturn to main menu.");
     EXPECT_EQ(outcome.Problem->Title, "Error");
+    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::None);
     ExpectEmptied();
     EXPECT_EQ(Buffer().Wavelength, 0);
   }
@@ -203,7 +212,7 @@ TEST_F(ColumnFormats, ItalDatReadsItsHeaderInFreeFormat) {
 }
 
 TEST_F(ColumnFormats, ItalDatTakesNoMoreThan8000Points) {
-  Load(ReadItalDat, "t\n8000\n10 1 0.013\n" + Records(8000, "3") + "3 3\n1.5\n");
+  Load(ReadItalDat, "t\n8000.4\n10 1 0.013\n" + Records(8000, "3") + "3 3\n1.5\n");
   EXPECT_EQ(Buffer().PermNpts, 8000);
   EXPECT_EQ(Y(8000), 3);
   for (int i = 1; i <= 8000; ++i) {
@@ -252,7 +261,7 @@ TEST_F(ColumnFormats, OneColumnTakesNoMoreThan8000Records) {
   Load(ReadOneColumn, "t\r\n0 1 0\r\n" + Records(8000, "3"));
   EXPECT_EQ(Buffer().PermNpts, 8000);
   EXPECT_EQ(X(8000), 7999);
-  ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 0\r\n" + Records(8000, "3") + "\r\n");
+  ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 1.5\r\n" + Records(8000, "3") + "\r\n");
 }
 
 TEST_F(ColumnFormats, OneColumnTellsWhatIsWrong) {
@@ -299,6 +308,8 @@ TEST_F(ColumnFormats, TwoColumnsTakesPointsOfOneOrManyNumbers) {
   EXPECT_EQ((std::vector<float>{X(1), X(2), X(3)}), (std::vector<float>{3, 2, 1}));
   EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3)}), (std::vector<float>{0, 20, 10}));
   EXPECT_EQ(Buffer().XStep, -1);
+  EXPECT_EQ(Buffer().FileXMin, 3);
+  EXPECT_EQ(Buffer().FileXMax, 1);
 }
 
 TEST_F(ColumnFormats, TwoColumnsEndsAtASmallXFromTheThirdPointOn) {
@@ -320,6 +331,8 @@ TEST_F(ColumnFormats, TwoColumnsJudgesTheStepByThreeDecimals) {
       {"5 1\r\n5.02 1\r\n5.041 1\r\n", 0},
       {"5 1\r\n5.02 1\r\n5.041 1\r\n5.061 1\r\n", 0},
       {"1 1\r\n1.0625 1\r\n1.125 1\r\n", 0.062F},  // an exact half goes to the even digit
+      // 1000.187499 in 64 bits; in 32 bits it would be the half 1000.1875.
+      {"0.000001 1\r\n1000.1875 1\r\n", 1000.187F},
   };
   for (const auto& [points, step] : cases) {
     Load(ReadTwoColumns, "t\r\n1.5\r\n" + points);
@@ -341,6 +354,7 @@ TEST_F(ColumnFormats, TwoColumnsTellsWhatIsWrong) {
   ExpectFailure(ReadTwoColumns, "t\r\n1E39\r\n", {"line 2", "wavelength", "range"});
   ExpectFailure(ReadTwoColumns, "t\r\n1.5\r\n1 1\r\n1E39 1\r\n", {"line 4", "X", "range"});
   ExpectFailure(ReadTwoColumns, "1 1\r\n2 -1E39\r\n", {"line 2", "intensity", "range"});
+  ExpectFailure(ReadTwoColumns, "-3E38 1\r\n3E38 1\r\n", {"line 2", "step", "range"});
 }
 
 // ---- Anything --------------------------------------------------------------------------------------

@@ -25,6 +25,8 @@ struct Found {
 
 Found Tokenised(const std::string& line) {
   TokenisedWords tables;
+  tables.WordVal.fill(-777);  // what the line before has left
+  tables.WordStr.fill("stale");
   Found found;
   std::int16_t n_text = -1;
   std::int16_t n_num = -1;
@@ -62,6 +64,7 @@ TEST(TokeniseLine, KeepsNumbersAndTextsApart) {
   EXPECT_EQ(Tokenised(" ,, 1,2 ,x, "), (Found{{1, 2}, {"x"}}));
   EXPECT_EQ(Tokenised("12.5\t300"), (Found{{}, {"12.5\t300"}}));
   EXPECT_EQ(Tokenised("1.5E3 - +-. 1-2 2.3.4 1e-2"), (Found{{1500, 0, 0, 1, 2.3F, 0.01F}, {}}));
+  EXPECT_FALSE(std::signbit(Tokenised("-").Numbers.at(0)));
   EXPECT_EQ(Tokenised("1E E5 1.0D3 12:30 1E5E2 1e2\xC3\x85 E"),
             (Found{{}, {"1E", "E5", "1.0D3", "12:30", "1E5E2", "1e2\xC3\x85", "E"}}));
   EXPECT_EQ(Tokenised("1E+ 1E- .E. 1E39"), (Found{{1, 1, 0, INFINITY}, {}}));
@@ -88,6 +91,7 @@ TEST(TokeniseLine, NeverLooksAtColumn80) {
 
 TEST(TokeniseLine, TellsOfMoreThan24WordsAndKeepsTheFirst) {
   EXPECT_EQ(Tokenised(Repeated("1 ", 24)).Messages, 0);
+  EXPECT_EQ(Tokenised(Repeated("a ", 25)), (Found{{}, std::vector<std::string>(24, "a"), 1}));
   const Found found = Tokenised(Repeated("1 ", 23) + "a 2 3 4");
   EXPECT_EQ(found.Messages, 1);
   EXPECT_EQ(found.Numbers, std::vector<float>(23, 1));

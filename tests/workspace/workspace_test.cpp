@@ -3,12 +3,52 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
+#include <type_traits>
+#include <vector>
 
 #include "workspace/bragg.h"
+#include "workspace/workspace_fields.h"
 
 namespace koprax {
 namespace {
+
+constexpr float Other = 7;  ///< what no field starts with or is erased to
+
+/// Gives a field, or each entry of a table, another value.
+template <class Field>
+void Change(Field& field) {
+  if constexpr (std::is_same_v<Field, std::string>) {
+    field = "other";
+  } else if constexpr (std::is_arithmetic_v<Field>) {
+    field = static_cast<Field>(Other);
+  } else {
+    std::ranges::for_each(field, [](auto& entry) { Change(entry); });
+  }
+}
+
+/// Whether a field is 0 or blank, in all entries of a table.
+template <class Field>
+bool Cleared(const Field& field) {
+  if constexpr (std::is_same_v<Field, std::string>) {
+    return field.empty() || field == std::string(80, ' ');
+  } else if constexpr (std::is_arithmetic_v<Field>) {
+    return field == Field{};
+  } else {
+    return std::ranges::all_of(field, [](const auto& entry) { return Cleared(entry); });
+  }
+}
+
+/// The names of the fields of a buffer that hold anything.
+std::string Held(const ProfileBuffer& buffer) {
+  std::string names;
+  VisitBufferFields(buffer, [&](const char* name, const auto& field) {
+    if (!Cleared(field)) names.append(name).append(" ");
+  });
+  return names;
+}
 
 TEST(Workspace, StartsWithSixEmptyBuffersInTheirStartLimits) {
   const Workspace data;
@@ -17,46 +57,54 @@ TEST(Workspace, StartsWithSixEmptyBuffersInTheirStartLimits) {
     EXPECT_TRUE(buffer.Empty());
     EXPECT_EQ(buffer.Title.size(), 80U);
     EXPECT_EQ(buffer.BufLetter, std::string(1, static_cast<char>('a' + slot - 1)));
-    EXPECT_EQ(buffer.PermXMin, 1);
-    EXPECT_EQ(buffer.WorkXMax, 2);
-    EXPECT_EQ(buffer.WorkYMax, 3);
-    EXPECT_EQ(buffer.UdfHeader[30], " ");
+    EXPECT_EQ(Held(buffer),
+              "BufLetter FileXMin FileXMax PermXMin PermXMax PermYMax WorkXMin WorkXMax WorkYMax "
+              "UdfHeader UxdHeader ");
+    EXPECT_EQ((std::vector{buffer.FileXMin, buffer.FileXMax, buffer.PermXMin, buffer.PermXMax,
+                           buffer.PermYMax, buffer.WorkXMin, buffer.WorkXMax, buffer.WorkYMax}),
+              (std::vector<float>{1, 2, 1, 2, 3, 1, 2, 3}));
+    EXPECT_EQ(buffer.UdfHeader[30] + buffer.UxdHeader[70], "  ");
     EXPECT_EQ(buffer.PermX.size(), 8001U);
   }
   EXPECT_EQ(data.PaddedY.size(), 8401U);
+  EXPECT_EQ(data.InputFormat * 10 + data.NumSelected, 11);
 }
 
-TEST(Workspace, EraseClearsABufferButItsHeaderLines) {
+TEST(Workspace, EraseClearsABufferButItsHeadersAndItsCard) {
   Workspace data;
-  ProfileBuffer& buffer = data.Buffer(3);
-  buffer.Title = "Quartz";
-  buffer.FormatCode = 2;
-  buffer.Wavelength = 1.5F;
-  buffer.PermNpts = buffer.WorkNpts = 8000;
-  buffer.PermX[8000] = buffer.WorkY[8000] = 7;
-  buffer.NPeaks = 1;
-  buffer.PeakTheta[1] = buffer.PeakChannel[1] = "26.6";
-  buffer.PeakListText = "  1)";
-  buffer.CalPar[7] = 1e-9;
-  buffer.UdfHeader[1] = buffer.UxdHeader[1] = "header";
-  buffer.CpsLine2 = "line";
-  buffer.NegativeY = 1;
-  data.SelBuf[3] = 1;
+  for (const int slot : {2, 3}) {
+    VisitBufferFields(data.Buffer(slot), [](const char*, auto& field) { Change(field); });
+  }
+  const std::string all = Held(data.Buffer(2));
+  data.SelBuf.fill(1);
   EraseBuffer(data, 3);
-  EXPECT_EQ(buffer.Title, data.BlankTitle);
-  EXPECT_EQ(buffer.FormatCode, 0);
-  EXPECT_EQ(buffer.Wavelength, 0);
-  EXPECT_EQ(buffer.PermNpts + buffer.WorkNpts + buffer.NPeaks, 0);
-  EXPECT_EQ(buffer.PermX[8000] + buffer.WorkY[8000], 0);
-  EXPECT_EQ(buffer.PeakTheta[1] + buffer.PeakChannel[1] + buffer.PeakListText + buffer.CpsLine2, "");
-  EXPECT_EQ(buffer.CalPar[7], 0);
-  // An erased buffer differs from one never used in its limits.
-  EXPECT_EQ(buffer.PermXMin, 0);
-  EXPECT_EQ(buffer.FileXMax, 0);
-  EXPECT_EQ(buffer.WorkYMax, 0);
-  EXPECT_EQ(buffer.UdfHeader[1], "header");
-  EXPECT_EQ(buffer.BufLetter, "c");
+  EXPECT_EQ(Held(data.Buffer(3)),
+            "BufLetter UdfHeader UxdHeader UxdHeaderLines CellFormat CardCell CardSpaceGroup CardD CardH "
+            "CardK CardL ");
+  EXPECT_EQ(data.Buffer(3).Title, data.BlankTitle);
   EXPECT_EQ(data.SelBuf[3], 0);
+  EXPECT_EQ(Held(data.Buffer(2)), all);
+  EXPECT_EQ(data.SelBuf[2], 1);
+}
+
+// The visits go through a record from its front to its end: no field stands under two names.
+TEST(Workspace, EachFieldIsVisitedOnceInTheOrderOfTheRecord) {
+  Workspace data;
+  const void* last = nullptr;
+  int count = 0;
+  const auto next = [&](const char* name, const auto& field) {
+    if (reinterpret_cast<const char*>(&field) < reinterpret_cast<const char*>(&data) ||
+        reinterpret_cast<const char*>(&field) >= reinterpret_cast<const char*>(&data + 1)) {
+      return;  // a limit, which is no field
+    }
+    EXPECT_LT(last, static_cast<const void*>(&field)) << name;
+    last = &field;
+    ++count;
+  };
+  VisitBufferFields(data.Buffer(1), next);
+  EXPECT_EQ(count, 45);
+  VisitWorkspaceFields(data, next);
+  EXPECT_EQ(count, 45 + 40);
 }
 
 TEST(Bragg, SpacingsOfSiliconAtItsCertifiedPositions) {
