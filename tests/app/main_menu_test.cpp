@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -177,27 +176,6 @@ TEST(Help, EachTopicReplacesTheOneBefore) {
   EXPECT_NE(session.Value("get Form5.Text1.Text"), load);
   session.Play("close Form5\n");
   EXPECT_EQ(session.Value("get Form5"), (Json{{"Loaded", false}, {"Visible", false}}));
-}
-
-// Every "?" shows a topic, and no two commands of one window share one.
-TEST(Help, EveryHelpButtonOfEveryWindowShowsATopicOfItsOwn) {
-  WorkbenchSession session;
-  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
-  session.Play("file \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\nclick Form6.cmdManExpl\n");
-  for (const char* form : {"Form1", "Form6", "Form7"}) {
-    std::vector<std::string> texts;
-    const Json window = session.Value("get " + std::string(form));
-    for (const auto& [name, control] : window["controls"].items()) {
-      const bool command = control.value("Caption", "") == "?";
-      if (command && session.Try("click " + std::string(form) + "." + name + "\n").at(0)["ok"]) {
-        texts.push_back(session.Value("get Form5.Text1.Text"));
-        EXPECT_FALSE(texts.back().empty()) << form << "." << name;
-      }
-    }
-    std::sort(texts.begin(), texts.end());
-    EXPECT_GE(texts.size(), 7U);
-    EXPECT_EQ(std::unique(texts.begin(), texts.end()), texts.end()) << form;
-  }
 }
 
 TEST(MainMenu, QuitEndsTheRunAtOnce) {

@@ -15,6 +15,7 @@
 #include "app/workbench.h"
 #include "forms/memory_platform.h"
 #include "forms/scripted_runtime.h"
+#include "workspace/services.h"
 
 namespace koprax {
 
@@ -82,6 +83,7 @@ class WorkbenchSession {
   }
 
   Workspace& Data() { return bench_.Data(); }
+  Desktop& Desk() { return bench_.Desk(); }
 
  private:
   void Start() {
@@ -96,6 +98,26 @@ class WorkbenchSession {
   ScriptedRuntime runtime_{platform_};
   Workbench bench_{runtime_};
   bool started_ = false;
+};
+
+/// The services that windows ask for, for a window that is loaded by itself: nothing comes of them.
+class SilentServices final : public MainServices, public FileServices, public DisplayServices {
+ public:
+  explicit SilentServices(WorkbenchSession& session)
+      : Context{session.Desk(), session.Data(), *this, *this, *this} {}
+
+  void ShowMainMenu() override {}
+  void BringMainMenuToFront() override {}
+  void ShowHelp(HelpTopic /*topic*/) override {}
+  void OpenProfilePicker() override {}
+  std::optional<std::string> AskForFile(const FileDialogRequest& /*request*/) override { return {}; }
+  void StartLoad() override {}
+  bool ShowBuffer(int /*slot*/, bool /*for_display*/) override { return false; }
+  void GiveUpTitle() override { ++TitlesGivenUp; }
+  bool OpenDisplayWindow(int /*slot*/) override { return false; }
+
+  WindowContext Context;
+  int TitlesGivenUp = 0;
 };
 
 /// One event as the script tool tells it.
