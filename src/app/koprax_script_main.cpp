@@ -6,6 +6,7 @@
 #include <QMessageLogContext>
 #include <QString>
 #include <cerrno>
+#include <clocale>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -74,6 +75,8 @@ int main(int argument_count, char** arguments) {
   // The tool's one argument is a file, whatever it looks like, so it isn't shown to the toolkit.
   int toolkit_arguments = 1;
   const QApplication application(toolkit_arguments, arguments);
+  // The application has taken up the user's locale; the same script has to answer the same everywhere.
+  std::setlocale(LC_ALL, "C.UTF-8");
   QApplication::setQuitOnLastWindowClosed(false);
   return argument_count == 2 ? PlayFile(arguments[1]) : PlayOnWorkbench(std::cin);
 }

@@ -178,6 +178,9 @@ ScriptOutcome ScriptActions::Do(const CloseCommand& command) {
   }
   form->BringToFront();
   form->CloseBox();
+  if (form->Visible()) {
+    return Failed(form->Name() + " can't be closed now; end what is under way in it first");
+  }
   return Done();
 }
 

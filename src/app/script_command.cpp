@@ -173,8 +173,8 @@ ScriptCommand ReadPrinter(ScriptScanner& scanner) {
       command.Choice->MissingFonts.push_back(ReadFontName(scanner));
     } else if (scanner.TakeWord("copies")) {
       ScriptScanner before = scanner;
-      command.Copies = scanner.WholeNumber().value_or(0);
-      if (command.Copies < 1) {
+      command.Choice->Copies = scanner.WholeNumber().value_or(0);
+      if (command.Choice->Copies < 1) {
         Fail("the number of copies is a whole number from 1, not " + Shown(before.Word()));
       }
     } else {

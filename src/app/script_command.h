@@ -55,7 +55,6 @@ struct FileCommand {
 };
 struct PrinterCommand {
   std::optional<PrinterChoice> Choice;
-  int Copies = 1;
 };
 struct GetFormCommand {
   std::string Form;

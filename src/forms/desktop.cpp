@@ -86,6 +86,9 @@ std::optional<std::string> Desktop::WhyUnusable(const Control& control) const {
 }
 
 void Desktop::Adopt(const std::shared_ptr<Form>& form) {
+  if (quit_) {
+    return;
+  }
   Unload(form->Name());
   forms_.push_back(form);
   form->loaded_ = true;
@@ -109,6 +112,9 @@ void Desktop::Show(Form& form) {
   form.visible_ = true;
   MoveToFront(form);
   Tell([&](DesktopObserver& observer) { observer.FormShown(form, false); });
+  if (ModalForm() != nullptr) {
+    BringToFront(*ModalForm());
+  }
 }
 
 void Desktop::ShowModal(Form& form) {
@@ -151,7 +157,8 @@ void Desktop::BringToFront(Form& form) {
   if (!form.visible_) {
     return;
   }
-  if (ShownForms().front().get() == &form) {
+  const bool behind_modal = ModalForm() != nullptr && ModalForm() != &form;
+  if (behind_modal || ShownForms().front().get() == &form) {
     return;
   }
   MoveToFront(form);

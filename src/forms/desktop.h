@@ -50,7 +50,7 @@ class Desktop {
   void RemoveObserver(DesktopObserver& observer) { std::erase(observers_, &observer); }
 
   /// Builds a form and loads it: its load handler runs, it isn't shown yet. A form of the same name
-  /// that is loaded already is unloaded first.
+  /// that is loaded already is unloaded first. After the end of the run nothing is loaded any more.
   template <class FormType, class... Arguments>
   std::shared_ptr<FormType> Load(Arguments&&... arguments) {
     auto form = std::make_shared<FormType>(std::forward<Arguments>(arguments)...);
@@ -71,6 +71,7 @@ class Desktop {
   [[nodiscard]] std::optional<std::string> WhyUnusable(const Form& form) const;
   [[nodiscard]] std::optional<std::string> WhyUnusable(const Control& control) const;
 
+  /// Nothing comes in front of a modal form.
   void Show(Form& form);
   void ShowModal(Form& form);
   void Hide(Form& form);

@@ -27,6 +27,7 @@ void Printer::BeginDocument(double page_width, double page_height, std::vector<s
   short_side_ = std::min(page_width, page_height);
   long_side_ = std::max(page_width, page_height);
   fonts_ = std::move(fonts);
+  Copies = 1;
   mode_ = PrinterScale::Twips;
   orientation_ = PageOrientation::Portrait;
   ForeColor = colours::Black;

@@ -21,6 +21,8 @@ class Printer final : public Surface {
   void SetScaleMode(PrinterScale mode);
   void SetOrientation(PageOrientation orientation);
 
+  int Copies = 1;  ///< wanted by the user; the command that prints makes them
+
   [[nodiscard]] PrinterScale ScaleMode() const { return mode_; }
   [[nodiscard]] PageOrientation Orientation() const { return orientation_; }
   [[nodiscard]] float ScaleWidth() const { return Scale().Width; }

@@ -36,6 +36,14 @@ std::string FileDialogWords(const FileDialogRequest& request) {
 
 std::string OrCancel(const std::optional<std::string>& text) { return text ? Quoted(*text) : "cancel"; }
 
+std::string WordsOf(const PrinterChoice& choice) {
+  std::string words = Quoted(choice.File);
+  for (const std::string& font : choice.MissingFonts) {
+    words += " without " + Quoted(font);
+  }
+  return choice.Copies == 1 ? words : words + " copies " + std::to_string(choice.Copies);
+}
+
 }  // namespace
 
 std::string_view AnswerWord(MessageAnswer answer) {
@@ -77,7 +85,7 @@ std::vector<std::string> ScriptedRuntime::LeftOver() const {
     list.push_back("file " + OrCancel(file));
   }
   for (const auto& printer : printers_) {
-    list.push_back("printer " + (printer ? Quoted(printer->File) : "cancel"));
+    list.push_back("printer " + (printer ? WordsOf(*printer) : "cancel"));
   }
   for (const ModalAction& action : modal_actions_) {
     list.push_back("modal " + action.Words);
@@ -99,7 +107,8 @@ MessageAnswer ScriptedRuntime::TakeYesOrNo(const Message& message) {
   if (*answer == MessageAnswer::Ok) {
     throw ScriptEnded(MessageWords(message) + ", with Yes and No, and the queued answer ok does not fit it");
   }
-  return *answer;
+  // The box has no Cancel of its own: to give it up is to say No.
+  return *answer == MessageAnswer::Cancel ? MessageAnswer::No : *answer;
 }
 
 MessageAnswer ScriptedRuntime::MsgBox(const Message& message) {
@@ -145,6 +154,7 @@ bool ScriptedRuntime::PrinterDialog(Printer& printer) {
   }
   print_file_ = choice->File;
   SetUpPrinter(printer, choice->MissingFonts);
+  printer.Copies = choice->Copies;
   return true;
 }
 

@@ -44,11 +44,12 @@ struct QuitEvent {};
 using RuntimeEvent = std::variant<MessageEvent, InputEvent, FileDialogEvent, PrinterDialogEvent, PrintedEvent,
                                   ShellEvent, QuitEvent>;
 
-/// The outcome of a printer dialog: the PDF file that the document goes to, and the fonts that the
-/// printer's list lacks.
+/// The outcome of a printer dialog: the PDF file that the document goes to, the fonts that the printer's
+/// list lacks, and the copies wanted.
 struct PrinterChoice {
   std::string File{};
   std::vector<std::string> MissingFonts{};
+  int Copies = 1;
 };
 
 /// Thrown when the program waits for an answer that the script doesn't have. It unwinds through the

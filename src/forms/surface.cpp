@@ -44,10 +44,9 @@ void Surface::Print(std::string_view text) {
   }
 }
 
-void Surface::Print(double number) {
-  const std::string text = GeneralText(number);
-  Print(text.starts_with('-') ? text : " " + text);
-}
+void Surface::Print(float number) { PrintNumber(GeneralText(number)); }
+
+void Surface::Print(double number) { PrintNumber(GeneralText(number)); }
 
 void Surface::Cls() {
   operations_.clear();

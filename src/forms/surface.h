@@ -77,7 +77,8 @@ class Surface {
   /// Text at the text position, in the current font and foreground colour. The position goes on to the
   /// left margin of the next line, 1.2 font sizes below; a line break in the text does the same.
   void Print(std::string_view text);
-  /// The number in general form, a blank in front unless it is negative.
+  /// The number in the general form of its width, a blank in front unless it is negative.
+  void Print(float number);
   void Print(double number);
 
   /// Forgets all operations.
@@ -107,6 +108,7 @@ class Surface {
  private:
   void Add(DrawingOperation operation);
   void PrintLine(std::string_view line);
+  void PrintNumber(const std::string& text) { Print(text.starts_with('-') ? text : " " + text); }
 
   UserScale scale_;
   std::vector<DrawingOperation> operations_;

@@ -28,7 +28,9 @@ class CommandButton final : public QPushButton {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      click();
+      if (!event->isAutoRepeat()) {  // a key that is held must not answer the box that it brings up
+        click();
+      }
     } else {
       QPushButton::keyPressEvent(event);
     }

@@ -44,7 +44,6 @@ class FormWindow final : public QWidget {
  private:
   QWidget* MakeWidget(Control& control, QWidget& parent);
   [[nodiscard]] PictureWidget* PictureUnder(const Control& overlay) const;
-  void ApplyPointer();
 
   std::weak_ptr<Form> form_;
   const Form* const identity_;

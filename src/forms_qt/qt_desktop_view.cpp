@@ -124,7 +124,11 @@ bool QtDesktopView::IsAnswer(Form& form) {
   if (since_asked_.isValid() && since_asked_.elapsed() > LongestMillisecondsToAnswer) {
     asked_.clear();
   }
-  const auto front = desk_.ShownForms().front();
+  const auto shown = desk_.ShownForms();
+  if (shown.empty()) {
+    return true;  // the run has ended
+  }
+  const auto& front = shown.front();
   const bool answer = asked_.contains(&form) || asked_.contains(front.get());
   if (asked_.erase(&form) > 0 && front.get() != &form) {
     // Another form has come to the front since, and should stay there.

@@ -177,6 +177,10 @@ class ComboWidget final : public ControlWidget {
     }
   }
 
+  void ApplyFormPointer(Pointer pointer) override {
+    widget_.lineEdit()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
+  }
+
  private:
   void ApplyItems() {
     const QSignalBlocker quiet(widget_);

@@ -99,7 +99,7 @@ TEST(ScriptCommand, AnswersAndPrinterChoices) {
       Read<PrinterCommand>(R"(printer "a.pdf" without Symbol copies 2 without "Helvetica-narrow")");
   EXPECT_EQ(choice.Choice->File, "a.pdf");
   EXPECT_THAT(choice.Choice->MissingFonts, ElementsAre("Symbol", "Helvetica-narrow"));
-  EXPECT_EQ(choice.Copies, 2);
+  EXPECT_EQ(choice.Choice->Copies, 2);
   EXPECT_EQ(Read<PrinterCommand>(R"(printer "a.pdf" without symbol)").Choice->MissingFonts.at(0), "Symbol");
   EXPECT_EQ(Read<PrinterCommand>("printer cancel").Choice, std::nullopt);
   EXPECT_THAT(ErrorOf(R"(printer "a.pdf" without Comic)"), AllOf(HasSubstr("Comic"), HasSubstr("Courier")));
