@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/workbench_session.h"
+#include "workspace/buffer_picker.h"
 
 namespace koprax {
 namespace {
@@ -33,6 +34,14 @@ TEST(MainMenu, AFileGoesFromTheDialogToTheDisplayWindow) {
   const std::string path = session.File("quartz.xy", TwoColumns);
   const auto answers = session.Play(WorkbenchSession::LoadCommands(path, 3, 'b'));
   EXPECT_EQ(answers[1]["events"][0]["filterIndex"], 2);
+  EXPECT_EQ(answers[1]["events"][0]["filter"],
+            "All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| udf Files (*.udf)|*.udf| "
+            "uxd Files (*.uxd)|*.uxd| aid Files (*.aid)|*.aid");
+  const auto pointer = [](int shape) {
+    return Json{{"event", "pointer"}, {"of", "Form10"}, {"pointer", shape}};
+  };
+  EXPECT_EQ(answers[4]["events"],
+            (Json{pointer(11), ShownEvent("Form6"), pointer(1), UnloadedEvent("Form10")}));
   EXPECT_EQ(answers[1]["events"][1], ShownEvent("Form4"));
   EXPECT_EQ(answers[2]["events"], (Json{UnloadedEvent("Form4"), ShownEvent("Form7")}));
   EXPECT_EQ(answers[3]["events"], (Json{ShownEvent("Form10"), UnloadedEvent("Form7")}));
@@ -63,6 +72,17 @@ TEST(MainMenu, ThePreviewShowsTheFrontAndTheEndOfALongFile) {
   EXPECT_EQ(session.Value("get Form4.Text1.Text"), "one\r\ntwo\r\n");
   session.Play("close Form4\n");
   EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
+}
+
+TEST(MainMenu, ComesToTheFrontAfterAnItalLoadAndAfterACancelledPreview) {
+  WorkbenchSession session;
+  const std::string ital = session.File("i.dat", "Ital\r\n2\r\n1 2 1\r\n5\r\n6\r\n");
+  const Json events = session.Events(WorkbenchSession::LoadCommands(ital, 1, 'a'));
+  EXPECT_EQ(events[1], FrontEvent("Form1"));
+  EXPECT_EQ(events[2], ShownEvent("Form6"));
+  // The help and the profile lie between the preview and the menu.
+  session.Play("file \"x\"\nclick Form1.cmdInp\nclick Form6.cmdZoomGuide\n");
+  EXPECT_EQ(session.Events("click Form4.cmdCancel\n").back(), FrontEvent("Form1"));
 }
 
 TEST(MainMenu, AGivenUpDialogChangesNothing) {
@@ -110,6 +130,32 @@ TEST(MainMenu, AFailedReadingLeavesTheBufferEmptyAndNoModeBehind) {
   EXPECT_EQ(session.Value("state ModeDisp"), 0);
 }
 
+TEST(MainMenu, ALineOfManyWordsIsToldAndTheLoadGoesOn) {
+  WorkbenchSession session;
+  std::string words;
+  for (int i = 1; i <= 25; ++i) {
+    words += std::to_string(i) + " ";
+  }
+  const std::string path = session.File("w.xy", "Words\r\n1.5\r\n0 3\r\n" + words + "\r\n");
+  const Json told = session.Events(WorkbenchSession::LoadCommands(path, 3, 'a'))[1];
+  EXPECT_EQ(told["text"], "More than 24 words found in input.");
+  EXPECT_EQ(told["title"], "Truncated");
+  EXPECT_EQ(told["icon"], "stop");
+  EXPECT_EQ(session.Value("state PermNpts(a)"), 2);
+}
+
+TEST(MainMenu, ModesEndWithTheOpeningThatTheyWereFor) {
+  for (const char letter : {'a', 'b'}) {  // a profile, and an empty buffer that can't be shown
+    WorkbenchSession session;
+    session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+    session.Play("file \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\nclick Form7.Option3\n");
+    session.Data().ModeDisp = session.Data().ModeAnal = session.Data().ModeFit = true;
+    session.Play(std::string("click Form10.opt") + (letter == 'a' ? "A" : "B") + "\n");
+    EXPECT_FALSE(session.Data().ModeDisp || session.Data().ModeAnal || session.Data().ModeFit);
+    EXPECT_EQ(session.Value("forms")[0], letter == 'a' ? "Form6" : "Form1");
+  }
+}
+
 TEST(MainMenu, ADownwardProfileOpensTheWindowWithoutAPlot) {
   WorkbenchSession session;
   session.Play(
@@ -138,6 +184,69 @@ TEST(Pickers, ShowTheTitlesAndDisplayOneProfileAnew) {
   EXPECT_EQ(session.Value("state NumSelected"), 1);
   EXPECT_EQ(session.Value("state SelBuf"), (Json{0, 0, 1, 0, 0, 0, 0}));
   EXPECT_EQ(session.Value("buffer b")["WorkY"][0], 5.0);
+}
+
+TEST(Pickers, TheDisplayPickerStartsAfreshAndTakesOneTick) {
+  WorkbenchSession session;
+  const std::string path = session.File("q.xy", TwoColumns);
+  session.Play(WorkbenchSession::LoadCommands(path, 3, 'b') + WorkbenchSession::LoadCommands(path, 3, 'c'));
+  session.Data().SelBuf[5] = 1;
+  session.Play("click Form1.cmdDisp\n");
+  EXPECT_EQ(session.Value("state SelBuf"), (Json{0, 0, 0, 0, 0, 0, 0}));
+  session.Play("click Form11.Check2\nclick Form11.Check3\n");
+  EXPECT_EQ(session.Value("get Form11.Command1.Enabled"), false);
+  session.Play("click Form11.Check2\n");
+  EXPECT_EQ(session.Value("get Form11.Command1.Enabled"), true);
+  // Whatever came between, OK shows what is there and reads nothing.
+  session.Data().ModeDisp = false;
+  session.Data().FileName = "/nowhere";
+  const Json events = session.Events("click Form11.Command1\n");
+  EXPECT_EQ(events.back(), ShownEvent("Form6"));
+  for (const Json& event : events) {
+    EXPECT_NE(event["event"], "message");
+  }
+}
+
+TEST(Pickers, AnotherBufferGivesUpATitleThatIsBeingTyped) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+  session.Play("click Form6.cmdSave\nset Form3.Text1 \"lost\"\n");
+  session.Play("click Form1.cmdDelBuff\nanswer no\nclick Form17.optA\n");
+  EXPECT_EQ(session.Value("get Form3")["Loaded"], true);
+  EXPECT_NE(session.Value("get Form6.Text1.Text"), "Modified file");
+  session.Play("click Form1.cmdDelBuff\nanswer no\nclick Form17.optB\n");
+  EXPECT_EQ(session.Value("get Form3")["Loaded"], false);
+  EXPECT_EQ(session.Value("get Form6.Text1.Text"), "Modified file");
+  EXPECT_EQ(session.Value("state Title(a)").get<std::string>().substr(0, 26), "Quartz Modified by KOPRAX ");
+}
+
+TEST(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
+  WorkbenchSession session;
+  session.Play("forms\n");
+  SilentServices services(session);
+  for (const PickerKind& kind :
+       {pickers::Profile, pickers::Calibration, pickers::Erase, pickers::SmoothedResult,
+        pickers::FitBackground, pickers::Cell, pickers::ComputedProfile, pickers::SeveralSaved}) {
+    const std::string name = kind.Name;
+    session.Data().CurBuf = 4;
+    session.Data().Buffer(6).Title[0] = 'x';  // not all buffers are empty
+    session.Desk().Load<BufferPicker>(services.Context, kind, PickerActions{});
+    EXPECT_EQ(session.Data().CurBuf, 4) << name;
+    session.Data().Buffer(6).Title[0] = ' ';
+    bool loaded_while_acting = false;
+    const auto picker = session.Desk().Load<BufferPicker>(
+        services.Context, kind, PickerActions{.Chosen = [&](Form& form, const std::vector<int>& slots) {
+          loaded_while_acting = form.Loaded();
+          EXPECT_EQ(slots, std::vector<int>{2});
+        }});
+    const bool counts_empty = name == "Form16" || name == "Form29" || name == "Form32";
+    EXPECT_EQ(session.Data().CurBuf, counts_empty ? 1 : 4) << name;
+    session.Data().CurBuf = 4;
+    dynamic_cast<OptionButton&>(*picker->Find("optB")).Value = true;
+    EXPECT_EQ(session.Data().CurBuf, name == "Form21" ? 4 : 2) << name;
+    EXPECT_EQ(loaded_while_acting, name == "Form10" || name == "Form21" || name == "Form27") << name;
+  }
+  EXPECT_EQ(services.TitlesGivenUp, 7);
 }
 
 TEST(Pickers, NoneTickedLeavesTheDisplayAsItWas) {

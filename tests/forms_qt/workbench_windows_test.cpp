@@ -94,6 +94,24 @@ TEST_F(WorkbenchWindows, LoadLookAndZoom) {
   EXPECT_EQ(bench_.Desk().Find("Form6"), nullptr);
 }
 
+TEST_F(WorkbenchWindows, FramesOfOnePlaceStandSideBySideWhenBothShow) {
+  Load(KOPRAX_SOURCE_DIR "/examples/silicon.dat");
+  const std::vector<std::pair<const char*, const char*>> places{{"Frame2", "Frame3"}, {"Frame1", "Frame4"}};
+  for (const auto& [one, other] : places) {
+    for (const char* frame : {one, other}) {
+      bench_.Desk().Find("Form6")->Find(frame)->Visible = true;
+    }
+    QCoreApplication::processEvents();
+    const auto on_screen = [&](const char* frame) {
+      const QWidget* widget = Find("Form6", frame);
+      EXPECT_TRUE(widget->isVisible()) << frame;
+      return QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size());
+    };
+    EXPECT_FALSE(on_screen(one).intersects(on_screen(other))) << one << " " << other;
+    EXPECT_FALSE(on_screen(one).isEmpty() || on_screen(other).isEmpty());
+  }
+}
+
 TEST_F(WorkbenchWindows, QuitTakesAllWindowsAlong) {
   Click("Form1", "Command7");
   EXPECT_NE(bench_.Desk().Find("Form5"), nullptr);
