@@ -73,16 +73,9 @@ class PromptTest : public DisplayWindowTest {
   PromptTest() : DisplayWindowTest("") {}
 };
 
-TEST_F(DisplayWindowTest, PlainModeAndWhatTheBoxesTell) {
+TEST_F(DisplayWindowTest, PlainModeAndItsPicture) {
   EXPECT_EQ(Commands(), "++-++++++");
   EXPECT_EQ(Shown(), "");
-  EXPECT_EQ(Get("Text6.Text"), "xmin 10");
-  EXPECT_EQ(Get("Text7.Text"), "xmax 20");
-  EXPECT_EQ(Get("Text9.Text"), "step 0.1");
-  EXPECT_EQ(Get("Text16.Text"), "l = 1.5406");
-  EXPECT_EQ(Get("Text16.Font"), "symbol");
-  EXPECT_EQ(Get("Text5.Text"), "Peak" + std::string(76, ' '));
-  EXPECT_EQ(Get("Picture1.MousePointer"), 1);
   // The last operations are the names of the axes, the second line of the last at the left margin.
   const Json drawn = session_.Value("picture Form6.Picture1");
   const auto count = drawn.size();
@@ -212,7 +205,7 @@ TEST_F(DisplayWindowTest, ASelectionIsTakenAsItsSevenDigitsShowIt) {
   LoadPoints("0 5\r\n9500 7\r\n19000 5\r\n");  // 200 an unit of the picture
   const auto select = [&](const std::string& from) {
     session_.Play("click Form6.cmdZoom\ndown Form6.Picture1 left " + from +
-                  " 50\nup Form6.Picture1 left 110 50\n");
+                  " 50\nup Form6.Picture1 left 111.72837 50\n");
     return Get("Text6.Text").get<std::string>();
   };
   EXPECT_EQ(select("20.0039"), "xmin 0");  // within 0.004 of the axis
@@ -220,6 +213,7 @@ TEST_F(DisplayWindowTest, ASelectionIsTakenAsItsSevenDigitsShowIt) {
   EXPECT_EQ(select("81.728395"), "xmin 12345.68");  // 12345.679 in 32 bits
   session_.Play("click Form6.optOK\n");
   EXPECT_EQ(session_.Value("state WorkXMin(b)").get<float>(), 12345.68F);
+  EXPECT_EQ(session_.Value("state WorkXMax(b)").get<float>(), 18345.67F);  // 18345.674
 }
 
 TEST_F(DisplayWindowTest, AChoiceIsForgottenWithTheNextSelection) {
@@ -236,6 +230,7 @@ TEST_F(DisplayWindowTest, AChoiceIsForgottenWithTheNextSelection) {
 }
 
 TEST_F(DisplayWindowTest, SeveralProfilesTurnEditAndSaveOff) {
+  session_.Data().NumSelected = 0;  // as a closed window leaves it
   session_.Play("file \"" + session_.File("two.xy", "Two\r\n1.5\r\n10 1\r\n15 5\r\n20 1\r\n") +
                 "\"\nclick Form1.cmdInp\n");
   EXPECT_EQ(session_.Value("state NumSelected"), 1);
@@ -398,8 +393,6 @@ TEST_F(DisplayWindowTest, MainMenuClosesTheWindow) {
 TEST_F(PromptTest, OnlyTheMainMenuAndThePromptAreLive) {
   EXPECT_EQ(Commands(), "------+--");
   EXPECT_EQ(Shown(), "Frame3 ");
-  EXPECT_EQ(Get("Combo1.Text"), "1.54184   (Cu   K-a1+ K-a2)");
-  EXPECT_EQ(Get("Combo1.Items")[8], "1.65919   (Ni    K-a1  + K-a2) ");
   session_.Play("set Form6.Combo1 \"0.71073   (Mo  K-a1 + K-a2)\"\nclick Form6.cmdComboOK\n");
   EXPECT_EQ(Commands(), "++-++++++");
   EXPECT_EQ(Shown(), "");

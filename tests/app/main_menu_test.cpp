@@ -17,18 +17,6 @@ constexpr const char* TwoColumns = "Quartz\r\n1.5406\r\n10 5\r\n10.5 7\r\n11 6\r
 
 std::vector<std::string> NamesOf(const Json& list) { return list.get<std::vector<std::string>>(); }
 
-TEST(MainMenu, OffersWhatCanBeDone) {
-  WorkbenchSession session;
-  EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
-  const Json menu = session.Value("get Form1");
-  EXPECT_EQ(menu["Caption"], "Main menu");
-  EXPECT_EQ(menu["controls"]["cmdInp"]["Caption"], "&Load Profile from disk");
-  for (const char* live : {"cmdInp", "cmdDisp", "cmdDelBuff", "cmdStop", "Command1", "Command10"}) {
-    EXPECT_EQ(menu["controls"][live]["Enabled"], true) << live;
-  }
-  EXPECT_EQ(session.Value("get Form9")["Visible"], false);
-}
-
 TEST(MainMenu, AFileGoesFromTheDialogToTheDisplayWindow) {
   WorkbenchSession session;
   const std::string path = session.File("quartz.xy", TwoColumns);
@@ -51,27 +39,6 @@ TEST(MainMenu, AFileGoesFromTheDialogToTheDisplayWindow) {
   EXPECT_EQ(session.Value("buffer b")["WorkX"], (Json{10.0, 10.5, 11.0}));
   EXPECT_EQ(session.Value("get Form6.Text2.Text"), "buffer b");
   EXPECT_EQ(session.Value("get Form6.Text1.Text"), path);
-}
-
-TEST(MainMenu, ThePreviewShowsTheFrontAndTheEndOfALongFile) {
-  WorkbenchSession session;
-  std::string contents = std::string(90, 'x') + "\r\n";
-  std::string expected = std::string(80, 'x') + "\r\n";
-  for (int i = 2; i <= 45; ++i) {
-    contents += std::to_string(i) + "\n";
-    expected += i <= 30 ? std::to_string(i) + "\r\n" : "";
-  }
-  expected += "etc.......\r\netc.......\r\netc.......\r\n";
-  for (int i = 36; i <= 45; ++i) {
-    expected += std::to_string(i) + "\r\n";
-  }
-  session.Play("file " + Json(session.File("long.txt", contents)).dump() + "\nclick Form1.cmdInp\n");
-  EXPECT_EQ(session.Value("get Form4.Text1.Text"), expected);
-  EXPECT_EQ(session.Events("click Form4.cmdCancel\n"), Json{UnloadedEvent("Form4")});
-  session.Play("file " + Json(session.File("short.txt", "one\ntwo")).dump() + "\nclick Form1.cmdInp\n");
-  EXPECT_EQ(session.Value("get Form4.Text1.Text"), "one\r\ntwo\r\n");
-  session.Play("close Form4\n");
-  EXPECT_EQ(NamesOf(session.Value("forms")), std::vector<std::string>{"Form1"});
 }
 
 TEST(MainMenu, ComesToTheFrontAfterAnItalLoadAndAfterACancelledPreview) {

@@ -14,7 +14,7 @@ std::string NumberedLines(int first, int last) {
   return lines;
 }
 
-TEST(FilePreview, AFileOf30LinesCountsAsALongOne) {
+TEST(FilePreview, ShowsTheFrontAndTheEndOfAFileFrom30LinesOn) {
   const std::string between = "etc.......\r\netc.......\r\netc.......\r\n";
   const FilePreview shorter = PreviewOf(NumberedLines(1, 29));
   EXPECT_EQ(shorter.Text, NumberedLines(1, 29));
@@ -24,6 +24,8 @@ TEST(FilePreview, AFileOf30LinesCountsAsALongOne) {
   const FilePreview exact = PreviewOf(NumberedLines(1, 30));
   EXPECT_EQ(exact.Text, NumberedLines(1, 30) + between + NumberedLines(21, 30));
   EXPECT_EQ(exact.NLines, 0);
+  EXPECT_EQ(PreviewOf(std::string(90, 'x') + "\n" + NumberedLines(2, 45)).Text,
+            std::string(80, 'x') + "\r\n" + NumberedLines(2, 30) + between + NumberedLines(36, 45));
 }
 
 TEST(FilePreview, SaysWhyAFileCannotBeRead) {

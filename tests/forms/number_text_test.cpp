@@ -128,18 +128,15 @@ TEST(GeneralText, AgreesWithTrialOver64BitFloats) {
 }
 
 TEST(FormatDigits, ShowsDigitsOnlyWhereTheValueHasThem) {
-  EXPECT_EQ(FormatDigits(0.3, 3), ".3");
-  EXPECT_EQ(FormatDigits(2.9999999999999996, 3), "3.");
-  EXPECT_EQ(FormatDigits(12.5, 3), "12.5");
-  EXPECT_EQ(FormatDigits(-0.0625, 3), "-.062");
-  EXPECT_EQ(FormatDigits(100, 3), "100.");
-  EXPECT_EQ(FormatDigits(-0.0001, 3), ".");
-  EXPECT_EQ(FormatDigits(0, 0), "");
-  EXPECT_EQ(FormatDigits(-0.4, 0), "");
-  EXPECT_EQ(FormatDigits(2.5, 0), "2");
-  EXPECT_EQ(FormatDigits(120, 0), "120");
+  std::string decimals;
+  for (const double value : {0.3, 2.9999999999999996, 12.5, -0.0625, 100.0, -0.0001, infinity64}) {
+    decimals += FormatDigits(value, 3) + " ";
+  }
+  EXPECT_EQ(decimals, ".3 3. 12.5 -.062 100. . Inf ");
+  std::string wholes;
+  for (const double value : {0.0, -0.4, 2.5, 120.0}) wholes += FormatDigits(value, 0) + ",";
+  EXPECT_EQ(wholes, ",,2,120,");
   EXPECT_EQ(FormatDigits(1e300, 0).size(), 301U);
-  EXPECT_EQ(FormatDigits(infinity64, 3), "Inf");
 }
 
 // ---- Rounding --------------------------------------------------------------------------------------
@@ -228,16 +225,19 @@ TEST(LeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
 }
 
 TEST(LeadingNumber, GoesToInfinityOrZeroBeyondTheRange) {
-  EXPECT_EQ(LeadingNumber("1E400"), infinity64);
-  EXPECT_EQ(LeadingNumber("-1D99999999999999999999"), -infinity64);
-  EXPECT_EQ(LeadingNumber("1E-400"), 0);
-  EXPECT_EQ(LeadingNumber("0E400"), 0);
-  EXPECT_EQ(LeadingNumber("0.0000E99999999999"), 0);
-  EXPECT_EQ(LeadingNumber(std::string(400, '9')), infinity64);
-  EXPECT_EQ(LeadingNumber("0." + std::string(400, '0') + "1"), 0);
-  EXPECT_EQ(LeadingNumber("0." + std::string(400, '0') + "1E401"), 1);
-  EXPECT_EQ(LeadingNumber("1" + std::string(400, '0') + "E-400"), 1);
-  EXPECT_EQ(LeadingNumber("4.9E-324"), std::numeric_limits<double>::denorm_min());
+  const std::string zeros(400, '0');
+  const std::vector<std::pair<std::string, double>> cases{
+      {"1E400", infinity64},
+      {"-1D99999999999999999999", -infinity64},
+      {"1E-400", 0},
+      {"0E400", 0},
+      {"0.0000E99999999999", 0},
+      {std::string(400, '9'), infinity64},
+      {"0." + zeros + "1", 0},
+      {"0." + zeros + "1E401", 1},
+      {"1" + zeros + "E-400", 1},
+      {"4.9E-324", std::numeric_limits<double>::denorm_min()}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(LeadingNumber(text), value) << text;
   EXPECT_EQ(LeadingNumber(std::string(1000000, '0') + "5"), 5);
 }
 
