@@ -59,6 +59,7 @@ void StartLoadSequence(const WindowContext& context) {
 }
 
 bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
+  context.Files.GiveUpTitle();
   const bool load = !for_display && !context.Data.ModeAnal && !context.Data.ModeFit;
   if (load && !ReadProfile(context, slot)) {
     return false;

@@ -51,6 +51,7 @@ void EraseAfterQuestion(const WindowContext& context, int slot) {
                                   .Buttons = MessageButtons::YesNo,
                                   .Icon = MessageIcon::Question});
   if (answer != MessageAnswer::No) {
+    context.Files.GiveUpTitle();
     EraseBuffer(context.Data, slot);
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <ranges>
 #include <utility>
 
 #include "workspace/buffer_commands.h"
@@ -61,8 +62,8 @@ void BufferPicker::OnLoad() {
       checks_[i].Enabled = !buffer.Empty();
     }
   }
-  const auto occupied = [](const ProfileBuffer& buffer) { return !buffer.Empty(); };
-  if (kind_.FirstWhenAllEmpty && std::ranges::none_of(context_.Data.Buffers, occupied)) {
+  const auto empty = [](const ProfileBuffer& buffer) { return buffer.Empty(); };
+  if (kind_.FirstWhenAllEmpty && std::ranges::all_of(context_.Data.Buffers | std::views::drop(1), empty)) {
     context_.Data.CurBuf = 1;
   }
   if (actions_.Loaded) {

@@ -41,7 +41,7 @@ class FileServices {
   /// Asks for a file and shows its preview.
   virtual void StartLoad() = 0;
   /// Reads a file into the buffer if one is due, takes a fresh temporary copy and opens the window of the
-  /// pending mode on it. False when no profile came of it; the user has been told.
+  /// pending mode on it. False when no profile came of it; the user has been told of a failed reading.
   virtual bool ShowBuffer(int slot, bool for_display) = 0;
   /// Closes a window in which a title is being typed; the title stays as it was.
   virtual void GiveUpTitle() = 0;

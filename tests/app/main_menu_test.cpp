@@ -185,6 +185,13 @@ TEST(Pickers, AnotherBufferGivesUpATitleThatIsBeingTyped) {
   EXPECT_EQ(session.Value("get Form3")["Loaded"], false);
   EXPECT_EQ(session.Value("get Form6.Text1.Text"), "Modified file");
   EXPECT_EQ(session.Value("state Title(a)").get<std::string>().substr(0, 26), "Quartz Modified by KOPRAX ");
+  // So do a new profile in the same buffer, and its erase.
+  session.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\nclick Form6.cmdSave\n");
+  session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", TwoColumns), 3, 'a'));
+  EXPECT_EQ(session.Value("get Form3")["Loaded"], false);
+  session.Play("click Form6.cmdSave\nclick Form1.cmdDelBuff\nanswer yes\nclick Form17.optA\n");
+  EXPECT_EQ(session.Value("get Form3")["Loaded"], false);
+  EXPECT_EQ(session.Value("state Title(a)"), std::string(80, ' '));
 }
 
 TEST(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
