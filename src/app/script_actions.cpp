@@ -176,11 +176,11 @@ ScriptOutcome ScriptActions::Do(const CloseCommand& command) {
   if (auto reason = stage_.Desk.WhyUnusable(*form)) {
     return Failed(std::move(*reason));
   }
-  form->BringToFront();
-  form->CloseBox();
-  if (form->Visible()) {
+  if (!form->MayClose()) {
     return Failed(form->Name() + " can't be closed now; end what is under way in it first");
   }
+  form->BringToFront();
+  form->CloseBox();
   return Done();
 }
 

@@ -105,12 +105,6 @@ void Form6::OnLoad() {
   }
 }
 
-void Form6::OnCloseBox() {
-  if (cmdMain.Enabled) {
-    ReturnToMainMenu();
-  }
-}
-
 void Form6::EnterMode(DisplayMode mode) {
   EnterDisplayMode(
       mode, {&cmdEdit, &cmdZoom, &cmdUnzoom, &cmdMod, &cmdSave, &cmdManExpl, &cmdMain, &cmdPrint, &Command17},

@@ -21,9 +21,11 @@ class Form6 final : public Form {
   /// Draws the temporary copy of the slot and fills the boxes; false when there is no range of X to draw.
   bool ShowProfile(int slot);
 
+  [[nodiscard]] bool MayClose() const override { return cmdMain.Enabled; }
+
  private:
   void OnLoad() override;
-  void OnCloseBox() override;
+  void OnCloseBox() override { ReturnToMainMenu(); }
 
   void ArrangeControls();
   [[nodiscard]] LayoutNode CommandsLayout();

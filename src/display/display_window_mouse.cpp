@@ -24,9 +24,11 @@ constexpr const char* ExplorerCaption = "Manual Explorer";
 
 void Form6::StartSelection(DisplayMode mode) {
   if (!state_.Drawn) {
-    Desk().Host().MsgBox({.Text = "There is no plot in which a part could be selected.",
-                          .Title = "Warning",
-                          .Icon = MessageIcon::Information});
+    Desk().Host().MsgBox(
+        {.Text = "There is no plot in which a part could be selected.\r\nDisplay a profile with a "
+                 "range of X and of intensity first.",
+         .Title = "Warning",
+         .Icon = MessageIcon::Information});
     return;
   }
   if (!Selecting()) {
@@ -236,7 +238,8 @@ void Form6::StartOrResumeExplorer() {
   Frame4.Visible = true;
   Text17.Text = Buffer().PeakListText;
   EnterMode(DisplayMode::Explorer);
-  Shape1.Visible = Frame1.Visible = false;
+  HideSelection();
+  Frame1.Visible = false;
   ResetCursorLine();
   optNO.Value = false;
   optOK.Value = false;
@@ -250,6 +253,9 @@ void Form6::PauseExplorer() {
 }
 
 void Form6::QuitExplorer() {
+  if (Selecting()) {
+    CancelSelection();
+  }
   context_.Data.ExplorerMode = false;
   Frame4.Visible = Frame2.Visible = Frame3.Visible = false;
   EnterMode(DisplayMode::ExplorerLeft);

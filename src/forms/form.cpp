@@ -29,7 +29,9 @@ void Form::Hide() { desk_.Hide(*this); }
 void Form::BringToFront() { desk_.BringToFront(*this); }
 void Form::Unload() { desk_.Unload(*this); }
 void Form::CloseBox() {
-  desk_.RunEvent([this] { OnCloseBox(); });
+  if (MayClose()) {
+    desk_.RunEvent([this] { OnCloseBox(); });
+  }
 }
 
 Control* Form::Find(std::string_view name, std::optional<int> index) const {

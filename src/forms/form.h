@@ -39,8 +39,9 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
   /// Takes the form off the desktop. It lives until the outermost handler has returned; a second call
   /// does nothing.
   void Unload();
-  /// The user's click on the close box.
+  /// The user's click on the close box; it does nothing while the form may not be closed.
   void CloseBox();
+  [[nodiscard]] virtual bool MayClose() const { return true; }
 
   /// The controls, in the order of their declaration.
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }

@@ -352,7 +352,12 @@ TEST_F(DisplayWindowTest, ExplorerFollowsPausesResumesAndLeaves) {
   session_.Play("click Form6.cmdManExpl\n");
   EXPECT_EQ(Get("cmdManExpl.Caption"), "Manual Explorer");
   EXPECT_EQ(Shown(), "Frame2 Frame4 Line1 ");
+  // Leaving in the middle of a selection gives that up, too.
+  session_.Play("down Form6.Picture1 left 67.5 50\nup Form6.Picture1 left 67.5 50\nclick Form6.cmdZoom\n");
+  Drag(12, 16, 50);
   session_.Play("click Form6.cmdExiManExp\n");
+  EXPECT_EQ(session_.Value("state ZoomMode"), 0);
+  EXPECT_EQ(Get("Text6.Text"), "xmin 10");
   EXPECT_EQ(Commands(), "++-++++--");
   EXPECT_EQ(Shown(), "");
   EXPECT_EQ(Get("Picture1.MousePointer"), 1);
