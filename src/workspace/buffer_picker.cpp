@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <ranges>
 #include <utility>
 
 #include "workspace/buffer_commands.h"
@@ -63,7 +62,8 @@ void BufferPicker::OnLoad() {
     }
   }
   const auto empty = [](const ProfileBuffer& buffer) { return buffer.Empty(); };
-  if (kind_.FirstWhenAllEmpty && std::ranges::all_of(context_.Data.Buffers | std::views::drop(1), empty)) {
+  if (kind_.FirstWhenAllEmpty &&
+      std::all_of(context_.Data.Buffers.begin() + 1, context_.Data.Buffers.end(), empty)) {
     context_.Data.CurBuf = 1;
   }
   if (actions_.Loaded) {
