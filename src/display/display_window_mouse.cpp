@@ -101,7 +101,7 @@ void Form6::AcceptSelection() {
   if (state_.EditMode) {
     AcceptEditRange();
   } else if (cmdManExpl.Caption == ResumeCaption) {
-    CancelSelection();
+    CancelSelection();  // the explorer runs on the whole profile alone, so it is never cut under it
   } else {
     AcceptZoom();
   }
@@ -162,7 +162,7 @@ void Form6::QuitEdit() {
   }
   Shape1.Visible = Frame1.Visible = false;
   Shape1.Width = Shape1.Height = AcceptedBandSize;
-  EnterMode(DisplayMode::Zoomed);
+  EnterMode(DisplayMode::Zoomed);  // what a zoom leaves live is right here, too, but for these two
   cmdPrint.Enabled = true;
   cmdManExpl.Enabled = state_.SavedExplEnabled;
   Text6.Text = state_.SavedText6;
