@@ -4,6 +4,7 @@
 #include "files/format_window.h"
 #include "files/load_pipeline.h"
 #include "files/preview_window.h"
+#include "files/save_pipeline.h"
 #include "files/title_window.h"
 #include "workspace/buffer_commands.h"
 #include "workspace/buffer_picker.h"
@@ -54,9 +55,20 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
     return koprax::ShowBuffer(context_, slot, for_display);
   }
 
+  void StartSave() override { StartSaveSequence(context_); }
+
   void GiveUpTitle() override {
     for (const auto& kind : {title_windows::SavedProfile, title_windows::ComputedProfile}) {
       if (const auto window = context_.Desk.Find(kind.Name)) {
+        window->CloseBox();
+      }
+    }
+  }
+
+  void GiveUpAnswers() override {
+    GiveUpTitle();
+    for (const char* name : {"Form25", "Form28", context_.Data.ReadingCal ? "Form4" : ""}) {
+      if (const auto window = context_.Desk.Find(name)) {
         window->CloseBox();
       }
     }
@@ -100,9 +112,12 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::Erase.Name,
       pickers::SmoothedResult.Name,
       pickers::FitBackground.Name,
+      "Form25",
       pickers::Cell.Name,
+      "Form28",
       pickers::ComputedProfile.Name,
       pickers::SeveralSaved.Name,
+      "Form33",
   };
   return names;
 }

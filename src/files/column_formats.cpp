@@ -7,8 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "files/profile_reading.h"
 #include "files/profile_title.h"
-#include "files/record_reader.h"
 #include "forms/fixed_text.h"
 #include "forms/number_text.h"
 
@@ -18,74 +18,16 @@ namespace {
 
 constexpr std::string_view last_record_irregular = "Last record is irregular!!\r\nReturn to main menu.";
 
-/// One file on its way into one buffer.
-struct Reading {
-  Reading(Workspace& workspace, ProfileBuffer& buffer, const TextFile& file, const TellUser& tell)
-      : FileName(workspace.FileName),
-        Buffer(buffer),
-        Encoding(file.Encoding()),
-        Records(file.Contents(), workspace.Words, tell) {}
-
-  [[nodiscard]] ReadOutcome FailHere(const std::string& what) {
-    return FailureAtLine(Buffer, FileName, Records.LineNumber(), what);
-  }
-  [[nodiscard]] ReadOutcome EndsBefore(const std::string& expected) {
-    return FailureAtEnd(Buffer, FileName, expected);
-  }
-
-  const std::string& FileName;
-  ProfileBuffer& Buffer;
-  TextEncoding Encoding;
-  RecordReader Records;
-};
-
-using ReadSteps = ReadOutcome (*)(Reading&);
-/// What stopped a step of a reading; nothing when it goes on.
-using Failure = std::optional<ReadOutcome>;
-
-/// The frame of all three readers: the code of the format, the file, then the records.
-ReadOutcome ReadProfile(Workspace& workspace, int slot, const TellUser& tell, FormatCodes code,
-                        ReadSteps read_records) {
-  ProfileBuffer& buffer = workspace.Buffer(slot);
-  buffer.FormatCode = static_cast<std::int16_t>(code);
-  const auto opened = OpenRecords(workspace.FileName);
-  if (const auto* failure = std::get_if<ReadOutcome>(&opened)) return *failure;
-  Reading reading(workspace, buffer, std::get<TextFile>(opened), tell);
-  return read_records(reading);
-}
-
-void StartLimits(ProfileBuffer& buffer) {
-  buffer.PermYMax = -100000;
-  buffer.PermYMin = 100000;
-}
-
-void SetPoint(ProfileBuffer& buffer, int i, float x, float y) {
-  const auto index = static_cast<std::size_t>(i);
-  buffer.PermX[index] = x;
-  buffer.PermY[index] = y;
-  if (y > buffer.PermYMax) buffer.PermYMax = y;
-  if (y < buffer.PermYMin) buffer.PermYMin = y;
-}
-
-/// Stores point i of a profile with a step; both values must fit into 32 bits.
-Failure SetSteppedPoint(Reading& reading, int i, float y) {
-  ProfileBuffer& buffer = reading.Buffer;
+/// Stores point i of a profile with a step.
+Failure SetSteppedPoint(ProfileReading& reading, int i, float y) {
+  const ProfileBuffer& buffer = reading.Buffer;
   const auto x = static_cast<float>((i - 1) * static_cast<double>(buffer.XStep) + buffer.FileXMin);
-  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X of this point"));
-  if (!std::isfinite(y)) return reading.FailHere(OutOfRange("the intensity"));
-  SetPoint(buffer, i, x, y);
-  return std::nullopt;
-}
-
-Failure SetWavelength(Reading& reading, float wavelength) {
-  if (!std::isfinite(wavelength)) return reading.FailHere(OutOfRange("the wavelength"));
-  reading.Buffer.Wavelength = wavelength;
-  return std::nullopt;
+  return SetPoint(reading, i, x, y);
 }
 
 // ---- ITAL STRUCTURES -------------------------------------------------------------------------------
 
-std::variant<double, ReadOutcome> HeaderNumber(Reading& reading, const std::string& expected) {
+std::variant<double, ReadOutcome> HeaderNumber(ProfileReading& reading, const std::string& expected) {
   const auto text = reading.Records.Lines().NextNumber();
   if (!text) return reading.EndsBefore(expected);
   if (StartsWithNumber(*text)) return LeadingNumber(*text);
@@ -93,7 +35,7 @@ std::variant<double, ReadOutcome> HeaderNumber(Reading& reading, const std::stri
                           std::string(FirstCharacters(*text, MaxWords)) + "\"");
 }
 
-Failure ReadPointCount(Reading& reading) {
+Failure ReadPointCount(ProfileReading& reading) {
   const auto number = HeaderNumber(reading, "the number of points");
   if (const auto* failure = std::get_if<ReadOutcome>(&number)) return *failure;
   const double count = RoundHalfEven(std::get<double>(number));
@@ -103,7 +45,7 @@ Failure ReadPointCount(Reading& reading) {
   return std::nullopt;
 }
 
-Failure ReadHeaderValue(Reading& reading, const std::string& expected, float& field) {
+Failure ReadHeaderValue(ProfileReading& reading, const std::string& expected, float& field) {
   const auto number = HeaderNumber(reading, expected);
   if (const auto* failure = std::get_if<ReadOutcome>(&number)) return *failure;
   const auto value = static_cast<float>(std::get<double>(number));
@@ -112,7 +54,7 @@ Failure ReadHeaderValue(Reading& reading, const std::string& expected, float& fi
   return std::nullopt;
 }
 
-Failure ReadItalHeader(Reading& reading) {
+Failure ReadItalHeader(ProfileReading& reading) {
   TakeTitle(reading.Buffer, reading.Records.Lines().NextLine(), reading.Encoding);
   if (auto failure = ReadPointCount(reading)) return failure;
   if (auto failure = ReadHeaderValue(reading, "X of the first point", reading.Buffer.FileXMin))
@@ -122,15 +64,12 @@ Failure ReadItalHeader(Reading& reading) {
 }
 
 ReadOutcome IrregularRecord(ProfileBuffer& buffer) {
-  EmptyAfterFailure(buffer);
   buffer.Wavelength = 0;
-  return {.Failed = true,
-          .Problem = Message{.Text = std::string(last_record_irregular), .Title = "Error"},
-          .FrontMainMenu = true};
+  return FailureTold(buffer, {.Text = std::string(last_record_irregular), .Title = "Error"});
 }
 
 /// The record behind the last point holds maximum and minimum, or ends the file with one number.
-Failure ReadItalTail(Reading& reading, const LineWords& words) {
+Failure ReadItalTail(ProfileReading& reading, const LineWords& words) {
   if (words.NNum == 1) return std::nullopt;
   if (words.NNum != 2) return IrregularRecord(reading.Buffer);
   if (reading.Records.AtEnd()) return std::nullopt;
@@ -138,7 +77,7 @@ Failure ReadItalTail(Reading& reading, const LineWords& words) {
 }
 
 /// A file that ends early is no error: the missing points hold what lay there.
-Failure ReadItalRecords(Reading& reading) {
+Failure ReadItalRecords(ProfileReading& reading) {
   for (int i = 1; !reading.Records.AtEnd(); ++i) {
     const LineWords& words = reading.Records.NextRecord();
     if (i > reading.Buffer.PermNpts) return ReadItalTail(reading, words);
@@ -147,8 +86,8 @@ Failure ReadItalRecords(Reading& reading) {
   return std::nullopt;
 }
 
-ReadOutcome ReadItal(Reading& reading) {
-  StartLimits(reading.Buffer);
+ReadOutcome ReadItal(ProfileReading& reading) {
+  StartLimits(reading.Buffer, 100000, -100000);
   if (const auto failure = ReadItalHeader(reading)) return *failure;
   if (const auto failure = ReadItalRecords(reading)) return *failure;
   return SuccessfulRead(true);
@@ -157,7 +96,7 @@ ReadOutcome ReadItal(Reading& reading) {
 // ---- One column ------------------------------------------------------------------------------------
 
 /// The record that holds the header: the first one, or the second behind a title.
-const LineWords* HeaderBehindTitle(Reading& reading) {
+const LineWords* HeaderBehindTitle(ProfileReading& reading) {
   const LineWords& words = reading.Records.NextRecord();
   if (words.NText == 0) {
     TakeTitle(reading.Buffer, " File without title ", TextEncoding::Utf8);
@@ -167,7 +106,7 @@ const LineWords* HeaderBehindTitle(Reading& reading) {
   return reading.Records.AtEnd() ? nullptr : &reading.Records.NextRecord();
 }
 
-Failure ReadOneColumnHeader(Reading& reading) {
+Failure ReadOneColumnHeader(ProfileReading& reading) {
   const LineWords* words = HeaderBehindTitle(reading);
   if (words == nullptr) return reading.EndsBefore("X of the first point, step and wavelength");
   if (!std::isfinite(words->Number(1))) return reading.FailHere(OutOfRange("X of the first point"));
@@ -177,9 +116,9 @@ Failure ReadOneColumnHeader(Reading& reading) {
   return SetWavelength(reading, words->Number(3));
 }
 
-ReadOutcome ReadOne(Reading& reading) {
+ReadOutcome ReadOne(ProfileReading& reading) {
   ProfileBuffer& buffer = reading.Buffer;
-  StartLimits(buffer);
+  StartLimits(buffer, 100000, -100000);
   if (const auto failure = ReadOneColumnHeader(reading)) return *failure;
   int n = 0;
   while (!reading.Records.AtEnd()) {
@@ -213,7 +152,7 @@ class StepTest {
 };
 
 /// A first record of one or two numbers and no text belongs to the data already; any other is the title.
-const LineWords* RecordBehindTitle(Reading& reading) {
+const LineWords* RecordBehindTitle(ProfileReading& reading) {
   const LineWords& words = reading.Records.NextRecord();
   if (words.NText == 0 && (words.NNum == 1 || words.NNum == 2)) {
     TakeTitle(reading.Buffer, " file without title ", TextEncoding::Utf8);
@@ -224,7 +163,7 @@ const LineWords* RecordBehindTitle(Reading& reading) {
 }
 
 /// Stores the record at hand as point n. Sets `at_end` instead where the data end before it.
-Failure TakePoint(Reading& reading, const LineWords& words, int n, StepTest& steps, bool& at_end) {
+Failure TakePoint(ProfileReading& reading, const LineWords& words, int n, StepTest& steps, bool& at_end) {
   constexpr float least_x = 0.0001F;
   ProfileBuffer& buffer = reading.Buffer;
   const float x = words.Number(1);
@@ -232,9 +171,7 @@ Failure TakePoint(Reading& reading, const LineWords& words, int n, StepTest& ste
   at_end = n >= 3 && x < least_x;
   if (at_end) return std::nullopt;
   if (n > MaxPoints) return LimitFailure(buffer);
-  if (!std::isfinite(x)) return reading.FailHere(OutOfRange("X"));
-  if (!std::isfinite(y)) return reading.FailHere(OutOfRange("the intensity"));
-  SetPoint(buffer, n, x, y);
+  if (auto failure = SetPoint(reading, n, x, y)) return failure;
   if (n == 1) buffer.FileXMin = x;
   buffer.FileXMax = x;
   if (n >= 2) steps.Compare(n, x, buffer.PermX[static_cast<std::size_t>(n) - 1]);
@@ -243,7 +180,7 @@ Failure TakePoint(Reading& reading, const LineWords& words, int n, StepTest& ste
 }
 
 /// Reads the points. `words` is the record of the first one, or null to read on.
-ReadOutcome ReadPoints(Reading& reading, const LineWords* words) {
+ReadOutcome ReadPoints(ProfileReading& reading, const LineWords* words) {
   StepTest steps;
   int n = 0;
   while (words != nullptr || !reading.Records.AtEnd()) {
@@ -259,8 +196,8 @@ ReadOutcome ReadPoints(Reading& reading, const LineWords* words) {
   return SuccessfulRead(false);
 }
 
-ReadOutcome ReadTwo(Reading& reading) {
-  StartLimits(reading.Buffer);
+ReadOutcome ReadTwo(ProfileReading& reading) {
+  StartLimits(reading.Buffer, 100000, -100000);
   const LineWords* words = RecordBehindTitle(reading);
   if (words == nullptr) return reading.EndsBefore("the wavelength or the first point");
   const bool first_point = words->NNum == 2;

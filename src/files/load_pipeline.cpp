@@ -4,6 +4,7 @@
 #include <string>
 
 #include "files/column_formats.h"
+#include "files/file_choice.h"
 #include "files/preview_window.h"
 #include "forms/desktop.h"
 #include "workspace/temporary_copy.h"
@@ -30,7 +31,7 @@ ReadOutcome ReadByFormat(Workspace& data, int slot, const TellUser& tell) {
   }
 }
 
-bool ReadProfile(const WindowContext& context, int slot) {
+bool LoadProfile(const WindowContext& context, int slot) {
   const auto tell = [&](const Message& message) { context.Desk.Host().MsgBox(message); };
   const ReadOutcome outcome = ReadByFormat(context.Data, slot, tell);
   if (outcome.Problem) {
@@ -52,7 +53,7 @@ void TakeXLimits(ProfileBuffer& buffer) {
 
 void StartLoadSequence(const WindowContext& context) {
   context.Data.NumSelected = 1;
-  const auto path = context.Main.AskForFile({.Filter = ProfileFilter, .FilterIndex = 2});
+  const auto path = ChooseFile(context, {.Filter = ProfileFilter, .FilterIndex = 2});
   if (path && !path->empty()) {
     context.Desk.Load<Form4>(context)->Show();
   }
@@ -61,7 +62,7 @@ void StartLoadSequence(const WindowContext& context) {
 bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   context.Files.GiveUpTitle();
   const bool load = !for_display && !context.Data.ModeAnal && !context.Data.ModeFit;
-  if (load && !ReadProfile(context, slot)) {
+  if (load && !LoadProfile(context, slot)) {
     return false;
   }
   TakeXLimits(context.Data.Buffer(slot));

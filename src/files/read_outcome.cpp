@@ -12,6 +12,11 @@ ReadOutcome FailedRead(const std::string& text) {
           .FrontMainMenu = true};
 }
 
+ReadOutcome FailureTold(ProfileBuffer& buffer, const Message& message) {
+  EmptyAfterFailure(buffer);
+  return {.Failed = true, .Problem = message, .FrontMainMenu = true};
+}
+
 ReadOutcome UnreadableFile(const std::string& file_name, const std::string& reason) {
   return FailedRead("The file " + file_name + " can't be read: " + reason + ".");
 }
@@ -21,13 +26,10 @@ ReadOutcome EmptyFile(const std::string& file_name) {
 }
 
 ReadOutcome LimitFailure(ProfileBuffer& buffer) {
-  EmptyAfterFailure(buffer);
-  return {.Failed = true,
-          .Problem = Message{.Text = "Profile with more than 8000 points.\r\n"
-                                     "Not allowed in the present version of the program.\r\n"
-                                     "Return to main menu.",
-                             .Title = "Error"},
-          .FrontMainMenu = true};
+  return FailureTold(buffer, {.Text = "Profile with more than 8000 points.\r\n"
+                                      "Not allowed in the present version of the program.\r\n"
+                                      "Return to main menu.",
+                              .Title = "Error"});
 }
 
 ReadOutcome FailureAtLine(ProfileBuffer& buffer, const std::string& file_name, int line_number,

@@ -25,6 +25,8 @@ struct ReadOutcome {
 [[nodiscard]] ReadOutcome SuccessfulRead(bool front_main_menu);
 /// A failure told in the given words, with title "Error" and the stop icon.
 [[nodiscard]] ReadOutcome FailedRead(const std::string& text);
+/// A failure in the middle of the data, told by its own message; it leaves the buffer empty.
+[[nodiscard]] ReadOutcome FailureTold(ProfileBuffer& buffer, const Message& message);
 /// The failure of a file that can't be opened, with the system's reason.
 [[nodiscard]] ReadOutcome UnreadableFile(const std::string& file_name, const std::string& reason);
 /// The failure of a file without any record.

@@ -34,6 +34,19 @@ std::string FixedField(std::string_view text, std::size_t width) {
   return field;
 }
 
+std::string RightAlignText(std::string_view text, std::size_t width) {
+  const std::string kept = RightTrimmed(FirstCharacters(text, width));
+  return std::string(width - CharacterCount(kept), ' ') + kept;
+}
+
+std::string AlignDecimal(std::string_view text, std::size_t width, std::size_t decimals) {
+  const std::size_t target = width - decimals;
+  const std::size_t period = text.find('.');
+  const std::string_view before = text.substr(0, period == std::string_view::npos ? text.find(' ') : period);
+  const std::size_t column = CharacterCount(before) + 1;
+  return FixedField(std::string(column < target ? target - column : 0, ' ').append(text), width);
+}
+
 std::string RightTrimmed(std::string_view text) {
   return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }

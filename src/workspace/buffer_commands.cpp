@@ -10,7 +10,7 @@ namespace koprax {
 
 void MakeCurrent(const WindowContext& context, int slot) {
   if (slot != context.Data.CurBuf) {
-    context.Files.GiveUpTitle();
+    context.Files.GiveUpAnswers();
   }
   context.Data.CurBuf = static_cast<std::int16_t>(slot);
 }
@@ -51,7 +51,7 @@ void EraseAfterQuestion(const WindowContext& context, int slot) {
                                   .Buttons = MessageButtons::YesNo,
                                   .Icon = MessageIcon::Question});
   if (answer != MessageAnswer::No) {
-    context.Files.GiveUpTitle();
+    context.Files.GiveUpAnswers();
     EraseBuffer(context.Data, slot);
   }
 }

@@ -113,7 +113,9 @@ class SilentServices final : public MainServices, public FileServices, public Di
   std::optional<std::string> AskForFile(const FileDialogRequest& /*request*/) override { return {}; }
   void StartLoad() override {}
   bool ShowBuffer(int /*slot*/, bool /*for_display*/) override { return false; }
+  void StartSave() override {}
   void GiveUpTitle() override { ++TitlesGivenUp; }
+  void GiveUpAnswers() override { ++TitlesGivenUp; }
   bool OpenDisplayWindow(int /*slot*/) override { return false; }
 
   WindowContext Context;
