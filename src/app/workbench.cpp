@@ -37,11 +37,14 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
   }
 
   void OpenProfilePicker() override {
+    const auto chosen = [this](Form& picker, const std::vector<int>&) {
+      context_.Data.ModeOut ? SaveChosenProfile(context_) : OpenChosenProfile(context_, picker);
+    };
+    const auto given_up = [this] {
+      context_.Data.ModeOut = context_.Data.ModeAnal = context_.Data.ModeFit = false;
+    };
     context_.Desk
-        .Load<BufferPicker>(
-            context_, pickers::Profile,
-            PickerActions{.Chosen = [this](Form& picker,
-                                           const std::vector<int>&) { OpenChosenProfile(context_, picker); }})
+        .Load<BufferPicker>(context_, pickers::Profile, PickerActions{.Chosen = chosen, .GivenUp = given_up})
         ->Show();
   }
 

@@ -1,5 +1,10 @@
 #include "files/format_window.h"
 
+#include <optional>
+
+#include "files/profile_writers.h"
+#include "files/save_rules.h"
+#include "forms/desktop.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -8,7 +13,7 @@ Form7::Form7(const WindowContext& context) : Form(context.Desk, "Form7", "Format
   ArrangeControls();
   std::int16_t format = 0;
   for (OptionButton* option : {&Option1, &Option2, &Option3, &Option4, &Option5, &Option6, &Option7}) {
-    option->OnClick = [this, input_format = ++format] { ChooseFormat(input_format); };
+    option->OnClick = [this, option, input_format = ++format] { ChooseFormat(input_format, *option); };
   }
 }
 
@@ -18,10 +23,47 @@ void Form7::ArrangeControls() {
                                      Option7, Command7})}));
 }
 
-void Form7::ChooseFormat(std::int16_t input_format) {
+void Form7::OnLoad() { Option7.Enabled = !context_.Data.ModeOut; }
+
+void Form7::OnCloseBox() {
+  Unload();
+  context_.Data.ModeOut = false;
+}
+
+void Form7::ChooseFormat(std::int16_t input_format, OptionButton& option) {
   context_.Data.InputFormat = input_format;
+  context_.Data.ModeOut ? Save(option) : ChooseBuffer();
+}
+
+void Form7::ChooseBuffer() {
   context_.Main.OpenProfilePicker();
   Unload();
+}
+
+void Form7::Save(OptionButton& option) {
+  Workspace& data = context_.Data;
+  const auto refusal = WhyNotSaved(data.Current(), data.InputFormat);
+  if (!refusal) {
+    EndSave();
+    const auto ask = [this](const InputRequest& request) { return Desk().Host().InputBox(request); };
+    if (const auto problem = SaveByFormat(data, ask)) {
+      Desk().Host().MsgBox(*problem);
+    }
+    context_.Main.BringMainMenuToFront();
+    return;
+  }
+  Desk().Host().MsgBox(refusal->Why);
+  if (refusal->AnotherChoice) {
+    option.Value = false;
+  } else {
+    EndSave();
+  }
+}
+
+void Form7::EndSave() {
+  Unload();
+  context_.Main.ShowMainMenu();
+  context_.Data.ModeOut = false;
 }
 
 }  // namespace koprax

@@ -1,4 +1,5 @@
-// Form7, "Format": the user tells the format of the file; nothing in the file decides it.
+// Form7, "Format": the user tells the format of the file that is to be loaded or saved; nothing in the file
+// decides it.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +15,13 @@ class Form7 final : public Form {
   explicit Form7(const WindowContext& context);
 
  private:
+  void OnLoad() override;
+  void OnCloseBox() override;
   void ArrangeControls();
-  void ChooseFormat(std::int16_t input_format);
+  void ChooseFormat(std::int16_t input_format, OptionButton& option);
+  void ChooseBuffer();
+  void Save(OptionButton& option);
+  void EndSave();
 
   WindowContext context_;
 
@@ -23,12 +29,10 @@ class Form7 final : public Form {
   OptionButton Option1{*this, "Option1", {.Caption = "ITAL STRUCTURES     *.dat file    (One column) "}};
   OptionButton Option2{*this, "Option2", {.Caption = "One column"}};
   OptionButton Option3{*this, "Option3", {.Caption = "Two columns  "}};
-  OptionButton Option4{
-      *this, "Option4", {.Caption = "CPS-120 Detector  ( 4096 channels)  *.adf  file", .Enabled = false}};
-  OptionButton Option5{*this, "Option5", {.Caption = "PHILIPS    *.udf  file", .Enabled = false}};
-  OptionButton Option6{*this, "Option6", {.Caption = "SIEMENS/BRUKER  *.uxd   file", .Enabled = false}};
-  OptionButton Option7{
-      *this, "Option7", {.Caption = " Powder Diffraction File (from ICDD)     *.aid", .Enabled = false}};
+  OptionButton Option4{*this, "Option4", {.Caption = "CPS-120 Detector  ( 4096 channels)  *.adf  file"}};
+  OptionButton Option5{*this, "Option5", {.Caption = "PHILIPS    *.udf  file"}};
+  OptionButton Option6{*this, "Option6", {.Caption = "SIEMENS/BRUKER  *.uxd   file"}};
+  OptionButton Option7{*this, "Option7", {.Caption = " Powder Diffraction File (from ICDD)     *.aid"}};
 
   HelpButton Command1{*this, "Command1", context_.Main, HelpTopic::HelpFormatItal};
   HelpButton Command2{*this, "Command2", context_.Main, HelpTopic::HelpFormatOneColumn};

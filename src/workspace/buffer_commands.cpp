@@ -28,6 +28,15 @@ void OpenChosenProfile(const WindowContext& context, Form& picker) {
   data.ModeDisp = data.ModeAnal = data.ModeFit = false;
 }
 
+void SaveChosenProfile(const WindowContext& context) {
+  if (context.Data.Current().FormatCode != static_cast<std::int16_t>(FormatCodes::Card)) {
+    context.Files.StartSave();
+    return;
+  }
+  context.Desk.Host().MsgBox({.Text = "PDS files (*.aid) cannot be saved", .Title = "Warning"});
+  context.Data.ModeOut = false;
+}
+
 void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& slots) {
   Workspace& data = context.Data;
   data.SelBuf.fill(0);

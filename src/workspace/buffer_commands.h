@@ -18,6 +18,9 @@ void MakeCurrent(const WindowContext& context, int slot);
 /// main menu comes to the front.
 void OpenChosenProfile(const WindowContext& context, Form& picker);
 
+/// Starts the saving of CurBuf. A card is refused, and the mode of saving ends.
+void SaveChosenProfile(const WindowContext& context);
+
 /// Marks the slots (1 to 6) in SelBuf and displays them; none ticked leaves the display as it was.
 void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& slots);
 

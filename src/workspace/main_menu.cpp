@@ -12,6 +12,10 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
   ArrangeControls();
 
   cmdInp.OnClick = [this] { context_.Files.StartLoad(); };
+  cmdOut.OnClick = [this] {
+    context_.Data.ModeOut = true;
+    context_.Main.OpenProfilePicker();
+  };
   cmdDisp.OnClick = [this] { OpenDisplayPicker(); };
   cmdDelBuff.OnClick = [this] { OpenErasePicker(); };
   cmdStop.OnClick = [this] { Desk().Quit(); };

@@ -30,9 +30,7 @@ class Form1 final : public Form {
   Button cmdInp{
       *this, "cmdInp", {.Caption = "&Load Profile from disk", .ToolTip = "Load a specified file from disk"}};
   Button cmdOut{
-      *this,
-      "cmdOut",
-      {.Caption = "&Save Profile on disk", .ToolTip = "Save a specified profile on disk", .Enabled = false}};
+      *this, "cmdOut", {.Caption = "&Save Profile on disk", .ToolTip = "Save a specified profile on disk"}};
   Button cmdDisp{*this,
                  "cmdDisp",
                  {.Caption = "&Display profile(s) and work", .ToolTip = "Specified buffers are displayed"}};
