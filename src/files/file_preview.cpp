@@ -58,7 +58,8 @@ FilePreview PreviewOfFile(const std::string& path) {
   const auto file = ReadTextFile(path);
   if (const auto* error = std::get_if<FileError>(&file)) {
     FilePreview preview = PreviewOf("");
-    preview.Text = UnreadableFile(path, error->Reason).Problem->Text;
+    preview.Problem = UnreadableFile(path, error->Reason).Problem;
+    preview.Text = preview.Problem->Text;
     return preview;
   }
   return PreviewOf(std::get<TextFile>(file).Contents());

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "forms/runtime.h"
 #include "forms/text_file.h"
 
 namespace koprax {
@@ -19,6 +21,8 @@ struct FilePreview {
   int NLines = 0;
   /// What the preview shows: the whole file, or its first MaxLines and its last LastLines lines.
   std::string Text;
+  /// Why the file can't be read, if it can't; the text says it, too.
+  std::optional<Message> Problem;
 };
 
 /// Previews the text of a file.

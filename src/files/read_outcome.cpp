@@ -32,11 +32,15 @@ ReadOutcome LimitFailure(ProfileBuffer& buffer) {
                               .Title = "Error"});
 }
 
+ReadOutcome UnreadableLine(const std::string& file_name, int line_number, const std::string& what) {
+  return FailedRead("The file " + file_name + " can't be read, line " + std::to_string(line_number) + ": " +
+                    what + ".");
+}
+
 ReadOutcome FailureAtLine(ProfileBuffer& buffer, const std::string& file_name, int line_number,
                           const std::string& what) {
   EmptyAfterFailure(buffer);
-  return FailedRead("The file " + file_name + " can't be read, line " + std::to_string(line_number) + ": " +
-                    what + ".");
+  return UnreadableLine(file_name, line_number, what);
 }
 
 ReadOutcome FailureAtEnd(ProfileBuffer& buffer, const std::string& file_name, const std::string& expected) {

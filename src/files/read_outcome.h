@@ -33,6 +33,9 @@ struct ReadOutcome {
 [[nodiscard]] ReadOutcome EmptyFile(const std::string& file_name);
 /// The failure of a profile beyond MaxPoints; it leaves the buffer empty.
 [[nodiscard]] ReadOutcome LimitFailure(ProfileBuffer& buffer);
+/// The failure of a file that can't be read at one line, in words like "expected the step".
+[[nodiscard]] ReadOutcome UnreadableLine(const std::string& file_name, int line_number,
+                                         const std::string& what);
 /// A failure at one line of the file, in words like "expected the step"; it leaves the buffer empty.
 [[nodiscard]] ReadOutcome FailureAtLine(ProfileBuffer& buffer, const std::string& file_name, int line_number,
                                         const std::string& what);
