@@ -10,6 +10,7 @@
 #include "forms/form.h"
 #include "workspace/help_button.h"
 #include "workspace/services.h"
+#include "workspace/wavelength_choices.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -142,18 +143,8 @@ class Form6 final : public Form {
   TextBox Text15{*this, "Text15", {.Locked = true, .Columns = 12}};
 
   Frame Frame3{*this, "Frame3", {}};
-  Label Label1{*this,
-               "Label1",
-               {.Caption = "Give the value of the wave length   used for this experiment.             Chose "
-                           "among the given options or type your own value."}};
-  ComboBox Combo1{
-      *this,
-      "Combo1",
-      {.Text = "1.54184   (Cu   K-a1+ K-a2)",
-       .Items = {"1.54184   (Cu  K-a1+ K-a2)", "1.54056   (Cu  K-a1)", "0.71073   (Mo  K-a1 + K-a2)",
-                 "0.70930   (Mo  K-a1)", "1.79026   (Co   K-a1 + K-a2)", "1.78896   (Co   K-a1)",
-                 "0.56087   (Ag   K-a1 + K-a2)", "0.55941   (Ag   K-a1)", "1.65919   (Ni    K-a1  + K-a2) ",
-                 "1.65791   (Ni    K-a1)"}}};
+  Label Label1{*this, "Label1", {.Caption = WavelengthQuestion}};
+  ComboBox Combo1{*this, "Combo1", WavelengthChoices()};
   Button cmdComboOK{*this, "cmdComboOK", {.Caption = "OK"}};
 
   Frame Frame4{*this, "Frame4", {.Caption = "Selected Peaks (use right button of the mouse)"}};

@@ -80,8 +80,8 @@ struct ProfileBuffer {
   std::array<std::string, 31> UdfHeader;  ///< header lines of a PHILIPS file, from 1
   std::array<std::string, 71> UxdHeader;  ///< header lines of a SIEMENS/BRUKER file, from 1
   std::int16_t UxdHeaderLines = 0;
-  std::string CpsLine2;  ///< header records of a channel file
-  std::int16_t CpsRecNo = 0;
+  std::string CpsLine2;       ///< header records of a channel file
+  std::int64_t CpsRecNo = 0;  ///< time of measurement in seconds
   std::string CpsLine4;
   std::int16_t CellFormat = 0;  ///< 4 when the peak list counts as channels for the cell refinement
 
