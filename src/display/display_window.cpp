@@ -8,6 +8,8 @@
 #include <functional>
 
 #include "display/profile_plot.h"
+#include "files/calibration_commands.h"
+#include "files/peak_list_commands.h"
 #include "files/title_window.h"
 #include "files/tokeniser.h"
 #include "forms/desktop.h"
@@ -19,7 +21,8 @@ namespace koprax {
 
 namespace {
 
-constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
+constexpr double LargestDegreeStep = 0.97;   // a larger step is one of channels
+constexpr double LeastCalibration = 0.0001;  // a smaller first coefficient is none
 
 }  // namespace
 
@@ -76,6 +79,7 @@ void Form6::ConnectHandlers() {
   cmdSave.OnClick = [this] { SaveProfile(); };
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
   cmdManExpl.OnClick = [this] { StartOrResumeExplorer(); };
+  cmdSavePeaks.OnClick = [this] { SavePeakListSorted(context_); };
   cmdExiManExp.OnClick = [this] { QuitExplorer(); };
   cmdQuitEdit.OnClick = [this] { QuitEdit(); };
   cmdComboOK.OnClick = [this] { AcceptWavelength(); };
@@ -169,7 +173,8 @@ void Form6::EnterPrompt() {
   Frame1.Visible = false;
 }
 
-void Form6::AcceptWavelength() {
+/// The number in front of the remark; nothing if it is out of range, which the user has been told.
+std::optional<float> Form6::TypedWavelength() {
   std::int16_t n_text = 0;
   std::int16_t n_num = 0;
   TokenisedWords& words = context_.Data.Words;
@@ -180,9 +185,39 @@ void Form6::AcceptWavelength() {
                                   " is out of range.\r\nGive a number in angstrom, such as 1.54184.",
                           .Title = "Error",
                           .Icon = MessageIcon::Stop});
+    return std::nullopt;
+  }
+  return words.WordVal[1];
+}
+
+bool Form6::LacksCalibration() const {
+  return Buffer().PermX[2] - Buffer().PermX[1] > LargestDegreeStep && Buffer().CalPar[1] < LeastCalibration;
+}
+
+/// False when the user cancels it, which leaves the buffer without wavelength and peaks.
+bool Form6::AskForCalibration() {
+  ReadCalFile(context_);
+  if (context_.Data.CalCancelled == 0) {
+    return true;
+  }
+  context_.Data.CalCancelled = 0;
+  Buffer().Wavelength = 0;
+  Buffer().NPeaks = 0;
+  Buffer().PeakListText = "";
+  Text17.Text = "";
+  EnableListCommands(false);
+  return false;
+}
+
+void Form6::AcceptWavelength() {
+  const std::optional<float> wavelength = TypedWavelength();
+  if (!wavelength) {
     return;
   }
-  Buffer().Wavelength = words.WordVal[1];
+  Buffer().Wavelength = *wavelength;
+  if (LacksCalibration() && !AskForCalibration()) {
+    return;
+  }
   ShowWavelength();
   if (context_.Data.ExplorerMode) {
     Frame3.Visible = false;

@@ -2,6 +2,7 @@
 // temporary copy of CurBuf; only cmdSave writes it back to the permanent copy.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "display/display_modes.h"
@@ -41,6 +42,9 @@ class Form6 final : public Form {
   void ShowWavelength();
   void EnterPrompt();
   void AcceptWavelength();
+  [[nodiscard]] std::optional<float> TypedWavelength();
+  [[nodiscard]] bool LacksCalibration() const;
+  [[nodiscard]] bool AskForCalibration();
   void SaveProfile();
   void ShowNewTitle();
   void ReturnToMainMenu();

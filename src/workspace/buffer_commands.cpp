@@ -61,6 +61,7 @@ void EraseAfterQuestion(const WindowContext& context, int slot) {
                                   .Icon = MessageIcon::Question});
   if (answer != MessageAnswer::No) {
     context.Files.GiveUpAnswers();
+    MakeCurrent(context, slot);  // a list that was given up leaves no buffer at work
     EraseBuffer(context.Data, slot);
   }
 }

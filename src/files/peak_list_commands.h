@@ -1,0 +1,27 @@
+// The commands that save the peak list of CurBuf to a file, and those that read one from a file before a
+// calibration or a cell refinement starts.
+#pragma once
+
+#include <functional>
+
+#include "workspace/services.h"
+
+namespace koprax {
+
+/// Asks for a file and writes the list sorted and rounded; does nothing for an empty list.
+void SavePeakListSorted(const WindowContext& context);
+/// Asks for a file and writes the list as it is held; an empty list gives an empty file.
+void SavePeakListAsHeld(const WindowContext& context);
+
+/// Asks whether and from which file the missing list is to be read, and shows the file. Once the user accepts
+/// it the list is in CurBuf and `draw_peaks` runs. True if the preview has opened: it isn't modal. A file
+/// that can't be read is told.
+[[nodiscard]] bool ReadPeakListForCalibration(const WindowContext& context, std::function<void()> draw_peaks);
+
+/// The same for a cell refinement, which sets CellFormat, too. A refusal of the list, a cancelled file dialog
+/// or a file that can't be read sets CurBuf to 0 and CalCancelled to 1; an empty file name does not. A
+/// preview that is given up sets CurBuf to 0 and runs `given_up`.
+[[nodiscard]] bool ReadPeakListForCell(const WindowContext& context, std::function<void()> draw_peaks,
+                                       std::function<void()> given_up);
+
+}  // namespace koprax
