@@ -3,9 +3,12 @@
 #include <cstddef>
 #include <string>
 
+#include "files/channel_format.h"
 #include "files/column_formats.h"
 #include "files/file_choice.h"
+#include "files/philips_format.h"
 #include "files/preview_window.h"
+#include "files/siemens_format.h"
 #include "forms/desktop.h"
 #include "workspace/temporary_copy.h"
 #include "workspace/workspace.h"
@@ -26,6 +29,12 @@ ReadOutcome ReadByFormat(Workspace& data, int slot, const TellUser& tell) {
       return ReadOneColumn(data, slot, tell);
     case 3:
       return ReadTwoColumns(data, slot, tell);
+    case 4:
+      return ReadAdf(data, slot, tell);
+    case 5:
+      return ReadUdf(data, slot, tell);
+    case 6:
+      return ReadUxd(data, slot, tell);
     default:
       return FailedRead("There is no reader for format " + std::to_string(data.InputFormat) + ".");
   }

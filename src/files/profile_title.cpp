@@ -6,10 +6,14 @@
 
 namespace koprax {
 
-void TakeTitle(ProfileBuffer& buffer, std::string_view line, TextEncoding encoding) {
-  buffer.Title = FixedField(line, TitleWidth);
-  std::ranges::replace(buffer.Title, '"', ' ');
+void SetTitle(ProfileBuffer& buffer, std::string_view text, TextEncoding encoding) {
+  buffer.Title = FixedField(text, TitleWidth);
   buffer.Latin1Text = encoding == TextEncoding::Latin1;
+}
+
+void TakeTitle(ProfileBuffer& buffer, std::string_view line, TextEncoding encoding) {
+  SetTitle(buffer, line, encoding);
+  std::ranges::replace(buffer.Title, '"', ' ');
 }
 
 }  // namespace koprax

@@ -8,8 +8,11 @@
 
 namespace koprax {
 
-/// Takes a line as the title of a buffer: 80 characters, cut or padded, double quotes become blanks. The
-/// encoding of the file is kept with it, so that the title can be written back as it was read.
+/// Sets the title of a buffer to 80 characters of a text, cut or padded. The encoding of the file is kept
+/// with it, so that the title can be written back as it was read.
+void SetTitle(ProfileBuffer& buffer, std::string_view text, TextEncoding encoding);
+
+/// The same with a line of the file; its double quotes become blanks.
 void TakeTitle(ProfileBuffer& buffer, std::string_view line, TextEncoding encoding);
 
 }  // namespace koprax

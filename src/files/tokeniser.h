@@ -23,6 +23,10 @@ struct LineWords {
 
   /// The k-th number, 0 where there are fewer.
   [[nodiscard]] float Number(int k) const { return k <= NNum ? Numbers[static_cast<std::size_t>(k)] : 0; }
+  /// The k-th text, empty where there are fewer.
+  [[nodiscard]] std::string_view Text(int k) const {
+    return k <= NText ? Texts[static_cast<std::size_t>(k)] : std::string_view{};
+  }
 };
 
 /// Splits a line at blanks and commas. Only the first 79 characters count; a tab is an ordinary one.

@@ -1,0 +1,16 @@
+// Reads SIEMENS/BRUKER files (*.uxd) into a buffer: a header of keyed lines, then points of X and intensity.
+// The header lines are kept, so that the profile can be written back to its own format.
+#pragma once
+
+#include "files/read_outcome.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+/// Reads the file named by Workspace::FileName into the permanent copy of a slot from 1 to 6. The step is 0
+/// and the wavelength stays where the header tells none. `tell` hears of records with too many words. A file
+/// that can't be opened or is empty touches nothing but FormatCode; any later failure leaves the buffer
+/// empty.
+[[nodiscard]] ReadOutcome ReadUxd(Workspace& workspace, int slot, const TellUser& tell);
+
+}  // namespace koprax
