@@ -2,8 +2,6 @@
 // show.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <utility>
@@ -13,6 +11,7 @@
 #include "app/workbench_session.h"
 #include "files/title_window.h"
 #include "forms/desktop.h"
+#include "golden_file.h"
 #include "workspace/buffer_picker.h"
 #include "workspace/help_topics.h"
 
@@ -87,21 +86,8 @@ std::string ListingOfAllWindows() {
   return listing;
 }
 
-std::string Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 TEST(Windows, StandAtTheirLoadAsTheListingTells) {
-  const std::filesystem::path golden = KOPRAX_SOURCE_DIR "/tests/app/windows.golden";
-  const auto fresh = std::filesystem::current_path() / "windows.golden.new";
-  const std::string listing = ListingOfAllWindows();
-  if (listing != Contents(golden)) {
-    std::ofstream(fresh, std::ios::binary) << listing;
-    ADD_FAILURE() << "The windows differ from their listing. Compare with\n  diff " << golden.string() << " "
-                  << fresh.string() << "\nand, where the new text is right, promote it with\n  cp "
-                  << fresh.string() << " " << golden.string();
-  }
+  ExpectGolden(ListingOfAllWindows(), "app/windows.golden");
 }
 
 TEST(Windows, HelpButtonsShowTheTopicOfTheCommandBesideThem) {
