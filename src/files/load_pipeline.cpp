@@ -1,14 +1,17 @@
 #include "files/load_pipeline.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
+#include "files/card_format.h"
 #include "files/channel_format.h"
 #include "files/column_formats.h"
 #include "files/file_choice.h"
 #include "files/philips_format.h"
 #include "files/preview_window.h"
 #include "files/siemens_format.h"
+#include "files/wavelength_window.h"
 #include "forms/desktop.h"
 #include "workspace/temporary_copy.h"
 #include "workspace/workspace.h"
@@ -21,7 +24,14 @@ constexpr const char* ProfileFilter =
     "All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| udf Files (*.udf)|*.udf| "
     "uxd Files (*.uxd)|*.uxd| aid Files (*.aid)|*.aid";
 
-ReadOutcome ReadByFormat(Workspace& data, int slot, const TellUser& tell) {
+/// Asks for the wavelength of a card; the answer stands in CurBuf, which is the buffer of the load.
+float AskForWavelength(const WindowContext& context) {
+  context.Desk.Load<Form33>(context)->ShowModal();
+  return context.Data.Current().Wavelength;
+}
+
+ReadOutcome ReadByFormat(const WindowContext& context, int slot, const TellUser& tell) {
+  Workspace& data = context.Data;
   switch (data.InputFormat) {
     case 1:
       return ReadItalDat(data, slot, tell);
@@ -35,6 +45,8 @@ ReadOutcome ReadByFormat(Workspace& data, int slot, const TellUser& tell) {
       return ReadUdf(data, slot, tell);
     case 6:
       return ReadUxd(data, slot, tell);
+    case 7:
+      return ReadAid(data, slot, tell, [&] { return AskForWavelength(context); });
     default:
       return FailedRead("There is no reader for format " + std::to_string(data.InputFormat) + ".");
   }
@@ -42,7 +54,7 @@ ReadOutcome ReadByFormat(Workspace& data, int slot, const TellUser& tell) {
 
 bool LoadProfile(const WindowContext& context, int slot) {
   const auto tell = [&](const Message& message) { context.Desk.Host().MsgBox(message); };
-  const ReadOutcome outcome = ReadByFormat(context.Data, slot, tell);
+  const ReadOutcome outcome = ReadByFormat(context, slot, tell);
   if (outcome.Problem) {
     tell(*outcome.Problem);
   }
@@ -56,6 +68,11 @@ bool LoadProfile(const WindowContext& context, int slot) {
 void TakeXLimits(ProfileBuffer& buffer) {
   buffer.PermXMax = buffer.PermX[static_cast<std::size_t>(buffer.PermNpts)];
   buffer.PermXMin = buffer.PermX[1];
+}
+
+/// A card is no curve: nothing of it is drawn.
+bool IsCard(const ProfileBuffer& buffer) {
+  return buffer.FormatCode == static_cast<std::int16_t>(FormatCodes::Card);
 }
 
 }  // namespace
@@ -74,8 +91,12 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   if (load && !LoadProfile(context, slot)) {
     return false;
   }
-  TakeXLimits(context.Data.Buffer(slot));
-  TakeTemporaryCopy(context.Data.Buffer(slot));
+  ProfileBuffer& buffer = context.Data.Buffer(slot);
+  TakeXLimits(buffer);
+  TakeTemporaryCopy(buffer);
+  if (IsCard(buffer)) {
+    return true;
+  }
   return context.Display.OpenDisplayWindow(slot);
 }
 
