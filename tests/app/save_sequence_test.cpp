@@ -1,0 +1,236 @@
+// Journeys of a profile from a buffer to a file: the questions, the refusals, what is left behind.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "app/workbench_session.h"
+#include "forms/fixed_text.h"
+
+namespace koprax {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr const char* SaveFilter =
+    "All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| udf Files (*.udf)|*.udf| "
+    "uxd Files (*uxd)|*.uxd";
+
+/// A session with a profile of a given format in buffer b.
+class SaveSequence : public testing::Test {
+ protected:
+  SaveSequence() {
+    Fill(FormatCodes::TwoColumns, 0.5F, 3);
+    Session.Play("forms\n");
+  }
+
+  void Fill(FormatCodes code, float step, int points) {
+    ProfileBuffer& buffer = Session.Data().Buffer(2);
+    buffer.Title = FixedField("Quartz", TitleWidth);
+    buffer.FormatCode = static_cast<std::int16_t>(code);
+    buffer.Wavelength = 1.5406F;
+    buffer.XStep = step;
+    buffer.PermNpts = buffer.WorkNpts = static_cast<std::int16_t>(points);
+    for (int i = 1; i <= points; ++i) buffer.PermX[static_cast<std::size_t>(i)] = static_cast<float>(i);
+    buffer.PermXMin = 1;
+    buffer.PermXMax = static_cast<float>(points);
+    buffer.UdfHeader[1] = "RawScan";
+    buffer.UxdHeader[1] = "_2THETACOUNTS";
+    buffer.UxdHeaderLines = 1;
+  }
+
+  /// Starts to save buffer b under a name; the events of the picker's choice.
+  Json Start(const std::string& path, const std::string& answers = "") {
+    return Session.Events(answers + "file " + Json(path).dump() +
+                          "\nclick Form1.cmdOut\nclick Form10.optB\n");
+  }
+  Json ModeOut() { return Session.Value("state ModeOut"); }
+  [[nodiscard]] Json Shown() { return Session.Value("forms"); }
+  static std::string Contents(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  WorkbenchSession Session;
+};
+
+TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
+  const std::string path = Session.Folder() + "/saved.xy";
+  EXPECT_EQ(Start(path), (Json{{{"event", "dialog"},
+                                {"kind", "save"},
+                                {"filter", SaveFilter},
+                                {"filterIndex", 1},
+                                {"name", ""},
+                                {"answer", path}},
+                               UnloadedEvent("Form10"),
+                               ShownEvent("Form7")}));
+  EXPECT_EQ(Session.Value("state CurBuf"), 2);
+  EXPECT_EQ(Session.Value("state FileName"), path);
+  EXPECT_EQ(Session.Value("get Form7.Option7.Enabled"), false);
+  EXPECT_EQ(ModeOut(), -1);
+  EXPECT_EQ(Session.Events("click Form7.Option3\n"),
+            (Json{UnloadedEvent("Form7")}));  // which leaves the main menu in front
+  EXPECT_EQ(Session.Value("state InputFormat"), 3);
+  EXPECT_EQ(ModeOut(), 0);
+  EXPECT_EQ(Contents(path),
+            FixedField("Quartz", TitleWidth) + "\r\n 1.5406 \r\n 1   0\r\n 2   0\r\n 3   0\r\n");
+  // The next load is a load.
+  Session.Play(WorkbenchSession::LoadCommands(path, 3, 'a'));
+  EXPECT_EQ(Session.Value("buffer a")["PermX"], (Json{1.0, 2.0, 3.0}));
+}
+
+TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
+  const std::string path = Session.File("there.dat", "as it was");
+  const Json question = Start(path, "answer no\n")[2];
+  EXPECT_EQ(question["text"], "file  " + path + "  already exists!!\r\n\r\nOverwrite ?");
+  EXPECT_EQ(question["title"], "Information");
+  EXPECT_EQ(question["buttons"], "yesno");
+  EXPECT_EQ(question["icon"], "information");
+  EXPECT_EQ(ModeOut(), 0);
+  EXPECT_EQ(Shown(), Json{"Form1"});
+  Start(path, "answer yes\n");
+  EXPECT_EQ(Contents(path), "as it was");
+  Session.Play("click Form7.Option1\n");
+  EXPECT_THAT(Contents(path), HasSubstr("\r\n3\r\n1,3,0.5\r\n0\r\n0\r\n0\r\n"));
+}
+
+TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
+  const std::string path = Session.Folder() + "/never.dat";
+  const std::string start = "file " + Json(path).dump() + "\nclick Form1.cmdOut\nclick Form10.optB\n";
+  const std::string load =
+      "file " + Json(Session.File("x", "1 2\r\n2 3\r\n")).dump() + "\nclick Form1.cmdInp\n";
+  for (const std::string& given_up :
+       {std::string("click Form1.cmdOut\nclose Form10\n"),
+        std::string("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n"),
+        std::string("file \"\"\nclick Form1.cmdOut\nclick Form10.optB\n"), start + "close Form7\n",
+        // a load that is started instead
+        "click Form1.cmdOut\n" + load + "click Form4.cmdCancel\n",
+        start + load + "click Form4.cmdCancel\n"}) {
+    Session.Play(given_up);
+    EXPECT_EQ(ModeOut(), 0) << given_up;
+    EXPECT_EQ(Shown(), Json{"Form1"}) << given_up;
+  }
+  // A card is refused before any dialog.
+  Fill(FormatCodes::Card, 0, 3);
+  const Json events = Session.Events("click Form1.cmdOut\nclick Form10.optB\n");
+  EXPECT_EQ(events[0]["text"], "PDS files (*.aid) cannot be saved");
+  EXPECT_EQ(events[0]["title"], "Warning");
+  EXPECT_EQ(events[1], UnloadedEvent("Form10"));
+  EXPECT_EQ(ModeOut(), 0);
+  EXPECT_EQ(Contents(path), "");
+}
+
+TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {
+  const std::vector<int> index_of_code{1, 1, 1, 1, 3, 4, 5};
+  for (std::size_t code = 0; code < index_of_code.size(); ++code) {
+    Fill(static_cast<FormatCodes>(code), 1, 3);
+    const Json events = Session.Events("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n");
+    EXPECT_EQ(events[0]["filterIndex"], index_of_code[code]) << code;
+  }
+}
+
+struct RefusalRow {
+  FormatCodes Code;
+  float Step;
+  int Points;
+  int Option;
+  std::string Text;
+  std::string Title;
+  std::string Icon;
+  bool Stays;
+};
+
+class SaveRefusals : public SaveSequence, public testing::WithParamInterface<RefusalRow> {};
+
+TEST_P(SaveRefusals, TellWhyAndWriteNothing) {
+  const RefusalRow& row = GetParam();
+  Fill(row.Code, row.Step, row.Points);
+  const std::string path = Session.Folder() + "/refused";
+  Start(path);
+  const std::string option = "Form7.Option" + std::to_string(row.Option);
+  const Json events = Session.Events("click " + option + "\n");
+  EXPECT_EQ(events[0], (Json{{"event", "message"},
+                             {"text", row.Text},
+                             {"title", row.Title},
+                             {"buttons", "ok"},
+                             {"icon", row.Icon},
+                             {"answer", "ok"}}));
+  EXPECT_EQ(ModeOut(), row.Stays ? -1 : 0);
+  EXPECT_EQ(Shown(), row.Stays ? (Json{"Form7", "Form1"}) : Json{"Form1"});
+  EXPECT_FALSE(std::ifstream(path).is_open());
+  if (row.Stays) {
+    EXPECT_EQ(Session.Value("get " + option + ".Value"), false);
+    Session.Play((row.Code == FormatCodes::CpsChannels ? "input \"n\"\n" : "") +
+                 std::string("click Form7.Option3\n"));
+    EXPECT_THAT(Contents(path), HasSubstr("Quartz"));
+    EXPECT_EQ(ModeOut(), 0);
+  }
+}
+
+const std::string OwnFormat =
+    "File type \"CPS-120 (4096 channels)\" can be saved ONLY with its own format \r\n"
+    "or in TWO COLUMNS format.";
+const std::string WholeRange =
+    "Data files with CPS-120 format can ONLY be saved as '4096 channels' sized files.\r\n"
+    "Files organized in 'channels' but with different dimensions, can be saved in TWO COLUMNS format.";
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, SaveRefusals,
+    testing::Values(
+        RefusalRow{FormatCodes::TwoColumns, 0, 3, 1,
+                   "Profile with variable step cannot be saved as an ITAL STRUCTURES data file.",
+                   "Variable step", "none", false},
+        RefusalRow{FormatCodes::CpsChannels, 1, 4096, 1,
+                   " CPS-120 data cannot be saved as ITAL STRUCTURES data", "Error", "none", false},
+        RefusalRow{FormatCodes::CpsChannels, 1, 4096, 2, OwnFormat, "Error", "none", false},
+        RefusalRow{FormatCodes::TwoColumns, 0, 3, 2,
+                   "Data with variable step cannot be saved as a \"one column\" file.", "Error", "none",
+                   false},
+        RefusalRow{FormatCodes::Siemens, 1, 4096, 4,
+                   "Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.",
+                   "Error", "none", true},
+        RefusalRow{FormatCodes::CpsChannels, 1, 4095, 4, WholeRange, "Warning", "stop", true},
+        RefusalRow{FormatCodes::CpsChannels, 1, 4104, 4, WholeRange, "Warning", "stop", true},
+        RefusalRow{FormatCodes::Siemens, 1, 3, 5,
+                   "Data files loaded with PHILIPS format ONLY be saved in this way.", "Warning", "stop",
+                   true},
+        RefusalRow{FormatCodes::Philips, 1, 3, 6,
+                   "Data files loaded with D0005 format ONLY be saved in this way.", "Warning", "stop",
+                   true}));
+
+TEST_F(SaveSequence, WhatIsNotRefusedIsWritten) {
+  struct Row {
+    FormatCodes Code;
+    float Step;
+    int Option;
+  };
+  const std::vector<Row> rows{{FormatCodes::OneColumn, 0, 2},  {FormatCodes::TwoColumns, 0.5F, 2},
+                              {FormatCodes::ItalDat, 0.5F, 1}, {FormatCodes::CpsChannels, 1, 4},
+                              {FormatCodes::Philips, 0.5F, 5}, {FormatCodes::Siemens, 0, 6},
+                              {FormatCodes::Philips, 0.5F, 3}, {FormatCodes::None, 0, 3}};
+  for (const Row& row : rows) {
+    Fill(row.Code, row.Step, row.Code == FormatCodes::CpsChannels ? 4096 : 3);
+    const std::string path =
+        Session.Folder() + "/" + std::to_string(static_cast<int>(row.Code)) + std::to_string(row.Option);
+    Start(path);
+    const Json events = Session.Events("click Form7.Option" + std::to_string(row.Option) + "\n");
+    EXPECT_EQ(events[0], UnloadedEvent("Form7")) << path;
+    EXPECT_GT(Contents(path).size(), 3U) << path;
+  }
+}
+
+TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
+  Start("/dev/full", "answer yes\n");
+  const Json buffer = Session.Value("buffer b");
+  const Json events = Session.Events("click Form7.Option3\n");
+  EXPECT_EQ(events[1]["text"], "The file /dev/full can't be written: No space left on device.");
+  EXPECT_EQ(Shown(), Json{"Form1"});
+  EXPECT_EQ(Session.Value("buffer b"), buffer);
+  EXPECT_EQ(ModeOut(), 0);
+}
+
+}  // namespace
+}  // namespace koprax
