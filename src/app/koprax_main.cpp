@@ -4,12 +4,14 @@
 #include <clocale>
 
 #include "app/workbench.h"
+#include "forms/text_file.h"
 #include "forms_qt/logo.h"
 #include "forms_qt/qt_desktop_view.h"
 #include "forms_qt/qt_platform.h"
 #include "forms_qt/qt_runtime.h"
 
 int main(int argc, char** argv) {
+  koprax::LetRefusedWritesReturn();
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   int own_name_only = std::min(argc, 1);  // the program has no command line
   QApplication application(own_name_only, argv);

@@ -18,6 +18,7 @@
 #include "app/script_player.h"
 #include "app/workbench.h"
 #include "forms/scripted_runtime.h"
+#include "forms/text_file.h"
 #include "forms_qt/qt_desktop_view.h"
 #include "forms_qt/qt_platform.h"
 
@@ -64,6 +65,7 @@ int PlayFile(const std::string& path) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
+  koprax::LetRefusedWritesReturn();
   if (argument_count > 2) {
     std::cerr << "usage: koprax-script [FILE]\n";
     return CannotRun;

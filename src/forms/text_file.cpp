@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -214,6 +215,11 @@ std::optional<FileError> WriteTextFile(const std::string& path, const std::vecto
                                        TextEncoding encoding) {
   if (const int error = WriteBytes(path, Encoded(lines, encoding))) return ErrorOf(error);
   return std::nullopt;
+}
+
+void LetRefusedWritesReturn() {
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
 }
 
 }  // namespace koprax

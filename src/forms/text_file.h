@@ -72,4 +72,8 @@ struct FileError {
                                                      const std::vector<std::string>& lines,
                                                      TextEncoding encoding);
 
+/// Makes the system report a write that it refuses as a failure, where it would end the program by a signal:
+/// beyond a limit on the size of files, or into a pipe that nobody reads. Programs call it at their start.
+void LetRefusedWritesReturn();
+
 }  // namespace koprax

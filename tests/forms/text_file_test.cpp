@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -226,15 +227,44 @@ TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
   ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
   rlimit narrow = before;
   narrow.rlim_cur = 100;
-  std::signal(SIGXFSZ, SIG_IGN);
+  LetRefusedWritesReturn();
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &narrow), 0);
   const auto error = WriteTextFile(path, {std::string(1000, 'x')}, TextEncoding::Utf8);
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-  std::signal(SIGXFSZ, SIG_DFL);
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Reason, std::strerror(EFBIG));
   EXPECT_EQ(BytesOf(path), "old");
   EXPECT_EQ(FilesInFolder(), 1U);
+}
+
+/// A process that saves two texts in turn, again and again, until it is killed.
+pid_t StartSaving(const std::string& path, const std::string& one, const std::string& other) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    for (int i = 0;; ++i) (void)WriteTextFile(path, {i % 2 == 0 ? one : other}, TextEncoding::Utf8);
+  }
+  return child;
+}
+
+TEST_F(TextFileTest, AKilledProcessLeavesTheOldFileOrTheNewOne) {
+  const std::string one(200000, '1');
+  const std::string other(200000, '2');
+  const std::string path = Put("file", one + "\r\n");
+  constexpr int kills = 40;
+  int between_write_and_rename = 0;
+  for (int i = 0; i < kills; ++i) {
+    const auto files_before = FilesInFolder();
+    const pid_t child = StartSaving(path, one, other);
+    ASSERT_GT(child, 0);
+    ::usleep(static_cast<useconds_t>(2000 + 137 * i));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    if (FilesInFolder() > files_before) ++between_write_and_rename;
+    const std::string bytes = BytesOf(path);
+    ASSERT_TRUE(bytes == one + "\r\n" || bytes == other + "\r\n")
+        << bytes.size() << " bytes after kill " << i;
+  }
+  EXPECT_GT(between_write_and_rename, 0);  // else the kills came at harmless moments
 }
 
 /// The rights of an ordinary user, for a test that runs as one who has all.
