@@ -101,7 +101,7 @@ class WorkbenchSession {
 };
 
 /// The services that windows ask for, for a window that is loaded by itself: nothing comes of them.
-class SilentServices final : public MainServices, public FileServices, public DisplayServices {
+class SilentServices : public MainServices, public FileServices, public DisplayServices {
  public:
   explicit SilentServices(WorkbenchSession& session)
       : Context{session.Desk(), session.Data(), *this, *this, *this} {}
