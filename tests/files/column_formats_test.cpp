@@ -7,7 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "files/scratch_file.h"
+#include "files/card_format.h"
+#include "files/channel_format.h"
+#include "files/philips_format.h"
+#include "files/reader_test.h"
+#include "files/siemens_format.h"
 #include "forms/fixed_text.h"
 
 namespace koprax {
@@ -15,87 +19,26 @@ namespace {
 
 using ReaderFunction = ReadOutcome (*)(Workspace&, int, const TellUser&);
 
-constexpr float stale = -777;  ///< what lay in the buffer before a reading
-
-/// A workspace whose slot 2 held another profile, and one reading into it.
-class ColumnFormats : public testing::Test {
+class ColumnFormats : public ReaderTest {
  protected:
-  ColumnFormats() {
-    Buffer().Title = FixedField("old profile", TitleWidth);
-    Buffer().PermX.assign(MaxPoints + 1, stale);
-    Buffer().PermY.assign(MaxPoints + 1, stale);
-    Buffer().PermNpts = 11;
-    Buffer().Wavelength = 0.7F;
-    Buffer().XStep = Buffer().FileXMin = Buffer().FileXMax = stale;
-    Buffer().NPeaks = 1;
-    Buffer().PeakTheta[1] = "28.44";
-  }
-
-  ProfileBuffer& Buffer() { return Data.Buffer(2); }
-  [[nodiscard]] float X(int i) { return Buffer().PermX[static_cast<std::size_t>(i)]; }
-  [[nodiscard]] float Y(int i) { return Buffer().PermY[static_cast<std::size_t>(i)]; }
-  [[nodiscard]] std::string Title() { return RightTrimmed(Buffer().Title); }
-
-  ReadOutcome Read(ReaderFunction reader, const std::string& text) {
-    const ScratchFile file(text, "column_formats");
-    Data.FileName = file.Path();
-    return reader(Data, 2, [this](const Message&) { ++Told; });
-  }
   void Load(ReaderFunction reader, const std::string& text) {
-    const ReadOutcome outcome = Read(reader, text);
-    EXPECT_FALSE(outcome.Failed);
-    EXPECT_FALSE(outcome.Problem);
-    EXPECT_EQ(outcome.FrontMainMenu, reader == ReadItalDat);
-  }
-
-  void ExpectEmptied() {
-    EXPECT_EQ(Buffer().Title, Data.BlankTitle);
-    EXPECT_EQ(Buffer().PermNpts, 0);
-    EXPECT_EQ(Buffer().FileXMin, 0);
-    EXPECT_EQ(Buffer().FileXMax, 0);
-    EXPECT_EQ(Buffer().XStep, 0);
-    EXPECT_EQ(Buffer().NPeaks, 1);
-    EXPECT_EQ(Buffer().PeakTheta[1], "28.44");
+    ReaderTest::Load(reader, text, reader == ReadItalDat);
   }
   void ExpectLimitFailure(ReaderFunction reader, const std::string& text) {
-    const ReadOutcome outcome = Read(reader, text);
-    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
-    EXPECT_EQ(outcome.Problem->Text,
-              "Profile with more than 8000 points.\r\nNot allowed in the present version of the program.\r\n"
-              "Return to main menu.");
-    EXPECT_EQ(outcome.Problem->Title, "Error");
-    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::None);
-    ExpectEmptied();
+    ReaderTest::ExpectLimitFailure(reader, text);
     EXPECT_NE(Buffer().Wavelength, 0);  // stays, as the file or the buffer had it
   }
-  /// A failure in words of its own, which contain all of the given ones.
-  void ExpectFailure(ReaderFunction reader, const std::string& text, const std::vector<std::string>& words) {
-    const ReadOutcome outcome = Read(reader, text);
-    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu) << text;
-    EXPECT_EQ(outcome.Problem->Title, "Error");
-    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::Stop);
-    EXPECT_NE(outcome.Problem->Text.find(Data.FileName), std::string::npos) << outcome.Problem->Text;
-    for (const std::string& each : words) {
-      EXPECT_NE(outcome.Problem->Text.find(each), std::string::npos) << outcome.Problem->Text;
-    }
-    ExpectEmptied();
-  }
-
-  Workspace Data;
-  int Told = 0;
 };
-
-std::string Records(int count, const std::string& record) {
-  std::string text;
-  for (; count > 0; --count) text += record + "\r\n";
-  return text;
-}
 
 // ---- All readers -----------------------------------------------------------------------------------
 
 TEST_F(ColumnFormats, AFileThatCannotBeReadTouchesNothingButTheFormat) {
-  const std::vector<std::pair<ReaderFunction, int>> readers{
-      {ReadOneColumn, 1}, {ReadTwoColumns, 2}, {ReadItalDat, 3}};
+  const auto card = [](Workspace& data, int slot, const TellUser& tell) {
+    return ReadAid(data, slot, tell, [] { return 1.5F; });
+  };
+  const std::vector<std::pair<Reader, int>> readers{{ReadOneColumn, 1}, {ReadTwoColumns, 2}, {ReadItalDat, 3},
+                                                    {ReadAdf, 4},       {ReadUdf, 5},        {ReadUxd, 6},
+                                                    {card, 7}};
   for (const auto& [reader, code] : readers) {
     for (const char* bytes : {"", "\xEF\xBB\xBF"}) {
       const ReadOutcome outcome = Read(reader, bytes);
@@ -145,7 +88,7 @@ TEST_F(ColumnFormats, TooManyWordsAreOnlyReported) {
   std::string many;
   for (int i = 1; i <= 25; ++i) many += std::to_string(i) + " ";
   Load(ReadTwoColumns, "title\r\n1.54\r\n" + many + "\r\n2 5\r\n" + many + "\r\n");
-  EXPECT_EQ(Told, 2);
+  EXPECT_EQ(Told.size(), 2U);
   EXPECT_EQ(Buffer().PermNpts, 3);
 }
 
@@ -180,12 +123,8 @@ TEST_F(ColumnFormats, ItalDatGoesByTheRecordBehindTheLastPoint) {
   }
   for (const char* ending : {"\r\n", "text\r\n", "1 2 3\r\n1.5\r\n"}) {
     Buffer().Wavelength = 0.7F;
-    const ReadOutcome outcome = Read(ReadItalDat, points + ending);
-    ASSERT_TRUE(outcome.Failed && outcome.Problem && outcome.FrontMainMenu);
-    EXPECT_EQ(outcome.Problem->Text, "Last record is irregular!!\r\nReturn to main menu.");
-    EXPECT_EQ(outcome.Problem->Title, "Error");
-    EXPECT_EQ(outcome.Problem->Icon, MessageIcon::None);
-    ExpectEmptied();
+    ExpectMessage(ReadItalDat, points + ending,
+                  {.Text = "Last record is irregular!!\r\nReturn to main menu.", .Title = "Error"});
     EXPECT_EQ(Buffer().Wavelength, 0);
   }
 }
