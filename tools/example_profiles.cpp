@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <optional>
 
 namespace koprax::examples {
 namespace {
@@ -24,15 +23,6 @@ constexpr std::array CopperLines{TubeLine{AlphaOne, 2.0 / 3.0}, TubeLine{1.54449
 constexpr double ReachInWidths = 60;
 
 double Radian(double degrees) { return degrees * std::numbers::pi / 180; }
-
-/// 2-theta in degrees by Bragg's law, or nothing where the planes are too close for the wavelength.
-std::optional<double> TwoTheta(double spacing, double wavelength) {
-  const double sine = wavelength / (2 * spacing);
-  if (sine >= 1) {
-    return std::nullopt;
-  }
-  return 2 * std::asin(sine) * 180 / std::numbers::pi;
-}
 
 /// The width at half height of a line at this 2-theta, degrees: the quadratic in tan(theta) of
 /// G. Caglioti, A. Paoletti, F. P. Ricci, Nucl. Instrum. 3 (1958) 223, for a well aligned instrument.
@@ -64,11 +54,11 @@ void AddLine(const Measurement& measurement, double position, double area, std::
   const double excess = LeftExcess(position);
   const double height = area / (width * PseudoVoigtArea);
   const double reach = ReachInWidths * width;
-  for (int i = 0; i < measurement.Points; ++i) {
-    const double distance = measurement.First + i * measurement.Step - position;
+  for (std::size_t i = 0; i < measurement.Angles.size(); ++i) {
+    const double distance = measurement.Angles[i] - position;
     if (std::abs(distance) < reach) {
       const double flank = width * (distance < 0 ? 1 + excess : 1 - excess);
-      expected[static_cast<std::size_t>(i)] += height * PseudoVoigt(distance, flank);
+      expected[i] += height * PseudoVoigt(distance, flank);
     }
   }
 }
@@ -109,67 +99,6 @@ double NormalNumber(UniformNumbers& numbers) {
     sum += numbers.Next();
   }
   return sum;
-}
-
-std::string Joined(const std::string& head, const std::vector<std::string>& lines) {
-  std::string text = head + "\r\n";
-  for (const std::string& line : lines) {
-    text += line + "\r\n";
-  }
-  return text;
-}
-
-/// 2-theta of a point in the fewest decimals that tell the steps apart: steps of 0.01 degrees.
-std::string Hundredths(long hundredths) {
-  const std::string decimals = std::to_string(100 + hundredths % 100).substr(1);
-  return std::to_string(hundredths / 100) + "." + decimals;
-}
-
-std::vector<std::string> AsLines(const std::vector<long>& counts) {
-  std::vector<std::string> lines;
-  lines.reserve(counts.size());
-  for (const long count : counts) {
-    lines.push_back(std::to_string(count));
-  }
-  return lines;
-}
-
-/// The format of the ITAL STRUCTURES diffractometers, with the wavelength of K-alpha 1.
-ExampleFile SiliconFile() {
-  const Measurement measurement{20, 0.02, 6001, {{Silicon(), 45000}}, 1915};
-  const std::vector<long> counts = Counts(measurement);
-  std::vector<std::string> lines{"6001", "20,140,0.02"};
-  long least = counts.front();
-  long greatest = counts.front();
-  for (const long count : counts) {
-    lines.push_back(std::to_string(count));
-    least = std::min(least, count);
-    greatest = std::max(greatest, count);
-  }
-  lines.push_back(std::to_string(greatest) + "," + std::to_string(least));
-  lines.emplace_back("1.540596");
-  return {"silicon.dat", Joined("Silicon powder, Cu K-alpha, 20-140 deg", lines)};
-}
-
-/// One column, with a header that leaves the wavelength out: the workbench asks for it.
-ExampleFile CorundumFile() {
-  const Measurement measurement{20, 0.02, 4001, {{Corundum(), 26000}}, 1930};
-  std::vector<std::string> lines = AsLines(Counts(measurement));
-  lines.insert(lines.begin(), "20 0.02");
-  return {"corundum_one_column.txt", Joined("Corundum powder, Cu K-alpha, 20-100 deg", lines)};
-}
-
-/// Two columns, with a wavelength record.
-ExampleFile MixtureFile() {
-  const Measurement measurement{20, 0.02, 3501, {{Silicon(), 24000}, {Corundum(), 15000}}, 1968};
-  std::vector<std::string> lines{" 1.540596"};
-  long hundredths = 2000;
-  for (const long count : Counts(measurement)) {
-    lines.push_back(" " + Hundredths(hundredths) + "   " + std::to_string(count));
-    hundredths += 2;
-  }
-  return {"silicon_corundum_two_columns.txt",
-          Joined("Silicon and corundum mixed, Cu K-alpha, 20-90 deg", lines)};
 }
 
 }  // namespace
@@ -217,9 +146,9 @@ double PlaneSpacing(const Phase& phase, const Reflection& reflection) {
 
 std::vector<long> Counts(const Measurement& measurement) {
   std::vector<double> expected;
-  expected.reserve(static_cast<std::size_t>(measurement.Points));
-  for (int i = 0; i < measurement.Points; ++i) {
-    expected.push_back(Background(measurement.First + i * measurement.Step));
+  expected.reserve(measurement.Angles.size());
+  for (const double angle : measurement.Angles) {
+    expected.push_back(Background(angle));
   }
   for (const Component& component : measurement.Sample) {
     AddPhase(measurement, component, expected);
@@ -234,6 +163,20 @@ std::vector<long> Counts(const Measurement& measurement) {
   return counts;
 }
 
-std::vector<ExampleFile> ExampleFiles() { return {SiliconFile(), CorundumFile(), MixtureFile()}; }
+std::vector<double> EvenAngles(double first, double step, int points) {
+  std::vector<double> angles;
+  angles.reserve(static_cast<std::size_t>(points));
+  for (int i = 0; i < points; ++i) {
+    angles.push_back(first + i * step);
+  }
+  return angles;
+}
 
+std::optional<double> TwoTheta(double spacing, double wavelength) {
+  const double sine = wavelength / (2 * spacing);
+  if (sine >= 1) {
+    return std::nullopt;
+  }
+  return 2 * std::asin(sine) * 180 / std::numbers::pi;
+}
 }  // namespace koprax::examples

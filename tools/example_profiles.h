@@ -1,8 +1,8 @@
 // Powder profiles computed from published facts, for the files in examples/: silicon and corundum as a
-// laboratory diffractometer with a copper tube would measure them. Writing the files is left to the program.
+// laboratory diffractometer with a copper tube would measure them. The layout of the files is left to others.
 #pragma once
 
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace koprax::examples {
@@ -30,17 +30,10 @@ struct Component {
 };
 
 struct Measurement {
-  double First = 0;  ///< 2-theta of the first point, degrees
-  double Step = 0;   ///< degrees
-  int Points = 0;
+  std::vector<double> Angles{};  ///< 2-theta of each point, degrees
+  double Step = 0;               ///< how much of 2-theta one point gathers, degrees
   std::vector<Component> Sample{};
   unsigned Seed = 0;  ///< of the counting noise
-};
-
-/// A file of examples/ with its whole contents; lines end with CR LF.
-struct ExampleFile {
-  std::string Name{};
-  std::string Contents{};
 };
 
 [[nodiscard]] Phase Silicon();
@@ -52,7 +45,10 @@ struct ExampleFile {
 /// The counts at each point: lines of both K-alpha wavelengths on a background, with counting noise.
 [[nodiscard]] std::vector<long> Counts(const Measurement& measurement);
 
-/// All example files. They are the same, byte for byte, at every call.
-[[nodiscard]] std::vector<ExampleFile> ExampleFiles();
+/// 2-theta of points with a step, degrees.
+[[nodiscard]] std::vector<double> EvenAngles(double first, double step, int points);
+
+/// 2-theta in degrees by Bragg's law, or nothing where the planes are too close for the wavelength.
+[[nodiscard]] std::optional<double> TwoTheta(double spacing, double wavelength);
 
 }  // namespace koprax::examples

@@ -3,7 +3,7 @@
 #include <iostream>
 #include <string>
 
-#include "tools/example_profiles.h"
+#include "tools/example_files.h"
 
 int main(int count, char** arguments) {
   if (count != 2) {

@@ -8,7 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "files/card_format.h"
+#include "files/channel_format.h"
 #include "files/column_formats.h"
+#include "files/philips_format.h"
+#include "files/siemens_format.h"
+#include "tools/example_files.h"
 #include "tools/example_profiles.h"
 #include "workspace/workspace.h"
 
@@ -127,6 +132,44 @@ TEST(Examples, CorundumLeavesTheWavelengthOutAndTheMixtureTellsIt) {
   EXPECT_FLOAT_EQ(mixture.Buffer(1).XStep, 0.02F);
   EXPECT_NEAR(HighestIn(mixture.Buffer(1), 25, 27), 25.57, 0.04);
   EXPECT_NEAR(HighestIn(mixture.Buffer(1), 27, 30), 28.44, 0.04);
+}
+
+TEST(Examples, TheDetectorSeesSiliconThroughItsCalibration) {
+  const Workspace workspace = Loaded("silicon_channels.adf", ReadAdf);
+  const ProfileBuffer& buffer = workspace.Buffer(1);
+  EXPECT_EQ(buffer.PermNpts, 4096);
+  std::ifstream file(ExamplePath("detector.cal"));
+  std::string title;
+  std::getline(file, title);
+  std::vector<double> coefficients{std::istream_iterator<double>(file), {}};
+  ASSERT_EQ(coefficients.size(), 4U);
+  const auto two_theta = [&](double c) {
+    return coefficients[0] + coefficients[1] * c + coefficients[2] * c * c + coefficients[3] * c * c * c;
+  };
+  // Published 2-theta of the powder standard; a channel is 0.027 degrees wide, two of them for the noise.
+  EXPECT_NEAR(two_theta(HighestIn(buffer, 700, 800)), 28.442, 0.054);
+  EXPECT_NEAR(two_theta(HighestIn(buffer, 1400, 1500)), 47.303, 0.054);
+  EXPECT_NEAR(two_theta(HighestIn(buffer, 2480, 2590)), 76.377, 0.054);
+}
+
+TEST(Examples, TheFilesWithNamedLinesAndTheCardLoad) {
+  const Workspace philips = Loaded("corundum.udf", ReadUdf);
+  EXPECT_EQ(philips.Buffer(1).PermNpts, 3001);
+  EXPECT_FLOAT_EQ(philips.Buffer(1).Wavelength, 1.5406F);
+  EXPECT_NEAR(HighestIn(philips.Buffer(1), 20, 80), 43.35, 0.04);
+  const Workspace siemens = Loaded("silicon.uxd", ReadUxd);
+  EXPECT_EQ(siemens.Buffer(1).PermNpts, 2001);
+  EXPECT_NEAR(HighestIn(siemens.Buffer(1), 25, 65), 28.442, 0.04);
+
+  Workspace card;
+  card.FileName = ExamplePath("corundum.aid");
+  const auto told = [](const Message& message) { ADD_FAILURE() << message.Text; };
+  EXPECT_FALSE(ReadAid(card, 1, told, [] { return 1.540596F; }).Failed);
+  ASSERT_EQ(card.Buffer(1).PermNpts, 24);
+  EXPECT_EQ(card.Buffer(1).CardSpaceGroup, "R-3c");
+  // 2-theta of 113 and 300 as certified for the powder standard SRM 676a; d has 4 decimals in a card.
+  EXPECT_NEAR(card.Buffer(1).PermX[4], 43.35, 0.01);
+  EXPECT_NEAR(card.Buffer(1).PermX[12], 68.20, 0.01);
 }
 
 }  // namespace

@@ -12,16 +12,22 @@
 namespace koprax {
 namespace {
 
-/// A script with the paths of its sample profiles made whole.
-std::string ReadScript(const std::filesystem::path& path) {
+/// Puts another folder in the place of the one that all paths of a kind start with.
+void ReplaceFolder(std::string& script, const std::string& folder, const std::string& other) {
+  const std::string start = "\"" + folder + "/";
+  const std::string whole = "\"" + other + "/";
+  for (auto at = script.find(start); at != std::string::npos; at = script.find(start, at + whole.size())) {
+    script.replace(at, start.size(), whole);
+  }
+}
+
+/// A script with the paths of its sample profiles made whole, and what it writes in a folder of the test's
+/// own.
+std::string ReadScript(const std::filesystem::path& path, const std::string& output) {
   std::ifstream file(path, std::ios::binary);
   std::string script{std::istreambuf_iterator<char>(file), {}};
-  const std::string samples = "\"examples/";
-  const std::string whole = "\"" KOPRAX_SOURCE_DIR "/examples/";
-  for (auto at = script.find(samples); at != std::string::npos;
-       at = script.find(samples, at + whole.size())) {
-    script.replace(at, samples.size(), whole);
-  }
+  ReplaceFolder(script, "examples", KOPRAX_SOURCE_DIR "/examples");
+  ReplaceFolder(script, "output", output);
   return script;
 }
 
@@ -31,7 +37,7 @@ TEST(ScriptExamples, EachPlaysWithoutAFault) {
     if (entry.path().extension() == ".kop") {
       SCOPED_TRACE(entry.path());
       WorkbenchSession session;
-      const std::vector<Json> answers = session.Play(ReadScript(entry.path()));
+      const std::vector<Json> answers = session.Play(ReadScript(entry.path(), session.Folder()));
       ASSERT_FALSE(answers.empty());
       EXPECT_EQ(answers.back()["events"].back()["event"], "quit");
       ++scripts;

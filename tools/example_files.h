@@ -1,0 +1,19 @@
+// The files of examples/: computed profiles in each of the formats, a card, a calibration. Writing them is
+// left to the program.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace koprax::examples {
+
+/// A file of examples/ with its whole contents; lines end with CR LF.
+struct ExampleFile {
+  std::string Name{};
+  std::string Contents{};
+};
+
+/// All example files. They are the same, byte for byte, at every call.
+[[nodiscard]] std::vector<ExampleFile> ExampleFiles();
+
+}  // namespace koprax::examples
