@@ -144,7 +144,8 @@ DataAngleRange      2-theta of the first point, 2-theta of the last point
 ScanStepSize        step
 RawScan             end of the named lines
 
-and keeps the others for saving. Names are to be written as shown here,
+and keeps the others for saving. The range, the step and the last line have to
+be there. Names are to be written as shown here,
 letter for letter. With a monochromator the wavelength is that of K-alpha 1,
 otherwise the mean of the two, weighted by their intensities.
 
