@@ -1,5 +1,5 @@
-// A window with one button that runs an operation, and the services that such an operation asks for: for
-// operations of windows that are tested by themselves.
+// A window with one button that runs an operation, with the services that the operation asks for: for
+// what windows do that are tested by themselves.
 #pragma once
 
 #include <fstream>
@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/workbench_session.h"
 #include "forms/form.h"
@@ -16,7 +17,7 @@
 
 namespace koprax {
 
-/// Files are asked for by the workbench's own dialog; what waits for an answer about the buffer goes.
+/// Files are asked for by the workbench's own dialog; lists that wait for an answer can be given up.
 class AskingServices final : public SilentServices {
  public:
   using SilentServices::SilentServices;
@@ -24,14 +25,12 @@ class AskingServices final : public SilentServices {
     return std::dynamic_pointer_cast<Form9>(Context.Desk.Find("Form9"))->Ask(request);
   }
   void GiveUpAnswers() override {
-    SilentServices::GiveUpAnswers();
     for (const char* name : {"Form25", "Form28"}) {
       if (const auto window = Context.Desk.Find(name)) window->CloseBox();
     }
   }
 };
 
-/// `click Command.Command1` runs the operation.
 class CommandForm final : public Form {
  public:
   CommandForm(Desktop& desk, std::function<void()> operation) : Form(desk, "Command", "") {
@@ -43,31 +42,49 @@ class CommandForm final : public Form {
   Button Command1{*this, "Command1", {}};
 };
 
-/// A session with a button for one operation at a time.
+/// Events in few words, a text each.
+inline std::vector<std::string> WordsOf(const Json& events) {
+  std::vector<std::string> words;
+  for (const Json& event : events) {
+    const auto field = [&](const char* name) { return event[name].get<std::string>(); };
+    const std::string kind = field("event");
+    if (kind == "message") {
+      words.push_back(field("title") + ", " + field("icon") + ": " + field("text"));
+    } else if (kind == "input") {
+      words.push_back(field("title") + ": " + field("prompt"));
+    } else if (kind == "dialog") {
+      words.push_back(field("kind") + " \"" + field("name") + "\" " + event["filterIndex"].dump() + " of " +
+                      field("filter"));
+    } else if (event.contains("form")) {
+      words.push_back(kind + " " + field("form"));
+    }
+  }
+  return words;
+}
+
+/// A session with one operation at a time behind a button.
 class CommandSession : public WorkbenchSession {
  public:
   CommandSession() { Play("forms\n"); }  // which starts the workbench
 
-  /// The events of the operation, run by a click behind the commands of `script`.
-  Json EventsOf(const std::function<void(const WindowContext&)>& operation, const std::string& script) {
+  /// What the operation leads to with the answers that are queued before.
+  std::vector<std::string> Run(const std::function<void(const WindowContext&)>& operation,
+                               const std::string& answers = "") {
     Desk().Load<CommandForm>(Desk(), [this, operation] { operation(services_.Context); })->Show();
-    return Events(script + "click Command.Command1\n");
+    return Words(answers + "click Command.Command1\n");
+  }
+  /// What the last command of a script leads to.
+  std::vector<std::string> Words(const std::string& script) { return WordsOf(Events(script)); }
+
+  static std::string FileAnswer(const std::string& path) { return "file " + Json(path).dump() + "\n"; }
+  /// What stands in a file; nothing if there is none.
+  static std::string BytesOf(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
   }
 
  private:
   AskingServices services_{*this};
 };
-
-/// What stands in a file; nothing if there is none.
-inline std::string BytesOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-/// A message with OK alone, as the script tool tells it.
-inline Json ToldEvent(const std::string& text, const std::string& title, const std::string& icon) {
-  return {{"event", "message"}, {"text", text}, {"title", title},
-          {"buttons", "ok"},    {"icon", icon}, {"answer", "ok"}};
-}
 
 }  // namespace koprax
