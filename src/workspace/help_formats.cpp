@@ -145,9 +145,9 @@ ScanStepSize        step
 RawScan             end of the named lines
 
 and keeps the others for saving. The range, the step and the last line have to
-be there. Names are to be written as shown here,
-letter for letter. With a monochromator the wavelength is that of K-alpha 1,
-otherwise the mean of the two, weighted by their intensities.
+be there. Names are to be written as shown here, letter for letter. With a
+monochromator the wavelength is that of K-alpha 1, otherwise the mean of the
+two, weighted by their intensities.
 
 After "RawScan" come the intensities, separated by commas, up to 24 in a
 line; the last one is followed by a comma and a slash. 2-theta is built up
