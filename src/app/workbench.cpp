@@ -3,6 +3,7 @@
 #include "display/display_window.h"
 #include "files/format_window.h"
 #include "files/load_pipeline.h"
+#include "files/peak_list_window.h"
 #include "files/preview_window.h"
 #include "files/save_pipeline.h"
 #include "files/title_window.h"
@@ -61,19 +62,17 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
   void StartSave() override { StartSaveSequence(context_); }
 
   void GiveUpTitle() override {
-    for (const auto& kind : {title_windows::SavedProfile, title_windows::ComputedProfile}) {
-      if (const auto window = context_.Desk.Find(kind.Name)) {
-        window->CloseBox();
-      }
-    }
+    CloseByBox(title_windows::SavedProfile.Name);
+    CloseByBox(title_windows::ComputedProfile.Name);
   }
 
   void GiveUpAnswers() override {
     GiveUpTitle();
-    for (const char* name : {"Form25", "Form28", context_.Data.ReadingCal ? "Form4" : ""}) {
-      if (const auto window = context_.Desk.Find(name)) {
-        window->CloseBox();
-      }
+    CloseByBox(peak_list_windows::Calibration.Name);
+    CloseByBox(peak_list_windows::Cell.Name);
+    const auto preview = std::dynamic_pointer_cast<Form4>(context_.Desk.Find("Form4"));
+    if (preview && preview->ForCalibration()) {
+      preview->CloseBox();
     }
   }
 
@@ -84,6 +83,12 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
   }
 
  private:
+  void CloseByBox(const char* name) {
+    if (const auto window = context_.Desk.Find(name)) {
+      window->CloseBox();
+    }
+  }
+
   WindowContext context_;
   std::shared_ptr<Form9> file_dialog_;
   std::shared_ptr<Form1> main_menu_;
@@ -115,9 +120,9 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::Erase.Name,
       pickers::SmoothedResult.Name,
       pickers::FitBackground.Name,
-      "Form25",
+      peak_list_windows::Calibration.Name,
       pickers::Cell.Name,
-      "Form28",
+      peak_list_windows::Cell.Name,
       pickers::ComputedProfile.Name,
       pickers::SeveralSaved.Name,
       "Form33",
