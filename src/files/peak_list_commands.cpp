@@ -26,9 +26,9 @@ constexpr const char* AnyList = "*.pks";
 void SaveLines(const WindowContext& context, const std::vector<std::string>& lines) {
   const auto path = ChooseFileToWrite(context, {.Filter = SaveFilter, .FilterIndex = 2, .Name = AnyList});
   if (!path) return;
-  const bool latin1 = context.Data.Current().Latin1Text;
-  const auto problem = WriteLines(*path, lines, latin1 ? TextEncoding::Latin1 : TextEncoding::Utf8);
-  if (problem) context.Desk.Host().MsgBox(*problem);
+  if (const auto problem = WriteLines(*path, lines, TextEncoding::Utf8)) {
+    context.Desk.Host().MsgBox(*problem);
+  }
 }
 
 /// Whether the user wants to read the list that CurBuf lacks.

@@ -73,7 +73,7 @@ class PeakListTest : public testing::Test {
   /// CalCancelled, which start again.
   std::vector<int> Outcome() {
     Workspace& data = session_.Data();
-    const std::vector<int> outcome{opened_ ? 1 : 0, drawn_, given_up_, data.CurBuf, data.CalCancelled};
+    std::vector<int> outcome{opened_ ? 1 : 0, drawn_, given_up_, data.CurBuf, data.CalCancelled};
     drawn_ = given_up_ = data.CalCancelled = 0;
     data.CurBuf = 3;
     return outcome;
@@ -174,6 +174,10 @@ TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
     form == "Form25" ? ReadForCalibration(Open(contents)) : ReadForCell(Open(contents));
     return session_.Words("click " + form + ".cmdOK\n");
   };
+  const auto too_long = [&](const std::string& limit) {
+    return "Warning, exclamation: The file " + path_ + " has " + limit +
+           " lines or more. No peak was taken.\r\nA list to be read has fewer than " + limit + " lines.";
+  };
   for (const std::string form : {"Form25", "Form28"}) {
     EXPECT_THAT(accept(form, "1 2 3\n2 1E39\n"),
                 ElementsAre("Error, stop: The file " + path_ +
@@ -181,12 +185,8 @@ TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
                             "-3.402823E+38 to 3.402823E+38."));
     EXPECT_EQ(Peaks() + Buffer().PeakY[1], "");
     const int limit = form == "Form25" ? 100 : 200;
-    const std::string number = std::to_string(limit);
     EXPECT_THAT(accept(form, Repeated("50 1 2 3", limit)),
-                ElementsAre("Warning, exclamation: The file " + path_ + " has " + number +
-                                " lines or more. No peak was taken.\r\nA list to be read has fewer than " +
-                                number + " lines.",
-                            "unloaded " + form));
+                ElementsAre(too_long(std::to_string(limit)), "unloaded " + form));
     EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
   }
   EXPECT_EQ(accept("Form25", Repeated("50 1 2 3", 99)).size(), 1U);
