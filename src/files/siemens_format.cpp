@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -44,10 +45,11 @@ Failure ReadHeader(ProfileReading& reading) {
   buffer.XStep = 0;
   buffer.UxdHeader.fill(" ");
   buffer.UxdHeaderLines = 0;
-  while (buffer.UxdHeaderLines + 1U < buffer.UxdHeader.size()) {
+  for (std::string& kept : std::span(buffer.UxdHeader).subspan<1>()) {
     if (reading.Records.AtEnd()) return reading.EndsBefore("a line that starts with \"_2THETAC\"");
     const std::string_view line = reading.Records.Lines().NextLine();
-    buffer.UxdHeader[static_cast<std::size_t>(++buffer.UxdHeaderLines)] = line;
+    kept = line;
+    ++buffer.UxdHeaderLines;
     if (line.starts_with("_2THETAC")) return std::nullopt;
     if (auto failure = TakeKeyedLine(reading, line)) return failure;
   }

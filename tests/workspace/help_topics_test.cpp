@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "files/column_formats.h"
+#include "files/philips_format.h"
+#include "files/siemens_format.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -104,7 +106,7 @@ TEST(HelpTopics, StateTheFactsTheyAreKnownFor) {
   }
 }
 
-TEST(HelpTopics, ExampleFilesOfTheColumnFormatsLoad) {
+TEST(HelpTopics, ExampleFilesLoad) {
   const Workspace ital = LoadExample(HelpTopic::HelpFormatItal, ReadItalDat);
   ExpectSiliconLine(ital.Buffer(1), 28.5F);
   EXPECT_FLOAT_EQ(ital.Buffer(1).XStep, 0.02F);
@@ -116,6 +118,13 @@ TEST(HelpTopics, ExampleFilesOfTheColumnFormatsLoad) {
   const Workspace two_columns = LoadExample(HelpTopic::HelpFormatTwoColumns, ReadTwoColumns);
   ExpectSiliconLine(two_columns.Buffer(1), 28.54F);
   EXPECT_EQ(two_columns.Buffer(1).XStep, 0) << "the example shows a variable step";
+
+  const Workspace philips = LoadExample(HelpTopic::HelpFormatPhilips, ReadUdf);
+  EXPECT_EQ(philips.Buffer(1).PermNpts, 9);
+  EXPECT_EQ(philips.Buffer(1).PermX[9], philips.Buffer(1).PermXMax);
+  const Workspace siemens = LoadExample(HelpTopic::HelpFormatUxd, ReadUxd);
+  EXPECT_EQ(siemens.Buffer(1).PermNpts, 7);
+  EXPECT_EQ(siemens.Buffer(1).PermX[7], 28.5F);
 }
 
 }  // namespace
