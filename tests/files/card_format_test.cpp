@@ -77,8 +77,8 @@ TEST_F(CardFormat, ReflectionsStandWhereBraggsLawPutsThem) {
                                     Buffer().CardK[i], Buffer().CardL[i]};
     EXPECT_EQ(card, (std::array<float, 5>{std::stof(spacings[i - 1]), 10, 1, -2, 3})) << i;
     // Sine, tangent and angle are each rounded to 24 bits. That of the sine moves 2-theta by up to
-    // 2 tan(theta) 2^-24 rad, which is below 5E-5 degrees for the last of these, at 162.6.
-    EXPECT_NEAR(Buffer().PermX[i], Bragg(std::stod(spacings[i - 1]), 1.54184), 1e-4) << i;
+    // 2 tan(theta) 2^-24 rad, 5E-5 degrees for the last of these, at 162.5; the others by 1E-5 each.
+    EXPECT_NEAR(Buffer().PermX[i], Bragg(Buffer().CardD[i], Buffer().Wavelength), 1e-4) << i;
   }
   EXPECT_EQ(Buffer().FileXMin, X(1));
   EXPECT_EQ(Buffer().FileXMax, X(7));
