@@ -206,7 +206,10 @@ std::variant<TextFile, FileError> ReadTextFile(const std::string& path) {
   if (!file.Ok()) return ErrorOf(errno);
   std::string bytes;
   if (const int error = ReadAll(file.Descriptor(), bytes)) return ErrorOf(error);
-  if (bytes.starts_with(byte_order_mark)) bytes.erase(0, byte_order_mark.size());
+  // A second mark would become the first one when the text is written, and be lost at the next reading.
+  std::size_t marks = 0;
+  while (std::string_view(bytes).substr(marks).starts_with(byte_order_mark)) marks += byte_order_mark.size();
+  bytes.erase(0, marks);
   if (!IsUtf8(bytes)) return TextFile(Latin1ToUtf8(bytes), TextEncoding::Latin1);
   return TextFile(std::move(bytes), TextEncoding::Utf8);
 }

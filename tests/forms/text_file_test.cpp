@@ -153,6 +153,7 @@ TEST_F(TextFileTest, ReadsUtf8OrElseLatin1) {
   const auto marked = read("\xEF\xBB\xBF\xC3\x85\r\n");
   EXPECT_EQ(std::get<TextFile>(marked).Contents(), "\xC3\x85\r\n");
   EXPECT_EQ(std::get<TextFile>(marked).Encoding(), TextEncoding::Utf8);
+  EXPECT_EQ(std::get<TextFile>(read("\xEF\xBB\xBF\xEF\xBB\xBFt")).Contents(), "t");
   const auto latin = read("1.54 \xC5\r\n");
   EXPECT_EQ(std::get<TextFile>(latin).Contents(), "1.54 \xC3\x85\r\n");
   EXPECT_EQ(std::get<TextFile>(latin).Encoding(), TextEncoding::Latin1);
