@@ -5,10 +5,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QScreen>
+#include <algorithm>
 
 #include "forms/form.h"
 #include "forms/printer.h"
@@ -37,6 +40,15 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+/// The lines of a message are broken where the program wants it; a box wraps them only if the screen is too
+/// narrow for them.
+void KeepLinesWhole(QMessageBox& box) {
+  if (auto* const label = box.findChild<QLabel*>("qt_msgbox_label")) {
+    const int room = label->screen()->availableGeometry().width() * 2 / 3;
+    label->setMinimumWidth(std::min(label->fontMetrics().size(0, label->text()).width(), room));
+  }
+}
+
 }  // namespace
 
 QtRuntime::QtRuntime(Platform& platform) : platform_(platform) {}
@@ -48,6 +60,7 @@ MessageAnswer QtRuntime::MsgBox(const Message& message) {
   box.setWindowTitle(ToQt(message.Title));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(message.Text));
+  KeepLinesWhole(box);
   if (message.Buttons == MessageButtons::Ok) {
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

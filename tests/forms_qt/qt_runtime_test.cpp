@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -61,6 +62,18 @@ TEST_F(QtRuntimeTest, MessageBoxesAreAnswered) {
   EXPECT_EQ(runtime_.MsgBox(question), MessageAnswer::No);
   WhenUp<QMessageBox>([](QMessageBox& box) { box.close(); });
   EXPECT_EQ(runtime_.MsgBox({.Text = "Done"}), MessageAnswer::Ok);
+}
+
+TEST_F(QtRuntimeTest, MessagesBreakTheirLinesWhereTheProgramDoes) {
+  WhenUp<QMessageBox>([](QMessageBox& box) {
+    const auto* const text = box.findChild<QLabel*>("qt_msgbox_label");
+    ASSERT_NE(text, nullptr);
+    EXPECT_LT(text->heightForWidth(text->width()), 3 * text->fontMetrics().height());
+    box.close();
+  });
+  (void)runtime_.MsgBox(
+      {.Text = "If no file is chosen and no conversion occurs then 'd' data (crystal spacings)\r\n"
+               "Explorer Window are not displayed."});
 }
 
 TEST_F(QtRuntimeTest, InputBoxesGiveTheTextOrNothing) {
