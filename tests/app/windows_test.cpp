@@ -9,7 +9,9 @@
 
 #include "app/script_values.h"
 #include "app/workbench_session.h"
+#include "files/peak_list_window.h"
 #include "files/title_window.h"
+#include "files/wavelength_window.h"
 #include "forms/desktop.h"
 #include "golden_file.h"
 #include "workspace/buffer_picker.h"
@@ -74,6 +76,12 @@ std::string ListingOfAllWindows() {
   add("click Form1.cmdDelBuff\n", "Form17");
   session.Desk().Load<TitleWindow>(services.Context, title_windows::ComputedProfile, [] {});
   add("", "Form14");
+  for (const PeakListWindowKind& kind : {peak_list_windows::Calibration, peak_list_windows::Cell}) {
+    session.Desk().Load<PeakListWindow>(services.Context, kind, " 28.44  100  3.1355\r\n", PeakListActions{});
+    add("", kind.Name);
+  }
+  session.Desk().Load<Form33>(services.Context);
+  add("", "Form33");
   for (const PickerKind& kind : {pickers::Calibration, pickers::SmoothedResult, pickers::FitBackground,
                                  pickers::Cell, pickers::ComputedProfile, pickers::SeveralSaved}) {
     const auto picker = session.Desk().Load<BufferPicker>(services.Context, kind, PickerActions{});
