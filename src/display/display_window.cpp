@@ -9,6 +9,7 @@
 
 #include "display/profile_plot.h"
 #include "files/calibration_commands.h"
+#include "files/calibration_file.h"
 #include "files/peak_list_commands.h"
 #include "files/title_window.h"
 #include "files/tokeniser.h"
@@ -21,8 +22,7 @@ namespace koprax {
 
 namespace {
 
-constexpr double LargestDegreeStep = 0.97;   // a larger step is one of channels
-constexpr double LeastCalibration = 0.0001;  // a smaller first coefficient is none
+constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
 
 }  // namespace
 
@@ -191,7 +191,7 @@ std::optional<float> Form6::TypedWavelength() {
 }
 
 bool Form6::LacksCalibration() const {
-  return Buffer().PermX[2] - Buffer().PermX[1] > LargestDegreeStep && Buffer().CalPar[1] < LeastCalibration;
+  return Buffer().PermX[2] - Buffer().PermX[1] > LargestDegreeStep && !HasCalibration(Buffer());
 }
 
 /// False when the user cancels it, which leaves the buffer without wavelength and peaks.
@@ -215,10 +215,10 @@ void Form6::AcceptWavelength() {
     return;
   }
   Buffer().Wavelength = *wavelength;
+  ShowWavelength();
   if (LacksCalibration() && !AskForCalibration()) {
     return;
   }
-  ShowWavelength();
   if (context_.Data.ExplorerMode) {
     Frame3.Visible = false;
     Line1.Visible = Frame2.Visible = true;

@@ -31,9 +31,7 @@ void SaveCalibration(const WindowContext& context, std::span<const float> coeffi
   const std::string title = context.Desk.Host().InputBox(
       {.Prompt = "Type a title for the file containing calibration parameters (max 80 char.)",
        .Title = "Input title"});
-  const bool latin1 = context.Data.Current().Latin1Text;
-  const auto problem = WriteLines(*path, CalibrationLines(title, coefficients),
-                                  latin1 ? TextEncoding::Latin1 : TextEncoding::Utf8);
+  const auto problem = WriteLines(*path, CalibrationLines(title, coefficients), TextEncoding::Utf8);
   if (problem) context.Desk.Host().MsgBox(*problem);
 }
 

@@ -19,6 +19,13 @@ namespace koprax {
 inline constexpr int MaxCoefficients = 7;
 using CalibrationTable = std::array<double, MaxCoefficients + 1>;  ///< CalPar, numbered from 1
 
+/// Whether a calibration has been read for the buffer: its constant coefficient tells, which no detector has
+/// at or below 0.
+[[nodiscard]] inline bool HasCalibration(const ProfileBuffer& buffer) {
+  constexpr double least_constant = 0.0001;
+  return buffer.CalPar[1] >= least_constant;
+}
+
 /// The title in 80 characters, a line for each coefficient, three empty lines.
 [[nodiscard]] std::vector<std::string> CalibrationLines(std::string_view title,
                                                         std::span<const float> coefficients);

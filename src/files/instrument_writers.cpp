@@ -29,7 +29,7 @@ int AddChannels(const ProfileBuffer& buffer, Lines& lines) {
   for (std::size_t i = 1; i <= Channels; ++i) {
     if (i % NumbersPerLine == 1) lines.emplace_back();
     const std::string text = Rounded(buffer.PermY[i], 1);
-    lines.back() += RightAlignText(text, ChannelFieldWidth);
+    lines.back() += FixedField(RightAlignText(text, ChannelFieldWidth), ChannelFieldWidth);
     if (text.size() >= ChannelFieldWidth) ++too_long;
   }
   return too_long;
@@ -45,7 +45,7 @@ std::string WholeCount(float intensity) {
   const double whole = RoundHalfEven(intensity) + 0.0;  // no "-0"
   const auto end =
       std::to_chars(text.data(), text.data() + text.size(), whole, std::chars_format::fixed, 0).ptr;
-  return RightAlignText({text.data(), end}, std::max<std::size_t>(end - text.data(), CountFieldWidth));
+  return RightAlignText({text.data(), end}, CountFieldWidth);
 }
 
 /// Adds eight counts a line with commas between them, and ",/" behind the last one. With counts too long for
@@ -141,7 +141,7 @@ std::optional<Message> SaveUdf(Workspace& workspace) {
   if (!AddUdfHeader(buffer, lines)) {
     return NotWritten(workspace, "the header of the profile has no line \"RawScan\"");
   }
-  AddCounts(buffer, lines);
+  if (buffer.PermNpts > 0) AddCounts(buffer, lines);
   return WriteProfile(workspace, buffer, lines);
 }
 

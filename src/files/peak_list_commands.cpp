@@ -45,6 +45,7 @@ enum class ListOpening { Opened, Ended, Refused };
 /// Asks for the list and opens its preview. An empty name ends the reading without a refusal.
 ListOpening OpenList(const WindowContext& context, const PeakListWindowKind& kind, const char* name,
                      PeakListActions actions) {
+  context.Desk.Unload(kind.Name);  // one that still waits belongs to a start that is over
   if (!WantsListFromDisk(context)) return ListOpening::Refused;
   const auto path = ChooseFile(context, {.Filter = OpenFilter, .FilterIndex = 2, .Name = name});
   if (!path) return ListOpening::Refused;
@@ -73,9 +74,10 @@ void SavePeakListAsHeld(const WindowContext& context) {
   SaveLines(context, HeldPeakLines(context.Data.Current()));
 }
 
-bool ReadPeakListForCalibration(const WindowContext& context, std::function<void()> draw_peaks) {
+bool ReadPeakListForCalibration(const WindowContext& context, std::function<void()> draw_peaks,
+                                std::function<void()> given_up) {
   return OpenList(context, peak_list_windows::Calibration, "",
-                  {.Taken = std::move(draw_peaks), .GivenUp = {}}) == ListOpening::Opened;
+                  {.Taken = std::move(draw_peaks), .GivenUp = std::move(given_up)}) == ListOpening::Opened;
 }
 
 bool ReadPeakListForCell(const WindowContext& context, std::function<void()> draw_peaks,

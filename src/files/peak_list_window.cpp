@@ -58,7 +58,7 @@ void PeakListWindow::TellLimits(std::size_t peaks) {
 
 void PeakListWindow::GiveUp() {
   Unload();
-  if (actions_.GivenUp) actions_.GivenUp();
+  actions_.GivenUp();
 }
 
 void PeakListWindow::Tell(const Message& message) { Desk().Host().MsgBox(message); }

@@ -31,7 +31,7 @@ inline constexpr PeakListWindowKind Cell{"Form28", "Input file (Form28)", 200, P
 /// What follows when the window has closed.
 struct PeakListActions {
   std::function<void()> Taken;    ///< the peaks are in the buffer
-  std::function<void()> GivenUp;  ///< by the cancel or the close box; may be left out
+  std::function<void()> GivenUp;  ///< by the cancel or the close box
 };
 
 class PeakListWindow final : public Form {

@@ -110,8 +110,9 @@ Failure SetNextPoint(ProfileReading& reading, int n, float y) {
 
 Failure ReadIntensities(ProfileReading& reading) {
   ProfileBuffer& buffer = reading.Buffer;
-  buffer.PermX[0] = static_cast<float>(static_cast<double>(buffer.PermXMin) - buffer.XStep);
-  if (!std::isfinite(buffer.PermX[0])) return reading.FailHere(OutOfRange("X of the first point"));
+  const auto before = static_cast<float>(static_cast<double>(buffer.PermXMin) - buffer.XStep);
+  if (!std::isfinite(before)) return reading.FailHere(OutOfRange("X of the first point"));
+  buffer.PermX[0] = before;
   int n = 0;
   while (!reading.Records.AtEnd()) {
     const LineWords& words = reading.Records.NextRecord();

@@ -47,7 +47,8 @@ Refusal WhyNotAdf(const ProfileBuffer& buffer, FormatCodes code) {
     return ChooseAnother("Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.",
                          "Error", MessageIcon::None);
   }
-  if (static_cast<double>(buffer.PermXMax) - buffer.PermXMin + 1 != FullRange) {
+  // The limits of a profile outlive it where a reading into its buffer has failed.
+  if (buffer.PermNpts == 0 || static_cast<double>(buffer.PermXMax) - buffer.PermXMin + 1 != FullRange) {
     return ChooseAnother(
         "Data files with CPS-120 format can ONLY be saved as '4096 channels' sized files.\r\n"
         "Files organized in 'channels' but with different dimensions, can be saved in TWO COLUMNS format.",

@@ -66,9 +66,10 @@ Failure TakePoint(ProfileReading& reading, const LineWords& words, int n) {
   }
   if (n > MaxPoints) return LimitFailure(buffer);
   const float x = words.Number(1);
+  if (auto failure = SetPoint(reading, n, x, words.Number(2))) return failure;
   if (n == 1) buffer.PermXMin = buffer.FileXMin = x;
   buffer.PermXMax = buffer.FileXMax = x;
-  return SetPoint(reading, n, x, words.Number(2));
+  return std::nullopt;
 }
 
 ReadOutcome ReadSiemens(ProfileReading& reading) {

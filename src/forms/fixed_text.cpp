@@ -35,8 +35,9 @@ std::string FixedField(std::string_view text, std::size_t width) {
 }
 
 std::string RightAlignText(std::string_view text, std::size_t width) {
-  const std::string kept = RightTrimmed(FirstCharacters(text, width));
-  return std::string(width - CharacterCount(kept), ' ') + kept;
+  const std::size_t used = CharacterCount(RightTrimmed(FirstCharacters(text, width)));
+  const std::size_t length = std::max(width, CharacterCount(text));
+  return FixedField(std::string(width - used, ' ').append(text), length);
 }
 
 std::string AlignDecimal(std::string_view text, std::size_t width, std::size_t decimals) {
@@ -44,7 +45,8 @@ std::string AlignDecimal(std::string_view text, std::size_t width, std::size_t d
   const std::size_t period = text.find('.');
   const std::string_view before = text.substr(0, period == std::string_view::npos ? text.find(' ') : period);
   const std::size_t column = CharacterCount(before) + 1;
-  return FixedField(std::string(column < target ? target - column : 0, ' ').append(text), width);
+  const std::size_t length = std::max(width, CharacterCount(text));
+  return FixedField(std::string(column < target ? target - column : 0, ' ').append(text), length);
 }
 
 std::string RightTrimmed(std::string_view text) {

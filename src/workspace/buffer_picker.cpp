@@ -64,7 +64,7 @@ void BufferPicker::OnLoad() {
   const auto empty = [](const ProfileBuffer& buffer) { return buffer.Empty(); };
   if (kind_.FirstWhenAllEmpty &&
       std::all_of(context_.Data.Buffers.begin() + 1, context_.Data.Buffers.end(), empty)) {
-    context_.Data.CurBuf = 1;
+    MakeCurrent(context_, 1);
   }
   if (actions_.Loaded) {
     actions_.Loaded();

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -87,6 +88,10 @@ TEST_F(CalibrationTest, IsAskedForByThePromptOfAProfileInChannels) {
 }
 
 TEST_F(CalibrationTest, IsNotAskedForWhereNoneIsMissing) {
+  Buffer().CalPar[1] = -0.5;  // is none
+  EXPECT_EQ(AcceptPrompt("file \"\"\n").size(), 2U);
+  Buffer().Wavelength = 0;
+  session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
   Buffer().CalPar[1] = 0.0001;
   EXPECT_THAT(AcceptPrompt(), ElementsAre());
   session_.Play(WorkbenchSession::LoadCommands(
@@ -102,7 +107,7 @@ TEST_F(CalibrationTest, ACancelLeavesThePromptAndNoPeaks) {
   session_.Play("click Form6.cmdManExpl\n");
   EXPECT_EQ(AcceptPrompt("file cancel\n").size(), 2U);
   EXPECT_THAT(State(), ElementsAre(0, 0, 0, 1));
-  EXPECT_EQ(Get("Form6.Text16.Text"), "l = 0");
+  EXPECT_EQ(Get("Form6.Text16.Text"), "l = 1.5406");
   EXPECT_EQ(session_.Value("get Form6.Line1.Visible"), false);
   EXPECT_EQ(Get("Form6.Text17.Text") + Buffer().PeakListText, "");
   for (const std::string command : {"cmdErsLaIt", "cmdClearPeaks", "cmdSavePeaks"}) {
@@ -112,6 +117,7 @@ TEST_F(CalibrationTest, ACancelLeavesThePromptAndNoPeaks) {
   EXPECT_EQ(Buffer().Wavelength, 0);
   AcceptPrompt("file \"\"\n");  // the explorer goes on where the prompt is answered
   EXPECT_EQ(session_.Value("get Form6.Line1.Visible"), true);
+  EXPECT_EQ(session_.Value("get Form6.Picture1.MousePointer"), 2);
 }
 
 TEST_F(CalibrationTest, AnIrregularLineKeepsThePreviewForAnotherTry) {
@@ -127,10 +133,13 @@ TEST_F(CalibrationTest, AnIrregularLineKeepsThePreviewForAnotherTry) {
 }
 
 TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
+  session_.Play(WorkbenchSession::LoadCommands(session_.Folder() + "/a.xy", 3, 'c'));
   const struct {
     std::string Commands;
     std::vector<std::string> Words;  // the main menu stays where it is
   } cases[] = {
+      // another buffer is picked
+      {"click Form1.cmdDelBuff\nanswer no\nclick Form17.optC\n", {"unloaded Form4", "unloaded Form17"}},
       {"click Form4.cmdCancel\n", {"unloaded Form4"}},
       {"close Form4\n", {"unloaded Form4"}},
       {CommandSession::FileAnswer(session_.Folder() + "/a.xy") + "click Form1.cmdInp\nclick Form4.cmdOK\n",
@@ -139,7 +148,8 @@ TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
     Buffer().Wavelength = 0;
     session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
     Open("Title\r\n5\r\n");
-    EXPECT_EQ(session_.Words(one.Commands), one.Words);
+    const auto words = session_.Words(one.Commands);
+    EXPECT_EQ(std::vector(words.begin(), words.begin() + std::ssize(one.Words)), one.Words);
     EXPECT_THAT(State(), ElementsAre(0, 0, 0, 0));
     EXPECT_EQ(Coefficients(), std::vector<double>(7, 0));
   }

@@ -220,7 +220,7 @@ TEST(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
     EXPECT_EQ(session.Data().CurBuf, name == "Form21" ? 4 : 2) << name;
     EXPECT_EQ(loaded_while_acting, name == "Form10" || name == "Form21" || name == "Form27") << name;
   }
-  EXPECT_EQ(services.TitlesGivenUp, 7);
+  EXPECT_EQ(services.TitlesGivenUp, 10);
 }
 
 TEST(Pickers, NoneTickedLeavesTheDisplayAsItWas) {

@@ -51,7 +51,9 @@ class PeakListTest : public testing::Test {
   std::vector<std::string> ReadForCalibration(const std::string& answers) {
     return session_.Run(
         [this](const WindowContext& context) {
-          opened_ = ReadPeakListForCalibration(context, [this] { ++drawn_; });
+          const auto given_up = [this] { ++given_up_; };
+          opened_ = ReadPeakListForCalibration(
+              context, [this] { ++drawn_; }, given_up);
         },
         answers);
   }
@@ -161,7 +163,7 @@ TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
     const std::string act = way[0] == '.' ? "click " : "close ";
     ReadForCalibration(Open("1 2 3\n"));
     EXPECT_THAT(session_.Words(act + "Form25" + way), ElementsAre("unloaded Form25"));
-    EXPECT_THAT(Outcome(), ElementsAre(1, 0, 0, 3, 0));
+    EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 3, 0));
     ReadForCell(Open("1 2 3\n"));
     EXPECT_THAT(session_.Words(act + "Form28" + way), ElementsAre("unloaded Form28"));
     EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 0, 0));
@@ -204,11 +206,15 @@ TEST_F(PeakListTest, AListBelongsToTheBufferItWasOpenedFor) {
   ReadForCell(Open("1 2 3 4\n"));
   session_.Play("click Form1.cmdDelBuff\nanswer no\nclick Form17.optE\n");  // another buffer is picked
   EXPECT_EQ(session_.Value("forms"), (Json{"Form1", "Command"}));
-  EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 5, 0));
+  EXPECT_THAT(Outcome(), ElementsAre(1, 0, 2, 5, 0));
   ReadForCalibration(Open("1 2 3 4\n"));
   ReadForCell("input \"n\"\n");  // this one is left
   EXPECT_EQ(session_.Value("get Form25")["Loaded"], false);
   Outcome();
+  ReadForCell(Open("1 2 3 4\n"));
+  ReadForCell("input \"y\"\nfile \"\"\n");  // a new start ends the one before, without a word
+  EXPECT_EQ(session_.Value("get Form28")["Loaded"], false);
+  EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, 3, 0));
   ReadForCell(Open("1 2 3 4\n"));
   session_.Play("click Form1.cmdDelBuff\nanswer yes\nclick Form17.optC\n");  // erased, and still at work
   EXPECT_EQ(session_.Value("get Form28")["Loaded"], false);

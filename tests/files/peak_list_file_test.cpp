@@ -96,6 +96,7 @@ TEST(PeakListFile, TheGreatestPositionTellsTheCellWhatTheListHolds) {
     std::vector<ListedPeak> peaks(150, {20, 2, 3, 5});
     peaks.back().Position = one.Greatest;
     ProfileBuffer buffer = BufferWith(FormatCodes::CpsChannels, {});
+    buffer.CellFormat = buffer.FormatCode;  // as the start of a refinement sets it
     TakePeaksForCell(buffer, peaks);
     EXPECT_EQ(buffer.CellFormat, one.CellFormat) << one.Greatest;
     EXPECT_EQ(buffer.NPeaks, 100);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace koprax {
@@ -9,9 +10,10 @@ namespace {
 
 /// The definition: while the last place of the field is blank, a blank goes in front.
 std::string PlainlyRightAligned(std::string text, std::size_t width) {
-  text.resize(width, ' ');
+  text.resize(std::max(width, text.size()), ' ');
+  const std::size_t length = text.size();
   for (std::size_t i = 1; i < width; ++i) {
-    if (text[width - 1] == ' ') text = (" " + text).substr(0, width);
+    if (text[width - 1] == ' ') text = (" " + text).substr(0, length);
   }
   return text;
 }
@@ -19,7 +21,8 @@ std::string PlainlyRightAligned(std::string text, std::size_t width) {
 TEST(FixedText, RightAlignTextEndsAtTheEndOfTheField) {
   EXPECT_EQ(RightAlignText("7", 3), "  7");
   EXPECT_EQ(RightAlignText("\xC3\xA9", 3), "  \xC3\xA9");
-  for (const char* text : {"", " ", "7", "12 ", " 5 ", "1 3", "123", "1234", "12 4", "   4"}) {
+  for (const char* text :
+       {"", " ", "7", "12 ", " 5 ", "1 3", "123", "1234", "12 4", "   4", "12   ", "123  "}) {
     EXPECT_EQ(RightAlignText(text, 3), PlainlyRightAligned(text, 3)) << '"' << text << '"';
   }
 }
@@ -28,8 +31,9 @@ TEST(FixedText, AlignDecimalPutsThePeriodInItsColumn) {
   EXPECT_EQ(AlignDecimal("12.345", 8, 4), " 12.345 ");
   EXPECT_EQ(AlignDecimal("1234", 8, 1), "  1234  ");
   EXPECT_EQ(AlignDecimal("123456.7", 8, 4), "123456.7");
-  EXPECT_EQ(AlignDecimal("1234567.8", 8, 4), "1234567.");
-  EXPECT_EQ(AlignDecimal("123456789", 8, 4), "12345678");
+  EXPECT_EQ(AlignDecimal("1234567.8", 8, 4), "1234567.8");
+  EXPECT_EQ(AlignDecimal("123456789", 8, 4), "123456789");
+  EXPECT_EQ(AlignDecimal("1234    ", 8, 1), "  1234  ");  // held in a field already
   EXPECT_EQ(AlignDecimal("60", 9, 4), "  60     ");
   EXPECT_EQ(AlignDecimal("-.5", 8, 4), "  -.5   ");
   EXPECT_EQ(AlignDecimal("", 8, 4), "        ");
