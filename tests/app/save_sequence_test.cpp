@@ -222,6 +222,26 @@ TEST_F(SaveSequence, WhatIsNotRefusedIsWritten) {
   }
 }
 
+TEST_F(SaveSequence, WhatAFailedLoadLeftIsNoProfile) {
+  std::string channels = "4096\r\ndate\r\n1\r\nx\r\n\r\n\r\n\r\n\r\n\r\n";
+  for (int i = 0; i < 512; ++i) channels += "5 5 5 5 5 5 5 5\r\n";
+  std::string broken = channels;
+  broken.replace(broken.find("5 5 5"), 5, "9 1E39");
+  const std::string header = "DataAngleRange,1,2,/\r\nScanStepSize,1,/\r\nRawScan\r\n";
+  const auto load = [&](const std::string& contents, int format) {
+    Session.Try(WorkbenchSession::LoadCommands(Session.File("load", contents), format, 'b'));
+  };
+  load(channels, 4);
+  load(broken, 4);
+  Start(Session.Folder() + "/mixed");
+  EXPECT_EQ(Session.Events("click Form7.Option4\n")[0]["text"], WholeRange);
+  load(header + "1,2,3,/\r\n", 5);
+  load(header + "9,8,1E39,/\r\n", 5);
+  Start(Session.Folder() + "/mixed");
+  Session.Play("click Form7.Option5\n");
+  EXPECT_THAT(Contents(Session.Folder() + "/mixed"), testing::EndsWith("RawScan\r\n"));
+}
+
 TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
   Start("/dev/full", "answer yes\n");
   const Json buffer = Session.Value("buffer b");

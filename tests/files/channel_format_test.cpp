@@ -39,6 +39,8 @@ TEST_F(ChannelFormat, EachLineIsEightChannels) {
   EXPECT_EQ(Buffer().PermNpts, 4104);  // the empty line at the end counts
   Load(ReadAdf, Header(), true);
   EXPECT_EQ(Buffer().PermNpts, 0);
+  EXPECT_EQ(Buffer().PermYMin, 100000);  // the running limits as they start
+  EXPECT_EQ(Buffer().PermYMax, -100000);
 }
 
 TEST_F(ChannelFormat, TheTitleTakesTheWordsOfDateAndHourAndTheNumbersAsTheyAre) {

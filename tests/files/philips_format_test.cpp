@@ -23,11 +23,13 @@ class PhilipsFormat : public ReaderTest {
 TEST_F(PhilipsFormat, ReadsHeaderAndIntensities) {
   Buffer().UdfHeader[7] = "line of another file";
   Load(ReadUdf,
-       Header("SampleIdent,S1,/\r\nTitle1,\xC5kermanite 5 mm,/   \r\nTitle2,rest,/\r\n", "28.38", "0.0200") +
+       Header("SampleIdent,S1,/\r\nTitle1,\xC5kermanite \"5\" 5 mm,/   \r\nTitle2," + std::string(90, 'r') +
+                  "\r\n",
+              "28.38", "0.0200") +
            "     212,  1000001,\r\n-20000,3 x,/\r\n",
        true);
   EXPECT_EQ(Buffer().FormatCode, 5);
-  EXPECT_EQ(Title(), " \xC3\x85kermanite mm / 28.38 20 0.02");
+  EXPECT_EQ(Title(), " \xC3\x85kermanite \"5\" mm / 28.38 20 0.02");
   EXPECT_TRUE(Buffer().Latin1Text);
   EXPECT_EQ(Points(), (std::vector<float>{28.38F, 212, 28.4F, 1000001, 28.42F, -20000, 28.44F, 3}));
   EXPECT_EQ(Buffer().PermYMin, -20000);
@@ -37,18 +39,22 @@ TEST_F(PhilipsFormat, ReadsHeaderAndIntensities) {
   EXPECT_EQ(Buffer().XStep, 0.02F);
   EXPECT_EQ(Buffer().FileXMin, stale);
   EXPECT_EQ(Buffer().FileXMax, stale);
-  EXPECT_EQ(Buffer().UdfHeader[2], "Title1,\xC3\x85kermanite 5 mm,/");
+  EXPECT_EQ(Buffer().UdfHeader[2], "Title1,\xC3\x85kermanite \"5\" 5 mm,/");
+  EXPECT_EQ(Buffer().UdfHeader[3], "Title2," + std::string(73, 'r'));
   EXPECT_EQ(Buffer().UdfHeader[6], "RawScan");
   EXPECT_EQ(Buffer().UdfHeader[7], " ");
 
   Load(ReadUdf, Header("") + "2000000\r\n", true);
-  EXPECT_EQ(Buffer().PermYMin, 1000000);  // the running limit starts there
+  EXPECT_EQ(Buffer().PermYMin, 1000000);  // the running limits start there
+  Load(ReadUdf, Header("") + "-20000\r\n", true);
+  EXPECT_EQ(Buffer().PermYMax, -10000);
 }
 
 TEST_F(PhilipsFormat, XIsBuiltUpByStepsEachRoundedToThreeDecimals) {
   Load(ReadUdf, Header("", "2") + Records(8000, "1"), true);
   for (int i = 1; i <= 8000; ++i) ASSERT_EQ(X(i), static_cast<float>((1980 + 20 * i) / 1000.0)) << i;
   ExpectLimitFailure(ReadUdf, Header("", "2") + Records(8000, "1") + "1 1\r\n");
+  EXPECT_EQ(Buffer().Wavelength, 0.7F);
   // By hand: 9.9833, 10.0000, 10.0167, 10.0337, 10.0507; the roundings add up.
   Load(ReadUdf, Header("", "10", "0.0167") + "1 1 1 1\r\n", true);
   EXPECT_EQ(Points(), (std::vector<float>{10, 1, 10.017F, 1, 10.034F, 1, 10.051F, 1}));
@@ -95,7 +101,9 @@ TEST_F(PhilipsFormat, TellsWhatIsWrong) {
   ExpectFailure(ReadUdf, "DataAngleRange,1,2,/\r\nRawScan\r\n1\r\n", {"line 2", "ScanStepSize"});
   ExpectFailure(ReadUdf, Header("", "1E39"), {"line 1", "range"});
   ExpectFailure(ReadUdf, Header("", "1", "1E39"), {"line 2", "step"});
+  Buffer().PermX[0] = stale;
   ExpectFailure(ReadUdf, Header("", "-3E38", "3E38"), {"X of the first point"});
+  EXPECT_EQ(X(0), stale);
   ExpectFailure(ReadUdf, Header("", "0", "3E38") + "1,1,1", {"line 4", "X"});
   ExpectFailure(ReadUdf, Header("") + "1\r\n1E39", {"line 5", "intensity"});
 }

@@ -35,8 +35,10 @@ TEST_F(SiemensFormat, ReadsHeaderAndPoints) {
   EXPECT_EQ(Buffer().UxdHeader[1], "; \"remark\"  ");
   EXPECT_EQ(Buffer().UxdHeader[5], "_2THETACOUNTS");
   EXPECT_EQ(Buffer().UxdHeader[6], " ");
-  Load(ReadUxd, Records(69, std::string(100, 'x')) + end_of_header, true);
+  Load(ReadUxd, "\xC5\r\n" + Records(68, std::string(100, 'x')) + end_of_header, true);
   EXPECT_EQ(Title(), " file without title");
+  EXPECT_TRUE(Buffer().Latin1Text);  // for the lines that are kept
+  EXPECT_EQ(Buffer().PermYMax, -10000);
   EXPECT_EQ(Buffer().PermNpts, 0);
   EXPECT_EQ(Buffer().UxdHeader[69], std::string(100, 'x'));
 }
@@ -74,6 +76,9 @@ TEST_F(SiemensFormat, ALineThatIsNoPointFails) {
   Load(ReadUxd, end_of_header + Records(8000, "1 2"), true);
   EXPECT_EQ(Buffer().PermNpts, 8000);
   ExpectLimitFailure(ReadUxd, end_of_header + Records(8001, "1 2"));
+  EXPECT_EQ(Buffer().Wavelength, 0.7F);
+  const ReadOutcome wrong_line = Read(ReadUxd, end_of_header + Records(8000, "1 2") + "1\r\n");
+  EXPECT_EQ(wrong_line.Problem->Title, "Warning");  // before the limit
 }
 
 TEST_F(SiemensFormat, TellsWhatIsWrong) {
@@ -82,6 +87,7 @@ TEST_F(SiemensFormat, TellsWhatIsWrong) {
   ExpectFailure(ReadUxd, "_STEPSIZE=1E39\r\n", {"line 1", "step", "range"});
   ExpectFailure(ReadUxd, "_RANGE_WL=-1E39\r\n", {"line 1", "wavelength", "range"});
   ExpectFailure(ReadUxd, end_of_header + "1 1\r\n1E39 1\r\n", {"line 3", "X", "range"});
+  EXPECT_EQ(Buffer().PermXMax, 1);
 }
 
 }  // namespace
