@@ -1,6 +1,9 @@
 #include "app/workbench.h"
 
+#include <utility>
+
 #include "display/display_window.h"
+#include "files/file_choice.h"
 #include "files/format_window.h"
 #include "files/load_pipeline.h"
 #include "files/peak_list_window.h"
@@ -38,15 +41,15 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
   }
 
   void OpenProfilePicker() override {
-    const auto chosen = [this](Form& picker, const std::vector<int>&) {
-      context_.Data.ModeOut ? SaveChosenProfile(context_) : OpenChosenProfile(context_, picker);
-    };
-    const auto given_up = [this] {
-      context_.Data.ModeOut = context_.Data.ModeAnal = context_.Data.ModeFit = false;
-    };
-    context_.Desk
-        .Load<BufferPicker>(context_, pickers::Profile, PickerActions{.Chosen = chosen, .GivenUp = given_up})
-        ->Show();
+    Workspace& data = context_.Data;
+    PickerActions actions;
+    if (data.ModeOut) {
+      actions.Chosen = [this](Form&, const std::vector<int>&) { SaveChosenProfile(context_); };
+    } else {
+      actions.Chosen = [this](Form& picker, const std::vector<int>&) { OpenChosenProfile(context_, picker); };
+    }
+    actions.GivenUp = [&data] { data.ModeOut = data.ModeAnal = data.ModeFit = false; };
+    context_.Desk.Load<BufferPicker>(context_, pickers::Profile, std::move(actions))->Show();
   }
 
   std::optional<std::string> AskForFile(const FileDialogRequest& request) override {
@@ -58,6 +61,8 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
   bool ShowBuffer(int slot, bool for_display) override {
     return koprax::ShowBuffer(context_, slot, for_display);
   }
+
+  void GiveUpEarlierFile() override { koprax::GiveUpEarlierFile(context_); }
 
   void StartSave() override { StartSaveSequence(context_); }
 
@@ -73,6 +78,10 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
     const auto preview = std::dynamic_pointer_cast<Form4>(context_.Desk.Find("Form4"));
     if (preview && preview->ForCalibration()) {
       preview->CloseBox();
+    }
+    const auto format = std::dynamic_pointer_cast<Form7>(context_.Desk.Find("Form7"));
+    if (format && format->ForSaving()) {
+      format->CloseBox();
     }
   }
 

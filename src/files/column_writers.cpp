@@ -4,16 +4,32 @@
 
 #include "files/profile_writers.h"
 #include "files/profile_writing.h"
+#include "files/tokeniser.h"
 #include "workspace/bragg.h"
 
 namespace koprax {
 
 namespace {
 
+constexpr float LeastX = 0.0001F;  ///< a reader takes a smaller one for the end of the data
+
 void AddListedIntensities(const ProfileBuffer& buffer, Lines& lines) {
   for (int i = 1; i <= buffer.PermNpts; ++i) {
     lines.push_back(Listed(buffer.PermY[static_cast<std::size_t>(i)]));
   }
+}
+
+/// A title without a word that is no number, which readers take for data if it has so many numbers.
+bool TitleLooksLikeData(const ProfileBuffer& buffer, int least_numbers, int most_numbers) {
+  LineWords words;
+  SplitLine(buffer.Title, words);
+  return words.NText == 0 && words.NNum >= least_numbers && words.NNum <= most_numbers;
+}
+
+Message TitleTakenForData(const Workspace& workspace) {
+  return NotReadBack(workspace,
+                     "without a word that is no number its title is taken for data.\r\n"
+                     "Give the profile another title and save it again.");
 }
 
 bool WantsTwoTheta(const ProfileBuffer& buffer, const AskForText& ask) {
@@ -42,12 +58,15 @@ std::optional<Message> SaveOneColumn(Workspace& workspace) {
   Lines lines{buffer.Title, " " + Rounded(buffer.PermXMin, 4) + " " + Rounded(buffer.XStep, 5) + " " +
                                 Rounded(buffer.Wavelength, 6)};
   AddListedIntensities(buffer, lines);
-  return WriteProfile(workspace, buffer, lines);
+  if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
+  if (TitleLooksLikeData(buffer, 0, MaxWords)) return TitleTakenForData(workspace);
+  return std::nullopt;
 }
 
 std::optional<Message> SaveTwoColumns(Workspace& workspace, const AskForText& ask) {
   const ProfileBuffer& buffer = workspace.Current();
   const bool convert = WantsTwoTheta(buffer, ask);
+  bool ends_early = false;
   Lines lines{buffer.Title, " " + GeneralText(buffer.Wavelength) + " "};
   for (std::size_t i = 1; i <= static_cast<std::size_t>(buffer.PermNpts); ++i) {
     const float channel = buffer.PermX[i];
@@ -55,10 +74,16 @@ std::optional<Message> SaveTwoColumns(Workspace& workspace, const AskForText& as
     if (!std::isfinite(x)) {
       return NotWritten(workspace, "the calibration gives no 2-theta for channel " + GeneralText(channel));
     }
+    ends_early = ends_early || (i >= 3 && x < LeastX);
     const std::string x_text = convert ? Rounded(x, 5) : GeneralText(x);
     lines.push_back(" " + x_text + "   " + Rounded(buffer.PermY[i], 2));
   }
-  return WriteProfile(workspace, buffer, lines);
+  if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
+  if (ends_early) {
+    return NotReadBack(workspace, "an X below 0.0001 ends the data, from the third point on.");
+  }
+  if (TitleLooksLikeData(buffer, 1, 2)) return TitleTakenForData(workspace);
+  return std::nullopt;
 }
 
 }  // namespace koprax

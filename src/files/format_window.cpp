@@ -23,16 +23,25 @@ void Form7::ArrangeControls() {
                                      Option7, Command7})}));
 }
 
-void Form7::OnLoad() { Option7.Enabled = !context_.Data.ModeOut; }
+void Form7::OnLoad() {
+  for_saving_ = context_.Data.ModeOut;
+  Option7.Enabled = !for_saving_;
+}
 
 void Form7::OnCloseBox() {
   Unload();
-  context_.Data.ModeOut = false;
+  if (for_saving_) {
+    context_.Data.ModeOut = false;
+  }
 }
 
 void Form7::ChooseFormat(std::int16_t input_format, OptionButton& option) {
   context_.Data.InputFormat = input_format;
-  context_.Data.ModeOut ? Save(option) : ChooseBuffer();
+  if (for_saving_) {
+    Save(option);
+  } else {
+    ChooseBuffer();
+  }
 }
 
 void Form7::ChooseBuffer() {

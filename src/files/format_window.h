@@ -12,7 +12,10 @@ namespace koprax {
 
 class Form7 final : public Form {
  public:
+  /// Whether it is for a save is settled at the load, by ModeOut.
   explicit Form7(const WindowContext& context);
+
+  [[nodiscard]] bool ForSaving() const { return for_saving_; }
 
  private:
   void OnLoad() override;
@@ -24,6 +27,7 @@ class Form7 final : public Form {
   void EndSave();
 
   WindowContext context_;
+  bool for_saving_ = false;
 
   Label Label1{*this, "Label1", {.Caption = "Format specifications"}};
   OptionButton Option1{*this, "Option1", {.Caption = "ITAL STRUCTURES     *.dat file    (One column) "}};

@@ -22,15 +22,16 @@ constexpr std::size_t NumbersPerLine = 8;
 constexpr std::size_t Channels = 4096;
 constexpr std::size_t ChannelFieldWidth = 9;
 
-/// Adds eight intensities a line, in fields without anything between them. Returns how many of them fill
-/// their field: they run into the number before, or have lost their end.
+/// Adds eight intensities a line, in fields without anything between them. Returns how many of them don't
+/// read back: they have lost their end, or fill their field and run into the number before.
 int AddChannels(const ProfileBuffer& buffer, Lines& lines) {
   int too_long = 0;
   for (std::size_t i = 1; i <= Channels; ++i) {
-    if (i % NumbersPerLine == 1) lines.emplace_back();
+    const bool first_on_line = i % NumbersPerLine == 1;
+    if (first_on_line) lines.emplace_back();
     const std::string text = Rounded(buffer.PermY[i], 1);
     lines.back() += FixedField(RightAlignText(text, ChannelFieldWidth), ChannelFieldWidth);
-    if (text.size() >= ChannelFieldWidth) ++too_long;
+    if (text.size() > ChannelFieldWidth || (text.size() == ChannelFieldWidth && !first_on_line)) ++too_long;
   }
   return too_long;
 }
@@ -127,12 +128,9 @@ std::optional<Message> SaveAdf(Workspace& workspace) {
   const int too_long = AddChannels(buffer, lines);
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
   if (too_long == 0) return std::nullopt;
-  return Message{.Text = "The file " + workspace.FileName + " has fields of 9 characters, and " +
-                         std::to_string(too_long) +
-                         " of its intensities fill them or were cut: they can't be read back from it.\r\n"
-                         "Save the profile in two columns to keep them.",
-                 .Title = "Warning",
-                 .Icon = MessageIcon::Exclamation};
+  return NotReadBack(workspace, std::to_string(too_long) +
+                                    " of its intensities don't fit into fields of 9 characters.\r\n"
+                                    "Save the profile in two columns to keep them.");
 }
 
 std::optional<Message> SaveUdf(Workspace& workspace) {

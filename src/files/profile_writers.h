@@ -16,7 +16,7 @@ using AskForText = std::function<std::string(const InputRequest&)>;
 
 /// Each writes the permanent copy of CurBuf to the file FileName, with the title and the header lines of its
 /// format, and changes nothing in the buffer but where it is said. What comes back is to be told to the user:
-/// why nothing was written, and the old file is as it was; or what can't be read back from the new one.
+/// why nothing was written, and the old file is as it was; or what of the new one doesn't read back.
 [[nodiscard]] std::optional<Message> SaveItalDat(Workspace& workspace);
 [[nodiscard]] std::optional<Message> SaveOneColumn(Workspace& workspace);
 /// Asks of a profile in channels whether they are to be changed into 2-theta, by CalPar as it stands.

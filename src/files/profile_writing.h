@@ -19,6 +19,9 @@ using Lines = std::vector<std::string>;
 /// What the user is told when FileName was not even begun.
 [[nodiscard]] Message NotWritten(const Workspace& workspace, const std::string& reason);
 
+/// What the user is told when FileName was written as the format wants it, but reads back as another profile.
+[[nodiscard]] Message NotReadBack(const Workspace& workspace, const std::string& reason_and_advice);
+
 /// A number rounded to n decimals, as its shortest text.
 [[nodiscard]] inline std::string Rounded(float value, int decimals) {
   return GeneralText(RoundDecimals(value, decimals));

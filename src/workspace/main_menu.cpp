@@ -13,6 +13,7 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
 
   cmdInp.OnClick = [this] { context_.Files.StartLoad(); };
   cmdOut.OnClick = [this] {
+    context_.Files.GiveUpEarlierFile();
     context_.Data.ModeOut = true;
     context_.Main.OpenProfilePicker();
   };

@@ -43,13 +43,15 @@ class FileServices {
   /// Reads a file into the buffer if one is due, takes a fresh temporary copy and opens the window of the
   /// pending mode on it. False when no profile came of it; the user has been told of a failed reading.
   virtual bool ShowBuffer(int slot, bool for_display) = 0;
+  /// Gives up a load or a save that still waits for an answer: its windows go, and its flags end.
+  virtual void GiveUpEarlierFile() = 0;
   /// Asks under which name CurBuf is to be saved, and then for the format. The mode of saving, which was
   /// set before, ends with the save or when it is given up.
   virtual void StartSave() = 0;
   /// Closes a window in which a title is being typed; the title stays as it was.
   virtual void GiveUpTitle() = 0;
   /// Closes all windows that wait for an answer about CurBuf, as by their close boxes: a title that is being
-  /// typed, the preview of a calibration file or of a peak list.
+  /// typed, the preview of a calibration file or of a peak list, the format of a save.
   virtual void GiveUpAnswers() = 0;
 };
 

@@ -80,6 +80,10 @@ TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
   // The next load is a load.
   Session.Play(WorkbenchSession::LoadCommands(path, 3, 'a'));
   EXPECT_EQ(Session.Value("buffer a")["PermX"], (Json{1.0, 2.0, 3.0}));
+  // The main menu comes to the front from behind another window.
+  Start(Session.Folder() + "/again.xy");
+  Session.Play("move Form6.Picture1 50 50\n");
+  EXPECT_EQ(Session.Events("click Form7.Option3\n").back(), FrontEvent("Form1"));
 }
 
 TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
@@ -121,6 +125,40 @@ TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
   EXPECT_EQ(events[1], UnloadedEvent("Form10"));
   EXPECT_EQ(ModeOut(), 0);
   EXPECT_EQ(Contents(path), "");
+}
+
+TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
+  const std::string there = Session.File("there.xy", "1 2\r\n2 3\r\n");
+  const std::string other = Session.File("other.xy", "5 6\r\n7 8\r\n");
+  Session.Play(WorkbenchSession::LoadCommands(other, 3, 'c'));
+  const auto load_to = [&](const std::string& window) {
+    Session.Play("file " + Json(there).dump() + "\nclick Form1.cmdInp\n");
+    if (window == "Form7") Session.Play("click Form4.cmdOK\n");
+    EXPECT_EQ(Shown()[0], window);
+  };
+  const auto unused = [&](const std::string& window) {
+    EXPECT_EQ(Session.Value("get " + window)["Loaded"], false) << window;
+    EXPECT_EQ(Contents(there), "1 2\r\n2 3\r\n");
+  };
+  for (const char* window : {"Form4", "Form7"}) {  // a save that is started while a load waits
+    load_to(window);
+    Session.Play("click Form1.cmdOut\n");
+    unused(window);
+    Session.Play("close Form10\n");
+  }
+  Start(Session.Folder() + "/new.xy");
+  Session.Play("click Form1.cmdOut\n");  // a second save
+  unused("Form7");
+  Session.Play("close Form10\n");
+  EXPECT_EQ(ModeOut(), 0);
+
+  for (const std::string pick : {"click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n",
+                                 "answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"}) {
+    Start(there, "answer yes\n");
+    Session.Play(pick);  // the buffer is not the one any more whose file may be overwritten
+    unused("Form7");
+    EXPECT_EQ(ModeOut(), 0);
+  }
 }
 
 TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {

@@ -113,6 +113,7 @@ class SilentServices : public MainServices, public FileServices, public DisplayS
   std::optional<std::string> AskForFile(const FileDialogRequest& /*request*/) override { return {}; }
   void StartLoad() override {}
   bool ShowBuffer(int /*slot*/, bool /*for_display*/) override { return false; }
+  void GiveUpEarlierFile() override {}
   void StartSave() override {}
   void GiveUpTitle() override { ++TitlesGivenUp; }
   void GiveUpAnswers() override { ++TitlesGivenUp; }

@@ -238,6 +238,14 @@ TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
   EXPECT_EQ(FilesInFolder(), 1U);
 }
 
+TEST_F(TextFileTest, AnotherProcessMayHaveLeftATemporaryFile) {
+  const std::string left = ".koprax-" + std::to_string(::getpid()) + "-0.tmp";
+  Put(left, "half a file");
+  EXPECT_FALSE(WriteTextFile(Path("file"), {"whole"}, TextEncoding::Utf8));
+  EXPECT_EQ(BytesOf(Path("file")), "whole\r\n");
+  EXPECT_EQ(BytesOf(Path(left)), "half a file");
+}
+
 /// A process that saves two texts in turn, again and again, until it is killed.
 pid_t StartSaving(const std::string& path, const std::string& one, const std::string& other) {
   const pid_t child = ::fork();
@@ -248,8 +256,8 @@ pid_t StartSaving(const std::string& path, const std::string& one, const std::st
 }
 
 TEST_F(TextFileTest, AKilledProcessLeavesTheOldFileOrTheNewOne) {
-  const std::string one(200000, '1');
-  const std::string other(200000, '2');
+  const std::string one(1000000, '1');
+  const std::string other(1000000, '2');
   const std::string path = Put("file", one + "\r\n");
   constexpr int kills = 40;
   int between_write_and_rename = 0;
