@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/column_formats.h"
 #include "files/profile_writers.h"
 #include "files/read_outcome.h"
 #include "files/save_rules.h"
@@ -44,13 +46,6 @@ struct ProfileFormat {
 inline bool IsShortNumber(float value) {
   return static_cast<float>(LeadingNumber(GeneralText(value))) == value;
 }
-/// The words of a saved title, which may be taken for the data of a format whose title may be missing.
-inline LineWords TitleWords(const ProfileBuffer& buffer) {
-  LineWords words;
-  SplitLine(buffer.Title, words);
-  return words;
-}
-
 class ProfileLaw {
  public:
   explicit ProfileLaw(const ProfileFormat& format) : format_(format) {
@@ -61,6 +56,7 @@ class ProfileLaw {
     input_.Write(bytes);
     if (!Load(1, input_) || LacksPoints(1) || format_.ComesBack == nullptr) return;
     ShowAsLoaded(1);
+    CheckSavedAsColumns(HasLoneReturn(bytes));
     if (WhyNotSaved(data_.Buffer(1), format_.InputFormat)) return;
     // A file that told what it can't hold was told to the user; it need not come back.
     if (!Save(1, first_) || !format_.ComesBack(data_.Buffer(1))) return;
@@ -153,6 +149,28 @@ class ProfileLaw {
     return !problem;
   }
 
+  /// In each column format that the profile may have, it can be read again with as many points.
+  void CheckSavedAsColumns(bool lone_return) {
+    // Where no profile lies X may leave 32 bits on its way along the step.
+    const ProfileBuffer& buffer = data_.Buffer(1);
+    const bool far = std::abs(buffer.PermXMax) > 1e30F || std::abs(buffer.XStep) > 1e30F;
+    if (lone_return || far || !std::isfinite(buffer.PermXMin)) return;
+    using Reader = ReadOutcome (*)(Workspace&, int, const TellUser&);
+    constexpr std::array<Reader, 4> readers{nullptr, ReadItalDat, ReadOneColumn, ReadTwoColumns};
+    for (std::int16_t format = 1; format <= 3; ++format) {
+      if (format == format_.InputFormat || WhyNotSaved(buffer, format)) continue;
+      data_.InputFormat = format;
+      const bool whole = Save(1, first_);
+      data_.InputFormat = format_.InputFormat;
+      if (!whole) continue;
+      data_.Buffer(2) = old_profile_;
+      const ReadOutcome outcome =
+          readers.at(static_cast<std::size_t>(format))(data_, 2, [](const Message&) {});
+      Require(!outcome.Failed, "a file in format " + std::to_string(format) + " can be read");
+      Require(data_.Buffer(2).PermNpts == buffer.PermNpts, "all points come back from another format");
+    }
+  }
+
   /// The saved file is read and saved again, twice.
   void CheckSavedFile() {
     Require(Load(2, first_), "the saved file can be read");
@@ -176,8 +194,8 @@ class ProfileLaw {
     for (std::size_t i = 1; i <= static_cast<std::size_t>(saved.PermNpts); ++i) {
       const double x_error = std::abs(static_cast<double>(read.PermX[i]) - saved.PermX[i]);
       const double y_error = std::abs(static_cast<double>(read.PermY[i]) - saved.PermY[i]);
-      Require(x_error <= format_.XRounding(saved, i), "X comes back at point " + std::to_string(i));
-      Require(y_error <= format_.YRounding(saved.PermY[i]), "Y comes back at point " + std::to_string(i));
+      Require(x_error <= format_.XRounding(saved, i), "X of each point comes back");
+      Require(y_error <= format_.YRounding(saved.PermY[i]), "Y of each point comes back");
     }
     Require(!format_.SavesTitle || read.Title == saved.Title, "the title comes back");
   }

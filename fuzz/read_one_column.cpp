@@ -5,11 +5,8 @@
 namespace koprax {
 namespace {
 
-/// A title without a text word is read as the header; near the end of 32 bits the rounded step may lead
-/// beyond it.
-bool ComesBack(const ProfileBuffer& buffer) {
-  return TitleWords(buffer).NText > 0 && std::abs(buffer.PermXMax) < 3.4e38F;
-}
+/// Near the end of 32 bits the rounded step may lead beyond it.
+bool ComesBack(const ProfileBuffer& buffer) { return std::abs(buffer.PermXMax) < 3.4e38F; }
 
 double XRounding(const ProfileBuffer& buffer, std::size_t i) {
   const auto steps = static_cast<double>(i - 1);

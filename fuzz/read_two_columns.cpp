@@ -5,17 +5,11 @@
 namespace koprax {
 namespace {
 
-/// A title of one or two numbers is read as wavelength or first point.
-bool ComesBack(const ProfileBuffer& buffer) {
-  const LineWords words = TitleWords(buffer);
-  return words.NText > 0 || words.NNum < 1 || words.NNum > 2;
-}
-
 double XRounding(const ProfileBuffer& buffer, std::size_t i) { return DigitsLost(buffer.PermX[i]); }
 
 constexpr ProfileFormat Format{.InputFormat = 3,
                                .Read = ReadTwoColumns,
-                               .ComesBack = ComesBack,
+                               .ComesBack = [](const ProfileBuffer&) { return true; },
                                .XRounding = XRounding,
                                .YRounding = [](double y) { return DecimalsLost(y, 2); },
                                .SavesExactly = [](const ProfileBuffer&) { return true; }};
