@@ -140,7 +140,12 @@ std::optional<Message> SaveUdf(Workspace& workspace) {
     return NotWritten(workspace, "the header of the profile has no line \"RawScan\"");
   }
   if (buffer.PermNpts > 0) AddCounts(buffer, lines);
-  return WriteProfile(workspace, buffer, lines);
+  if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
+  if (buffer.PermNpts == 0 || buffer.WorkNpts == buffer.PermNpts) return std::nullopt;
+  return NotReadBack(workspace, "it has " + std::to_string(buffer.WorkNpts) + " of the " +
+                                    std::to_string(buffer.PermNpts) +
+                                    " points, as many as the profile had when it was last shown.\r\n"
+                                    "Display the profile, and save it again without a zoom.");
 }
 
 std::optional<Message> SaveUxd(Workspace& workspace) {

@@ -225,8 +225,9 @@ reflections each, which start at columns 1, 24 and 47:
 3 columns    k
 3 columns    l
 
-Columns 70-71 hold the running number of the line, from 1. The list ends at
-a line with another number. A card has at most 500 reflections.
+Columns 70-71 hold the running number of the line, from 1; behind 99 it goes
+on from 00. The list ends at a line with another number. A card has at most
+500 reflections.
 
 You are asked for the wavelength, and 2-theta of each reflection is
 calculated from its d. At the first d that is too small for that wavelength

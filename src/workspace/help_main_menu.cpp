@@ -13,15 +13,17 @@ constexpr std::string_view Load =
    is your choice, not the name of the file. The "?" beside each format tells
    how such a file is laid out.
 4) Choose one of the six buffers, a to f. The profile is read into it and
-   shown in the window "Display and Work".
+   shown in the window "Display and Work". A Powder Diffraction File card is
+   read after you have given a wavelength; it is no curve and is not shown
+   there.
 
 A buffer that holds a profile already is overwritten without a question. Its
 list of selected peaks stays: erase the buffer first if you don't want it.
 
 Limits: a profile has at most 8000 points; a longer one is refused, and the
-buffer is then empty. A line counts up to its 80th character and holds at
-most 24 words. Words are separated by blanks or commas, not by tabs. The
-decimal separator is the period.
+buffer is then empty. A line of numbers counts up to its 79th character and
+holds at most 24 words. Words are separated by blanks or commas, not by tabs.
+The decimal separator is the period.
 
 If the file doesn't tell the wavelength, the program asks for it when the
 profile is shown.
@@ -37,7 +39,8 @@ constexpr std::string_view SaveDisk =
 
 What is written is the profile as it stands in the buffer. Changes made in a
 window by zoom, edit or arithmetic are written only after the command "Save"
-of that window.
+of that window. There is one exception: a PHILIPS file gets as many points as
+the window shows.
 
 Not every profile can be saved in every format:
 - ITAL STRUCTURES: not with a variable step, and not CPS-120 data.

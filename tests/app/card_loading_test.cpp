@@ -31,6 +31,14 @@ class CardLoading : public testing::Test {
   std::string path_;
 };
 
+TEST(CardWindows, TakesTheWindowOfTheCurveAway) {
+  WorkbenchSession session;
+  session.Play(WorkbenchSession::LoadCommands(session.File("a.xy", "A\r\n1.5\r\n10 1\r\n11 9\r\n"), 3, 'a'));
+  session.Play("modal close Form33\n" +
+               WorkbenchSession::LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'a'));
+  EXPECT_EQ(session.Value("forms"), Json{"Form1"});
+}
+
 TEST_F(CardLoading, AsksForTheWavelengthAndOpensNoWindow) {
   const Json chosen = Load("modal click Form33.cmdComboOK\n");
   EXPECT_THAT(chosen["events"],

@@ -20,7 +20,7 @@ std::string ReflectionLine(const std::array<std::string, 3>& spacings, int numbe
   std::string line;
   for (const std::string& d : spacings) {
     std::array<char, 32> field{};
-    const char* pattern = d.empty() ? "%20s   " : "%7.7s 10#  1 -2  3   ";
+    const char* pattern = d.empty() ? "%20s   " : "%7.7s 107  1 -2  377 ";  // 7 where nothing is read
     std::snprintf(field.data(), field.size(), pattern, d.c_str());
     line += field.data();
   }
@@ -29,7 +29,7 @@ std::string ReflectionLine(const std::array<std::string, 3>& spacings, int numbe
 }
 
 std::string Header() {
-  return "   4.9134   4.9134   5.4052   90.00   90.00  120.00 rest\r\nI\r\n  P3221   rest\r\n\r\n" +
+  return "   4.9134   4.9134   5.4052   90.00   90.00  120.00 rest\r\nI\r\n P 32 2 1 rest\r\n\r\n" +
          std::string(79, ' ') + "F\r\n\"Quartz\"\r\n" + ReflectionLine({"1", "1", "1"}, 1) +
          std::string(79, ' ') + "F\r\nnot yet\r\n";
 }
@@ -67,7 +67,7 @@ TEST_F(CardFormat, ReflectionsStandWhereBraggsLawPutsThem) {
        true);
   EXPECT_EQ(Buffer().FormatCode, 7);
   EXPECT_EQ(Title(), " Quartz");
-  EXPECT_EQ(Buffer().CardSpaceGroup, "P3221");
+  EXPECT_EQ(Buffer().CardSpaceGroup, "P 32 2 1");
   EXPECT_EQ(Buffer().CardCell, (std::array<float, 7>{0, 4.9134F, 4.9134F, 5.4052F, 90, 90, 120}));
   EXPECT_EQ(Buffer().Wavelength, 1.54184F);
   EXPECT_EQ(Buffer().XStep, 0);
@@ -80,6 +80,9 @@ TEST_F(CardFormat, ReflectionsStandWhereBraggsLawPutsThem) {
     // 2 tan(theta) 2^-24 rad, 5E-5 degrees for the last of these, at 162.5; the others by 1E-5 each.
     EXPECT_NEAR(Buffer().PermX[i], Bragg(Buffer().CardD[i], Buffer().Wavelength), 1e-4) << i;
   }
+  // The same steps, each rounded to 32 bits by another program; rounded only once they end on other floats.
+  EXPECT_EQ((std::vector<float>{X(2), X(4), X(5)}),
+            (std::vector<float>{26.6737766F, 39.4890137F, 60.001709F}));
   EXPECT_EQ(Buffer().FileXMin, X(1));
   EXPECT_EQ(Buffer().FileXMax, X(7));
   EXPECT_EQ(Buffer().PermYMin, 0);  // of the blank ones
@@ -114,6 +117,27 @@ TEST_F(CardFormat, WhatTheWavelengthCannotReachIsLeftOut) {
   EXPECT_EQ(Told, warning);
   EXPECT_EQ(Buffer().PermNpts, 0);
   EXPECT_EQ(Buffer().FileXMax, X(0));
+  EXPECT_EQ(Buffer().FileXMin, X(1));  // of the reading before
+  Read(
+      [&](Workspace& data, int slot, const TellUser&) {
+        const auto icon = [](const Message& message) {
+          EXPECT_EQ(message.Title, "Warning");
+          EXPECT_EQ(message.Icon, MessageIcon::None);
+        };
+        return ReadAid(data, slot, icon, [] { return 4.1F; });
+      },
+      card);
+}
+
+TEST_F(CardFormat, IntensitiesBeyondTheStartOfTheLimitsAreNone) {
+  std::string line = ReflectionLine({"2", "2", "2"}, 1);
+  for (const std::size_t at : {7U, 30U, 53U}) line.replace(at, 3, "2E4");
+  Load(At(1), Header() + line, true);
+  EXPECT_EQ(Buffer().PermYMin, 10000);
+  EXPECT_EQ(Buffer().PermYMax, 20000);
+  for (const std::size_t at : {7U, 30U, 53U}) line.replace(at, 3, "-9E");
+  Load(At(1), Header() + line, true);
+  EXPECT_EQ(Buffer().PermYMax, -9);
 }
 
 TEST_F(CardFormat, TakesNoMoreThan500Reflections) {

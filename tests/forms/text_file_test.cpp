@@ -239,11 +239,10 @@ TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
 }
 
 TEST_F(TextFileTest, AnotherProcessMayHaveLeftATemporaryFile) {
-  const std::string left = ".koprax-" + std::to_string(::getpid()) + "-0.tmp";
-  Put(left, "half a file");
+  const std::string left = Put(".koprax-" + std::to_string(::getpid()) + "-0.tmp", "half a file");
   EXPECT_FALSE(WriteTextFile(Path("file"), {"whole"}, TextEncoding::Utf8));
   EXPECT_EQ(BytesOf(Path("file")), "whole\r\n");
-  EXPECT_EQ(BytesOf(Path(left)), "half a file");
+  EXPECT_EQ(BytesOf(left), "half a file");
 }
 
 /// A process that saves two texts in turn, again and again, until it is killed.

@@ -1,12 +1,14 @@
 #include "workspace/help_topics.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "files/channel_format.h"
 #include "files/column_formats.h"
 #include "files/philips_format.h"
 #include "files/siemens_format.h"
@@ -25,15 +27,15 @@ std::vector<HelpTopic> AllTopics() {
 
 std::string ExampleFile(HelpTopic topic) {
   const std::string text = HelpText(topic);
-  const std::string heading = "Example file:\r\n";
-  const std::size_t start = text.find(heading);
-  return start == std::string::npos ? "" : text.substr(start + heading.size());
+  const std::size_t heading = text.find("Example file");
+  return heading == std::string::npos ? "" : text.substr(text.find("\r\n", heading) + 2);
 }
 
 /// Reads the example of a topic as a user would: from a file, into buffer a.
 Workspace LoadExample(HelpTopic topic, ReadOutcome (*reader)(Workspace&, int, const TellUser&)) {
-  const auto path = std::filesystem::path(testing::TempDir()) /
-                    ("help_example_" + std::to_string(static_cast<int>(topic)) + ".txt");
+  const auto path =
+      std::filesystem::path(testing::TempDir()) /
+      ("help_example_" + std::to_string(static_cast<int>(topic)) + "_" + std::to_string(::getpid()));
   std::ofstream(path, std::ios::binary) << ExampleFile(topic);
   Workspace workspace;
   workspace.FileName = path.string();
@@ -119,6 +121,8 @@ TEST(HelpTopics, ExampleFilesLoad) {
   ExpectSiliconLine(two_columns.Buffer(1), 28.54F);
   EXPECT_EQ(two_columns.Buffer(1).XStep, 0) << "the example shows a variable step";
 
+  const Workspace channels = LoadExample(HelpTopic::HelpFormatCps, ReadAdf);
+  EXPECT_EQ(channels.Buffer(1).PermNpts, 16);
   const Workspace philips = LoadExample(HelpTopic::HelpFormatPhilips, ReadUdf);
   EXPECT_EQ(philips.Buffer(1).PermNpts, 9);
   EXPECT_EQ(philips.Buffer(1).PermX[9], philips.Buffer(1).PermXMax);
