@@ -24,6 +24,11 @@ namespace {
 
 constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
 
+/// A buffer may have been emptied, or have become a card, since its curve was shown.
+bool HoldsCurve(const ProfileBuffer& buffer) {
+  return buffer.PermNpts > 0 && buffer.FormatCode != static_cast<std::int16_t>(FormatCodes::Card);
+}
+
 }  // namespace
 
 Form6::Form6(const WindowContext& context)
@@ -229,6 +234,14 @@ void Form6::AcceptWavelength() {
 }
 
 void Form6::SaveProfile() {
+  if (!HoldsCurve(Buffer())) {
+    Desk().Host().MsgBox({.Text = "Buffer " + Buffer().BufLetter +
+                                  " holds no profile any more, so nothing can be saved to it.\r\n"
+                                  "Display a profile first.",
+                          .Title = "Error",
+                          .Icon = MessageIcon::Stop});
+    return;
+  }
   EnterMode(DisplayMode::Saved);
   CommitTemporaryCopy(Buffer());
   Buffer().Title = FixedField(RightTrimmed(Buffer().Title) + " Modified by KOPRAX", TitleWidth);

@@ -32,6 +32,19 @@ Message TitleTakenForData(const Workspace& workspace) {
                      "Give the profile another title and save it again.");
 }
 
+/// What the user is told when X as a reader makes it, from the first point and the step, misses the last
+/// point by more than half a step: a step that is none, or that was known to 3 decimals only.
+std::optional<Message> StepMissesLastPoint(const Workspace& workspace, const ProfileBuffer& buffer) {
+  if (buffer.PermNpts < 2) return std::nullopt;
+  const double step = buffer.XStep;
+  const auto last = static_cast<float>(buffer.PermXMin + (buffer.PermNpts - 1) * step);
+  if (std::abs(static_cast<double>(last) - buffer.PermXMax) <= std::abs(step) / 2) return std::nullopt;
+  return NotReadBack(workspace,
+                     "the step " + GeneralText(buffer.XStep) + " leads to " + GeneralText(last) +
+                         " at the last point, which lies at " + GeneralText(buffer.PermXMax) +
+                         ".\r\nSave the profile in two columns to keep its points in their places.");
+}
+
 bool WantsTwoTheta(const ProfileBuffer& buffer, const AskForText& ask) {
   if (buffer.FormatCode != static_cast<std::int16_t>(FormatCodes::CpsChannels)) return false;
   const std::string answer =
@@ -50,7 +63,8 @@ std::optional<Message> SaveItalDat(Workspace& workspace) {
   AddListedIntensities(buffer, lines);
   lines.push_back(Listed(buffer.PermYMax, buffer.PermYMin));
   lines.push_back(Listed(buffer.Wavelength));
-  return WriteProfile(workspace, buffer, lines);
+  if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
+  return StepMissesLastPoint(workspace, buffer);
 }
 
 std::optional<Message> SaveOneColumn(Workspace& workspace) {
@@ -60,7 +74,7 @@ std::optional<Message> SaveOneColumn(Workspace& workspace) {
   AddListedIntensities(buffer, lines);
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
   if (TitleLooksLikeData(buffer, 0, MaxWords)) return TitleTakenForData(workspace);
-  return std::nullopt;
+  return StepMissesLastPoint(workspace, buffer);
 }
 
 std::optional<Message> SaveTwoColumns(Workspace& workspace, const AskForText& ask) {

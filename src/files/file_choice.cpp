@@ -23,7 +23,7 @@ void GiveUpEarlierFile(const WindowContext& context) {
 
 std::optional<std::string> ChooseFile(const WindowContext& context, const FileDialogRequest& request) {
   auto path = context.Main.AskForFile(request);
-  if (path && !path->empty()) {
+  if (path) {  // FileName is another one now, be it empty
     GiveUpEarlierFile(context);
   }
   return path;

@@ -10,8 +10,8 @@
 namespace koprax {
 
 /// Asks for a file by the shared dialog; the path goes to FileName. Nothing on cancel; the path may be empty.
-/// There is one file at a time: a load or a save that still waits for an answer about an earlier file, in its
-/// preview, format window or picker, is given up when a file has been named.
+/// There is one file at a time: a load, a save or a calibration that still waits for an answer about an
+/// earlier file, in its preview, format window or picker, is given up when a file has been named.
 [[nodiscard]] std::optional<std::string> ChooseFile(const WindowContext& context,
                                                     const FileDialogRequest& request);
 
@@ -23,7 +23,7 @@ namespace koprax {
 [[nodiscard]] std::optional<std::string> ChooseFileToWrite(const WindowContext& context,
                                                            FileDialogRequest request);
 
-/// The pending load or save of an earlier file is given up: its windows go, ModeOut and ReadingCal end.
+/// Gives up what waits for an answer about an earlier file: its windows go, ModeOut and ReadingCal end.
 void GiveUpEarlierFile(const WindowContext& context);
 
 }  // namespace koprax

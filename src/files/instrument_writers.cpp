@@ -160,7 +160,10 @@ std::optional<Message> SaveUxd(Workspace& workspace) {
   }
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
   buffer.UxdHeader = header;
-  return std::nullopt;
+  const bool title_is_remark =
+      !buffer.Title.starts_with("_SAMPLE=") && std::ranges::find(header, buffer.Title) != header.end();
+  if (!title_is_remark) return std::nullopt;
+  return NotReadBack(workspace, "a title that doesn't start with _SAMPLE= is a remark in this format.");
 }
 
 }  // namespace koprax

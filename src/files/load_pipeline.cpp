@@ -95,8 +95,6 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   TakeXLimits(buffer);
   TakeTemporaryCopy(buffer);
   if (IsCard(buffer)) {
-    // Its commands would go on with a curve that isn't there any more.
-    context.Desk.Unload("Form6");
     return true;
   }
   return context.Display.OpenDisplayWindow(slot);

@@ -43,7 +43,8 @@ class FileServices {
   /// Reads a file into the buffer if one is due, takes a fresh temporary copy and opens the window of the
   /// pending mode on it. False when no profile came of it; the user has been told of a failed reading.
   virtual bool ShowBuffer(int slot, bool for_display) = 0;
-  /// Gives up a load or a save that still waits for an answer: its windows go, and its flags end.
+  /// Gives up what still waits for an answer about an earlier file: a load, a save, the preview of a
+  /// calibration. Its windows go, and its flags end.
   virtual void GiveUpEarlierFile() = 0;
   /// Asks under which name CurBuf is to be saved, and then for the format. The mode of saving, which was
   /// set before, ends with the save or when it is given up.

@@ -31,12 +31,20 @@ class CardLoading : public testing::Test {
   std::string path_;
 };
 
-TEST(CardWindows, TakesTheWindowOfTheCurveAway) {
+TEST(CardWindows, IsNotChangedByTheWindowOfACurve) {
   WorkbenchSession session;
   session.Play(WorkbenchSession::LoadCommands(session.File("a.xy", "A\r\n1.5\r\n10 1\r\n11 9\r\n"), 3, 'a'));
   session.Play("modal close Form33\n" +
                WorkbenchSession::LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'a'));
-  EXPECT_EQ(session.Value("forms"), Json{"Form1"});
+  const Json card = session.Value("buffer a");
+  const Json told = session.Events("click Form6.cmdSave\n").back();  // the window of the curve that was there
+  EXPECT_EQ(told["text"],
+            "Buffer a holds no profile any more, so nothing can be saved to it.\r\n"
+            "Display a profile first.");
+  EXPECT_EQ(session.Value("buffer a"), card);
+  session.Play("answer yes\nclick Form1.cmdDelBuff\nclick Form17.optA\nclick Form6.cmdSave\n");
+  EXPECT_EQ(session.Value("get Form3")["Loaded"], false);
+  EXPECT_EQ(session.Value("state Title(a)"), std::string(80, ' '));
 }
 
 TEST_F(CardLoading, AsksForTheWavelengthAndOpensNoWindow) {

@@ -152,6 +152,24 @@ TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
   Session.Play("close Form10\n");
   EXPECT_EQ(ModeOut(), 0);
 
+  Session.Data().Buffer(2).NPeaks = 1;
+  Session.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\nclick Form6.cmdManExpl\n");
+  const std::string list = Session.Folder() + "/list.pks";
+  Start(Session.Folder() + "/new.xy");
+  Session.Play("file " + Json(list).dump() + "\nclick Form6.cmdSavePeaks\n");
+  unused("Form7");  // which would write the profile over the list now
+  Session.Data().Buffer(2).Wavelength = 0;
+  Session.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
+  Start(Session.Folder() + "/new.xy");
+  Session.Play("file " + Json(list).dump() + "\nclick Form6.cmdComboOK\n");
+  unused("Form7");
+  EXPECT_EQ(ModeOut(), 0);
+  Session.Play("close Form4\n");
+  load_to("Form7");
+  Session.Play("answer no\nclick Form1.cmdDelBuff\nclick Form17.optC\n");
+  EXPECT_EQ(Session.Value("get Form7")["Loaded"], true);  // a load may wait for any buffer
+  Session.Play("close Form7\n");
+
   for (const std::string pick : {"click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n",
                                  "answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"}) {
     Start(there, "answer yes\n");

@@ -173,8 +173,9 @@ TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
     std::ranges::copy(xs, Buffer().PermX.begin() + 1);
     const auto one = SaveOneColumn(Data);
     const auto two = SaveTwoColumns(Data, Ask);
-    return std::pair((one ? one->Text : "").find("title") + 1 != 0, two ? two->Text : "");
+    return std::pair(one && one->Text.find("title") != std::string::npos, two ? two->Text : "");
   };
+  Buffer().XStep = 1;
   const std::string title = "taken for data";
   const std::string end = "ends the data";
   EXPECT_EQ(told("Quartz 1", {-1, 0, 1}), std::pair(false, std::string()));
@@ -183,6 +184,23 @@ TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
   EXPECT_NE(told("300", {1, 2, 3}).second.find(title), std::string::npos);
   EXPECT_NE(told("300 2", {1, 2, 3}).second.find(title), std::string::npos);
   EXPECT_NE(told("Quartz", {-2, -1, 0}).second.find(end), std::string::npos);
+
+  SetIntensities(std::vector<float>(101, 1));  // from 5.014365 to 6.685465
+  for (const auto& [step, last] : std::vector<std::pair<float, std::string>>{
+           {0.016711F, ""}, {0.01675F, ""}, {0.017F, "6.714365"}, {0, "5.014365"}}) {
+    Buffer().XStep = step;
+    for (const auto& problem : {SaveItalDat(Data), SaveOneColumn(Data)}) {
+      EXPECT_EQ(problem.has_value(), step == 0.017F || step == 0) << step;
+      EXPECT_NE((problem ? problem->Text : "leads to " + last).find("leads to " + last), std::string::npos);
+    }
+  }
+
+  Buffer().UxdHeader[1] = "_SAMPLE='Quartz'";
+  Buffer().UxdHeader[2] = "_2THETACOUNTS";
+  Buffer().UxdHeaderLines = 2;
+  EXPECT_TRUE(SaveUxd(Data));  // the title has no key
+  Buffer().UxdHeader[1] = "; remark";
+  EXPECT_FALSE(SaveUxd(Data));
 }
 
 TEST_F(ProfileWriters, PhilipsCountsKeepAllTheirDigitsAndReadBack) {
