@@ -19,8 +19,10 @@ void AddListedIntensities(const ProfileBuffer& buffer, Lines& lines) {
   }
 }
 
-/// A title without a word that is no number, which readers take for data if it has so many numbers.
+/// A title without a word that is no number, which readers take for data if it has so many numbers. An empty
+/// buffer has nothing to lose by it.
 bool TitleLooksLikeData(const ProfileBuffer& buffer, int least_numbers, int most_numbers) {
+  if (buffer.PermNpts == 0) return false;
   LineWords words;
   SplitLine(buffer.Title, words);
   return words.NText == 0 && words.NNum >= least_numbers && words.NNum <= most_numbers;

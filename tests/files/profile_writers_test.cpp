@@ -185,7 +185,11 @@ TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
   EXPECT_NE(told("300 2", {1, 2, 3}).second.find(title), std::string::npos);
   EXPECT_NE(told("Quartz", {-2, -1, 0}).second.find(end), std::string::npos);
 
+  Buffer().Title = Data.BlankTitle;
+  Buffer().PermNpts = 0;
+  EXPECT_FALSE(SaveOneColumn(Data));           // nothing is lost of an empty buffer
   SetIntensities(std::vector<float>(101, 1));  // from 5.014365 to 6.685465
+  Buffer().Title = FixedField("Quartz", TitleWidth);
   for (const auto& [step, last] : std::vector<std::pair<float, std::string>>{
            {0.016711F, ""}, {0.01675F, ""}, {0.017F, "6.714365"}, {0, "5.014365"}}) {
     Buffer().XStep = step;
