@@ -19,8 +19,8 @@ namespace koprax {
 inline constexpr int MaxCoefficients = 7;
 using CalibrationTable = std::array<double, MaxCoefficients + 1>;  ///< CalPar, numbered from 1
 
-/// Whether a calibration has been read for the buffer: its constant coefficient tells, which no detector has
-/// at or below 0.
+/// Whether a calibration counts as read for the buffer: its constant coefficient must be above 0, or it is
+/// asked for again.
 [[nodiscard]] inline bool HasCalibration(const ProfileBuffer& buffer) {
   constexpr double least_constant = 0.0001;
   return buffer.CalPar[1] >= least_constant;

@@ -155,7 +155,7 @@ class StepTest {
 const LineWords* RecordBehindTitle(ProfileReading& reading) {
   const LineWords& words = reading.Records.NextRecord();
   if (words.NText == 0 && (words.NNum == 1 || words.NNum == 2)) {
-    TakeTitle(reading.Buffer, " file without title ", TextEncoding::Utf8);
+    TakeTitle(reading.Buffer, NoTitle, TextEncoding::Utf8);
     return &words;
   }
   TakeTitle(reading.Buffer, reading.Records.Record(), reading.Encoding);

@@ -34,15 +34,15 @@ Message TitleTakenForData(const Workspace& workspace) {
                      "Give the profile another title and save it again.");
 }
 
-/// What the user is told when X as a reader makes it, from the first point and the step, misses the last
-/// point by more than half a step: a step that is none, or that was known to 3 decimals only.
-std::optional<Message> StepMissesLastPoint(const Workspace& workspace, const ProfileBuffer& buffer) {
+/// What the user is told when X as a reader makes it, from the first point and the step in the file, misses
+/// the last point by more than half a step: a step that is none, or that has lost decimals.
+std::optional<Message> StepMissesLastPoint(const Workspace& workspace, float first, float step) {
+  const ProfileBuffer& buffer = workspace.Buffer(workspace.CurBuf);
   if (buffer.PermNpts < 2) return std::nullopt;
-  const double step = buffer.XStep;
-  const auto last = static_cast<float>(buffer.PermXMin + (buffer.PermNpts - 1) * step);
+  const auto last = static_cast<float>(first + (buffer.PermNpts - 1) * static_cast<double>(step));
   if (std::abs(static_cast<double>(last) - buffer.PermXMax) <= std::abs(step) / 2) return std::nullopt;
   return NotReadBack(workspace,
-                     "the step " + GeneralText(buffer.XStep) + " leads to " + GeneralText(last) +
+                     "the step " + GeneralText(step) + " leads to " + GeneralText(last) +
                          " at the last point, which lies at " + GeneralText(buffer.PermXMax) +
                          ".\r\nSave the profile in two columns to keep its points in their places.");
 }
@@ -66,17 +66,19 @@ std::optional<Message> SaveItalDat(Workspace& workspace) {
   lines.push_back(Listed(buffer.PermYMax, buffer.PermYMin));
   lines.push_back(Listed(buffer.Wavelength));
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
-  return StepMissesLastPoint(workspace, buffer);
+  return StepMissesLastPoint(workspace, buffer.PermXMin, buffer.XStep);
 }
 
 std::optional<Message> SaveOneColumn(Workspace& workspace) {
   const ProfileBuffer& buffer = workspace.Current();
-  Lines lines{buffer.Title, " " + Rounded(buffer.PermXMin, 4) + " " + Rounded(buffer.XStep, 5) + " " +
-                                Rounded(buffer.Wavelength, 6)};
+  const float first = RoundDecimals(buffer.PermXMin, 4);
+  const float step = RoundDecimals(buffer.XStep, 5);
+  Lines lines{buffer.Title,
+              " " + GeneralText(first) + " " + GeneralText(step) + " " + Rounded(buffer.Wavelength, 6)};
   AddListedIntensities(buffer, lines);
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
   if (TitleLooksLikeData(buffer, 0, MaxWords)) return TitleTakenForData(workspace);
-  return StepMissesLastPoint(workspace, buffer);
+  return StepMissesLastPoint(workspace, first, step);
 }
 
 std::optional<Message> SaveTwoColumns(Workspace& workspace, const AskForText& ask) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "files/profile_title.h"
 #include "files/profile_writers.h"
 #include "files/profile_writing.h"
 #include "files/tokeniser.h"
@@ -119,6 +120,15 @@ bool AddUxdHeader(const ProfileBuffer& buffer, UxdHeaderTable& header, Lines& li
   return false;
 }
 
+/// The title as a reader finds it.
+std::string TitleOf(const UxdHeaderTable& header, int count) {
+  std::string title = FixedField(NoTitle, TitleWidth);
+  for (std::size_t i = 1; i <= static_cast<std::size_t>(count); ++i) {
+    if (header[i].starts_with("_SAMPLE=")) title = FixedField(header[i], TitleWidth);
+  }
+  return title;
+}
+
 }  // namespace
 
 std::optional<Message> SaveAdf(Workspace& workspace) {
@@ -160,10 +170,12 @@ std::optional<Message> SaveUxd(Workspace& workspace) {
   }
   if (auto problem = WriteProfile(workspace, buffer, lines)) return problem;
   buffer.UxdHeader = header;
-  const bool title_is_remark =
-      !buffer.Title.starts_with("_SAMPLE=") && std::ranges::find(header, buffer.Title) != header.end();
-  if (!title_is_remark) return std::nullopt;
-  return NotReadBack(workspace, "a title that doesn't start with _SAMPLE= is a remark in this format.");
+  const std::string title = TitleOf(header, buffer.UxdHeaderLines);
+  if (buffer.PermNpts == 0 || title == buffer.Title) return std::nullopt;
+  return NotReadBack(workspace,
+                     "its title will be \"" + RightTrimmed(title) +
+                         "\".\r\nThe format has a title only where the loaded file had one, and it "
+                         "must start with _SAMPLE= at each saving.");
 }
 
 }  // namespace koprax

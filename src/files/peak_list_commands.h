@@ -14,7 +14,8 @@ void SavePeakListSorted(const WindowContext& context);
 void SavePeakListAsHeld(const WindowContext& context);
 
 /// Asks whether and from which file the missing list is to be read, and shows the file. Once the user accepts
-/// it the list is in CurBuf and `draw_peaks` runs; a preview that is given up runs `given_up`. Both are
+/// it the list is in CurBuf and `draw_peaks` runs; a preview that is given up runs `given_up`,
+/// unless a new start has taken its place. Both are
 /// called when the caller may be gone, which has to see to that (Form::WhileLoaded). True if the preview has
 /// opened: it isn't modal. Without it nothing more will come, and a window that waits for the list has to go.
 /// A file that can't be read is told.

@@ -28,7 +28,7 @@ inline constexpr PeakListWindowKind Cell{"Form28", "Input file (Form28)", 200, P
                                          TakePeaksForCell};
 }  // namespace peak_list_windows
 
-/// What follows when the window has closed.
+/// What follows when the user has closed the window; both have to be there.
 struct PeakListActions {
   std::function<void()> Taken;    ///< the peaks are in the buffer
   std::function<void()> GivenUp;  ///< by the cancel or the close box

@@ -8,6 +8,9 @@
 
 namespace koprax {
 
+/// The title of a profile whose file has none.
+inline constexpr std::string_view NoTitle = " file without title ";
+
 /// Sets the title of a buffer to 80 characters of a text, cut or padded. The encoding of the file is kept
 /// with it, so that the title can be written back as it was read.
 void SetTitle(ProfileBuffer& buffer, std::string_view text, TextEncoding encoding);

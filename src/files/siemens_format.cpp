@@ -41,7 +41,7 @@ Failure TakeKeyedLine(ProfileReading& reading, std::string_view line) {
 /// Reads up to the line "_2THETAC..." and keeps every line.
 Failure ReadHeader(ProfileReading& reading) {
   ProfileBuffer& buffer = reading.Buffer;
-  SetTitle(buffer, " file without title ", reading.Encoding);
+  SetTitle(buffer, NoTitle, reading.Encoding);
   buffer.XStep = 0;
   buffer.UxdHeader.fill(" ");
   buffer.UxdHeaderLines = 0;

@@ -9,6 +9,12 @@ namespace {
 /// The bytes of a character behind its first one.
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
+/// The text behind so many blanks, in a field of `width` characters or of as many more as it takes.
+std::string Indented(std::string_view text, std::size_t blanks, std::size_t width) {
+  const std::string moved = RightTrimmed(std::string(blanks, ' ').append(text));
+  return FixedField(moved, std::max(width, CharacterCount(moved)));
+}
+
 }  // namespace
 
 std::size_t CharacterCount(std::string_view text) {
@@ -36,8 +42,7 @@ std::string FixedField(std::string_view text, std::size_t width) {
 
 std::string RightAlignText(std::string_view text, std::size_t width) {
   const std::size_t used = CharacterCount(RightTrimmed(FirstCharacters(text, width)));
-  const std::size_t length = std::max(width, CharacterCount(text));
-  return FixedField(std::string(width - used, ' ').append(text), length);
+  return Indented(text, std::min(width - used, width - 1), width);
 }
 
 std::string AlignDecimal(std::string_view text, std::size_t width, std::size_t decimals) {
@@ -45,8 +50,7 @@ std::string AlignDecimal(std::string_view text, std::size_t width, std::size_t d
   const std::size_t period = text.find('.');
   const std::string_view before = text.substr(0, period == std::string_view::npos ? text.find(' ') : period);
   const std::size_t column = CharacterCount(before) + 1;
-  const std::size_t length = std::max(width, CharacterCount(text));
-  return FixedField(std::string(column < target ? target - column : 0, ' ').append(text), length);
+  return Indented(text, column < target ? target - column : 0, width);
 }
 
 std::string RightTrimmed(std::string_view text) {

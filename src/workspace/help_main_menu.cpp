@@ -48,7 +48,8 @@ Not every profile can be saved in every format:
 - Two columns: every profile. For CPS-120 data you may have the channels
   changed into 2-theta; read a calibration file first.
 - CPS-120: only data loaded in this format, with all 4096 channels.
-- PHILIPS: only data loaded in this format. Intensities are rounded to counts.
+- PHILIPS: only data loaded in this format. Intensities are rounded to counts,
+  and the title stays that of the loaded file.
 - SIEMENS/BRUKER: only data loaded in this format.
 A Powder Diffraction File card cannot be saved.
 )TEXT";

@@ -187,11 +187,13 @@ TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
 
   Buffer().Title = Data.BlankTitle;
   Buffer().PermNpts = 0;
-  EXPECT_FALSE(SaveOneColumn(Data));           // nothing is lost of an empty buffer
+  EXPECT_FALSE(SaveOneColumn(Data));  // nothing is lost of an empty buffer
+}
+
+TEST_F(ProfileWriters, AStepThatMissesTheLastPointIsTold) {
   SetIntensities(std::vector<float>(101, 1));  // from 5.014365 to 6.685465
-  Buffer().Title = FixedField("Quartz", TitleWidth);
   for (const auto& [step, last] : std::vector<std::pair<float, std::string>>{
-           {0.016711F, ""}, {0.01675F, ""}, {0.017F, "6.714365"}, {0, "5.014365"}}) {
+           {0.016711F, ""}, {0.01675F, ""}, {0.017F, "6.714"}, {0, "5.014"}}) {
     Buffer().XStep = step;
     for (const auto& problem : {SaveItalDat(Data), SaveOneColumn(Data)}) {
       EXPECT_EQ(problem.has_value(), step == 0.017F || step == 0) << step;
@@ -199,12 +201,28 @@ TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
     }
   }
 
+  Buffer().XStep = 0.016666668F;  // 0.01667 in one column
+  SetIntensities(std::vector<float>(8000, 1));
+  Buffer().PermXMax = static_cast<float>(5.014365 + 7999 * 0.016666668);
+  EXPECT_FALSE(SaveItalDat(Data));
+  EXPECT_TRUE(SaveOneColumn(Data));
+}
+
+TEST_F(ProfileWriters, ATitleThatASiemensFileLosesIsTold) {
   Buffer().UxdHeader[1] = "_SAMPLE='Quartz'";
   Buffer().UxdHeader[2] = "_2THETACOUNTS";
   Buffer().UxdHeaderLines = 2;
-  EXPECT_TRUE(SaveUxd(Data));  // the title has no key
-  Buffer().UxdHeader[1] = "; remark";
-  EXPECT_FALSE(SaveUxd(Data));
+  const auto uxd_title = [&](const char* title) {
+    Buffer().Title = FixedField(title, TitleWidth);
+    const auto told = SaveUxd(Data);
+    return told ? told->Text.substr(told->Text.find("its title will")).substr(0, 39) : "";
+  };
+  EXPECT_EQ(uxd_title("_SAMPLE='Silicon'"), "");
+  EXPECT_EQ(uxd_title("Silicon"), "its title will be \" file without title\"");
+  EXPECT_EQ(uxd_title("_SAMPLE='Silicon'"), "its title will be \" file without title\"");  // the key is gone
+  EXPECT_EQ(uxd_title(" file without title "), "");
+  Buffer().PermNpts = 0;
+  EXPECT_EQ(uxd_title(""), "");
 }
 
 TEST_F(ProfileWriters, PhilipsCountsKeepAllTheirDigitsAndReadBack) {
