@@ -55,6 +55,8 @@ class ProfileLaw {
   void Check(std::string_view bytes) {
     input_.Write(bytes);
     if (!Load(1, input_) || LacksPoints(1) || format_.ComesBack == nullptr) return;
+    // Without points nothing can get lost, so nothing is told: a title of numbers may come back as a point.
+    if (data_.Buffer(1).PermNpts == 0) return;
     ShowAsLoaded(1);
     CheckSavedAsColumns(HasLoneReturn(bytes));
     if (WhyNotSaved(data_.Buffer(1), format_.InputFormat)) return;
@@ -134,7 +136,6 @@ class ProfileLaw {
   /// What showing a buffer does after its loading.
   void ShowAsLoaded(int slot) {
     ProfileBuffer& buffer = data_.Buffer(slot);
-    if (buffer.PermNpts == 0) buffer.PermX[1] = 0;
     buffer.PermXMin = buffer.PermX[1];
     buffer.PermXMax = buffer.PermX[static_cast<std::size_t>(buffer.PermNpts)];
     TakeTemporaryCopy(buffer);
