@@ -25,9 +25,7 @@ namespace {
 constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
 
 /// A buffer may have been emptied, or have become a card, since its curve was shown.
-bool HoldsCurve(const ProfileBuffer& buffer) {
-  return buffer.PermNpts > 0 && buffer.FormatCode != static_cast<std::int16_t>(FormatCodes::Card);
-}
+bool HoldsCurve(const ProfileBuffer& buffer) { return buffer.PermNpts > 0 && !buffer.IsCard(); }
 
 }  // namespace
 

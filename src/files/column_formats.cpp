@@ -164,11 +164,10 @@ const LineWords* RecordBehindTitle(ProfileReading& reading) {
 
 /// Stores the record at hand as point n. Sets `at_end` instead where the data end before it.
 Failure TakePoint(ProfileReading& reading, const LineWords& words, int n, StepTest& steps, bool& at_end) {
-  constexpr float least_x = 0.0001F;
   ProfileBuffer& buffer = reading.Buffer;
   const float x = words.Number(1);
   const float y = words.Number(2);
-  at_end = n >= 3 && x < least_x;
+  at_end = n >= 3 && x < LeastXOfData;
   if (at_end) return std::nullopt;
   if (n > MaxPoints) return LimitFailure(buffer);
   if (auto failure = SetPoint(reading, n, x, y)) return failure;

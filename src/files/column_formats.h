@@ -7,6 +7,9 @@
 
 namespace koprax {
 
+/// From the third point on a smaller X ends the data of a two-column file.
+inline constexpr float LeastXOfData = 0.0001F;
+
 /// Each reads the file named by Workspace::FileName into the permanent copy of a slot from 1 to 6, and
 /// leaves the words of the last record in the workspace's tables. `tell` hears of records with too many
 /// words. A file that can't be opened or is empty touches nothing but FormatCode; any later failure

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "files/column_formats.h"
 #include "files/profile_writers.h"
 #include "files/profile_writing.h"
 #include "files/tokeniser.h"
@@ -10,8 +11,6 @@
 namespace koprax {
 
 namespace {
-
-constexpr float LeastX = 0.0001F;  ///< a reader takes a smaller one for the end of the data
 
 void AddListedIntensities(const ProfileBuffer& buffer, Lines& lines) {
   for (int i = 1; i <= buffer.PermNpts; ++i) {
@@ -36,8 +35,8 @@ Message TitleTakenForData(const Workspace& workspace) {
 
 /// What the user is told when X as a reader makes it, from the first point and the step in the file, misses
 /// the last point by more than half a step: a step that is none, or that has lost decimals.
-std::optional<Message> StepMissesLastPoint(const Workspace& workspace, float first, float step) {
-  const ProfileBuffer& buffer = workspace.Buffer(workspace.CurBuf);
+std::optional<Message> StepMissesLastPoint(Workspace& workspace, float first, float step) {
+  const ProfileBuffer& buffer = workspace.Current();
   if (buffer.PermNpts < 2) return std::nullopt;
   const auto last = static_cast<float>(first + (buffer.PermNpts - 1) * static_cast<double>(step));
   if (std::abs(static_cast<double>(last) - buffer.PermXMax) <= std::abs(step) / 2) return std::nullopt;
@@ -48,7 +47,7 @@ std::optional<Message> StepMissesLastPoint(const Workspace& workspace, float fir
 }
 
 bool WantsTwoTheta(const ProfileBuffer& buffer, const AskForText& ask) {
-  if (buffer.FormatCode != static_cast<std::int16_t>(FormatCodes::CpsChannels)) return false;
+  if (!buffer.InChannels()) return false;
   const std::string answer =
       ask({.Prompt = "File type \"CPS-120 (4096 channels)\" will be saved in TWO COLUMNS format.\r\n"
                      "Channels are to be changed into 2-theta units? (Y/N)",
@@ -92,7 +91,7 @@ std::optional<Message> SaveTwoColumns(Workspace& workspace, const AskForText& as
     if (!std::isfinite(x)) {
       return NotWritten(workspace, "the calibration gives no 2-theta for channel " + GeneralText(channel));
     }
-    ends_early = ends_early || (i >= 3 && x < LeastX);
+    ends_early = ends_early || (i >= 3 && x < LeastXOfData);
     const std::string x_text = convert ? Rounded(x, 5) : GeneralText(x);
     lines.push_back(" " + x_text + "   " + Rounded(buffer.PermY[i], 2));
   }

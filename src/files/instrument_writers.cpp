@@ -81,7 +81,7 @@ bool AddUdfHeader(const ProfileBuffer& buffer, Lines& lines) {
   for (std::size_t i = 1; i < buffer.UdfHeader.size(); ++i) {
     const std::string& line = buffer.UdfHeader[i];
     SplitLine(line, words);
-    const std::string key(words.NText > 0 ? words.Texts[1] : std::string_view());
+    const std::string key(words.Text(1));
     if (key == "DataAngleRange") {
       lines.push_back(key + HeaderValue(buffer.PermXMin) + HeaderValue(buffer.PermXMax) + ",/");
     } else if (key == "ScanStepSize") {

@@ -70,11 +70,6 @@ void TakeXLimits(ProfileBuffer& buffer) {
   buffer.PermXMin = buffer.PermX[1];
 }
 
-/// A card is no curve: nothing of it is drawn.
-bool IsCard(const ProfileBuffer& buffer) {
-  return buffer.FormatCode == static_cast<std::int16_t>(FormatCodes::Card);
-}
-
 }  // namespace
 
 void StartLoadSequence(const WindowContext& context) {
@@ -94,8 +89,8 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   ProfileBuffer& buffer = context.Data.Buffer(slot);
   TakeXLimits(buffer);
   TakeTemporaryCopy(buffer);
-  if (IsCard(buffer)) {
-    return true;
+  if (buffer.IsCard()) {
+    return true;  // it is no curve: nothing of it is drawn
   }
   return context.Display.OpenDisplayWindow(slot);
 }

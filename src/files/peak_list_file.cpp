@@ -19,12 +19,8 @@ using PeakTexts = std::array<std::string, MaxPeaks + 1>;
 
 constexpr float LargestTheta2 = 180;  // degrees; a list with a greater position is one of channels
 
-bool InChannels(const ProfileBuffer& buffer) {
-  return buffer.FormatCode == static_cast<std::int16_t>(FormatCodes::CpsChannels);
-}
-
 const PeakTexts& Positions(const ProfileBuffer& buffer) {
-  return InChannels(buffer) ? buffer.PeakChannel : buffer.PeakTheta;
+  return buffer.InChannels() ? buffer.PeakChannel : buffer.PeakTheta;
 }
 
 float ValueOf(const std::string& text) { return static_cast<float>(LeadingNumber(text)); }
@@ -55,7 +51,7 @@ std::vector<std::string> SortedPeakLines(const ProfileBuffer& buffer) {
   for (const std::size_t i : SortedPeaks(buffer)) {
     std::string line = " " + Rounded(Positions(buffer)[i], 3) + "  " + Rounded(buffer.PeakY[i], 1) + "  " +
                        Rounded(buffer.PeakD[i], 4);
-    if (InChannels(buffer)) line += "  " + Rounded(buffer.PeakTheta[i], 3);
+    if (buffer.InChannels()) line += "  " + Rounded(buffer.PeakTheta[i], 3);
     lines.push_back(line);
   }
   return lines;
@@ -65,7 +61,7 @@ std::vector<std::string> HeldPeakLines(const ProfileBuffer& buffer) {
   std::vector<std::string> lines;
   for (std::size_t i = 1; i <= static_cast<std::size_t>(buffer.NPeaks); ++i) {
     std::string line = " " + Positions(buffer)[i] + "   " + buffer.PeakY[i] + "   " + buffer.PeakD[i];
-    if (InChannels(buffer)) line += "    " + buffer.PeakTheta[i];
+    if (buffer.InChannels()) line += "    " + buffer.PeakTheta[i];
     lines.push_back(line);
   }
   return lines;

@@ -29,7 +29,7 @@ void OpenChosenProfile(const WindowContext& context, Form& picker) {
 }
 
 void SaveChosenProfile(const WindowContext& context) {
-  if (context.Data.Current().FormatCode != static_cast<std::int16_t>(FormatCodes::Card)) {
+  if (!context.Data.Current().IsCard()) {
     context.Files.StartSave();
     return;
   }

@@ -8,9 +8,9 @@
 
 namespace koprax {
 
-/// Makes a slot from 1 to 6, or 0 for none, the one at work. A title that is still being typed, or a list or
-/// calibration that is still being previewed, belongs to the buffer of before, so that is given up first if
-/// the slot is another one.
+/// Makes a slot from 1 to 6, or 0 for none, the one at work. A title that is still being typed, a list or
+/// calibration that is still being previewed, and a save that waits for its format belong to the buffer of
+/// before, so they are given up first if the slot is another one.
 void MakeCurrent(const WindowContext& context, int slot);
 
 /// Loads or opens CurBuf in the window of the pending mode, then clears the modes. `picker` shows the

@@ -97,6 +97,11 @@ struct ProfileBuffer {
   float BufColor = 0;          ///< colour in a plot of several profiles
   std::int16_t SelList = 0;    ///< the buffer shown at this place of a plot of several profiles
 
+  /// Whether X counts channels of a detector. Only the code tells, not the step.
+  [[nodiscard]] bool InChannels() const {
+    return FormatCode == static_cast<std::int16_t>(FormatCodes::CpsChannels);
+  }
+  [[nodiscard]] bool IsCard() const { return FormatCode == static_cast<std::int16_t>(FormatCodes::Card); }
   [[nodiscard]] bool Empty() const { return Title.find_first_not_of(' ') == std::string::npos; }
 };
 
