@@ -59,6 +59,14 @@ Json OperationJson(const TextOperation& text) {
           {"size", JsonNumber(text.Size)}};
 }
 
+Json OperationJson(const ImageOperation& image) {
+  return {{"op", "image"},
+          {"x", JsonNumber(image.X)},
+          {"y", JsonNumber(image.Y)},
+          {"width", JsonNumber(image.Width)},
+          {"height", JsonNumber(image.Height)}};
+}
+
 /// The entries 1 to count of a table, as many of them as it has.
 template <class Table>
 Json CountedEntries(const Table& table, int count) {

@@ -19,9 +19,12 @@
 namespace koprax {
 
 /// Answers what the windows ask of the whole.
-class Workbench::Windows final : public MainServices, public FileServices, public DisplayServices {
+class Workbench::Windows final : public MainServices,
+                                 public FileServices,
+                                 public DisplayServices,
+                                 public CardServices {
  public:
-  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this} {}
+  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this} {}
 
   void Start() {
     file_dialog_ = context_.Desk.Load<Form9>(context_.Desk, context_.Data);
@@ -90,6 +93,10 @@ class Workbench::Windows final : public MainServices, public FileServices, publi
     window->Show();
     return window->ShowProfile(slot);
   }
+
+  void ShowSeveralProfiles() override {}
+
+  void OpenCardWindow() override {}
 
  private:
   void CloseByBox(const char* name) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "display/plot_axes.h"
 #include "display/profile_plot.h"
 #include "files/calibration_commands.h"
 #include "files/calibration_file.h"
@@ -125,9 +126,14 @@ bool Form6::ShowProfile(int slot) {
   if (!drawn) {
     return false;
   }
-  PrintAxisLabels(slot);
+  const ProfileBuffer& buffer = context_.Data.Buffer(slot);
+  PrintAxisLabels({.Channels = buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep,
+                   .ThetaSize = 10,
+                   .ChannelX = 103,
+                   .ChannelY = 10},
+                  Picture1);
   FillBoxes(slot);
-  if (context_.Data.Buffer(slot).Wavelength == 0) {
+  if (buffer.Wavelength == 0) {
     EnterPrompt();
   }
   return true;
@@ -136,22 +142,6 @@ bool Form6::ShowProfile(int slot) {
 void Form6::RedrawProfile() {
   Picture1.Cls();
   ShowProfile(context_.Data.CurBuf);
-}
-
-void Form6::PrintAxisLabels(int slot) {
-  const ProfileBuffer& buffer = context_.Data.Buffer(slot);
-  Picture1.MoveTo(103, 10);
-  if (buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep) {
-    Picture1.Print("Channel");
-  } else {
-    Picture1.FontName = SymbolFont;
-    Picture1.FontSize = 10;
-    Picture1.Print("2q");
-    Picture1.FontName = DefaultFont;
-    Picture1.FontSize = 8;
-  }
-  Picture1.MoveTo(6, 94);
-  Picture1.Print("Intensity\r\n        (counts)");
 }
 
 void Form6::FillBoxes(int slot) {

@@ -37,7 +37,6 @@ class Form6 final : public Form {
 
   void EnterMode(DisplayMode mode);
   void RedrawProfile();
-  void PrintAxisLabels(int slot);
   void FillBoxes(int slot);
   void ShowWavelength();
   void EnterPrompt();

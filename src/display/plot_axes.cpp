@@ -1,6 +1,7 @@
 #include "display/plot_axes.h"
 
 #include <cmath>
+#include <string>
 
 #include "display/plot_ticks.h"
 #include "forms/number_text.h"
@@ -11,8 +12,6 @@ namespace {
 
 constexpr double FreeShareOfHeight = 0.05;  // of the plot, above the highest point
 
-bool ReachesBelowZero(const PlotLimits& limits) { return limits.YMin < 0; }
-
 float SpanX(const PlotLimits& limits) { return limits.XMax - limits.XMin; }
 
 /// Y = 0 sits on the X axis however high a profile begins, so only a negative YMin adds to the span.
@@ -21,28 +20,31 @@ float SpanY(const PlotLimits& limits) {
 }
 
 /// Fixes the transform as far as the limits allow; false when they span no Y.
-bool FixTransform(Workspace& data, const PlotLimits& limits) {
-  PlotTransform& plot = data.Plot;
-  data.Current().NegativeY = ReachesBelowZero(limits) ? 1 : 0;
-  plot.FrameLeft = 5;
-  plot.FrameBottom = 5;
-  plot.FrameRight = 120;
-  plot.FrameTop = 95;
-  plot.PlotLeft = plot.FrameLeft + 15;
-  plot.PlotBottom = plot.FrameBottom + 10;
-  plot.PlotRight = plot.FrameRight - 5;
-  plot.PlotTop = plot.FrameTop - 5;
+bool FixTransform(const PlotPlace& place, PlotTransform& plot, const PlotLimits& limits) {
+  plot.FrameLeft = place.FrameLeft;
+  plot.FrameBottom = place.FrameBottom;
+  plot.FrameRight = place.FrameRight;
+  plot.FrameTop = place.FrameTop;
+  plot.PlotLeft = place.PlotLeft;
+  plot.PlotBottom = place.PlotBottom;
+  plot.PlotRight = place.PlotRight;
+  plot.PlotTop = place.PlotTop;
+  plot.Upward = place.Upward;
   plot.ScaleX = (plot.PlotRight - plot.PlotLeft) / SpanX(limits);
-  const double height = plot.PlotTop - plot.PlotBottom;
+  const double height = plot.Upward * (plot.PlotTop - plot.PlotBottom);
   const auto scale_y = static_cast<float>((height - FreeShareOfHeight * height) / SpanY(limits));
   if (!std::isfinite(scale_y)) {  // a span of 0, or one so small that it counts as none
     return false;
   }
   plot.ScaleY = scale_y;
   if (ReachesBelowZero(limits)) {
-    plot.ZeroY = static_cast<float>(plot.PlotBottom - static_cast<double>(limits.YMin) * plot.ScaleY);
+    plot.ZeroY = PictureY(plot, -static_cast<double>(limits.YMin), plot.PlotBottom);
   }
   return true;
+}
+
+void NoteNegativeY(Workspace& data, const PlotLimits& limits) {
+  data.Current().NegativeY = ReachesBelowZero(limits) ? 1 : 0;
 }
 
 void DrawFrame(const PlotTransform& plot, Surface& picture) {
@@ -59,7 +61,7 @@ void DrawAxisLines(const PlotTransform& plot, Surface& picture) {
 
 void DrawZeroLine(const PlotTransform& plot, Surface& picture) {
   picture.Line(plot.PlotLeft, plot.ZeroY, plot.PlotRight, plot.ZeroY, colours::Red);
-  picture.MoveTo(plot.PlotLeft - 2, plot.ZeroY + 2);
+  picture.MoveTo(plot.PlotLeft - 2, plot.ZeroY + plot.Upward * 2);
   picture.ForeColor = colours::Red;
   picture.Print("0");
   picture.ForeColor = colours::Black;
@@ -75,14 +77,14 @@ void DrawTickX(const PlotTransform& plot, double x, double xmin, Surface& pictur
     offset = x >= 1000 ? 5 : x >= 100 ? 4 : 3;
     decimals = 0;
   }
-  picture.MoveTo(px - offset, plot.PlotBottom - 2);
+  picture.MoveTo(px - offset, plot.PlotBottom - plot.Upward * 2);
   picture.Print(FormatDigits(x, decimals));
 }
 
 void DrawTickY(const PlotTransform& plot, double y, bool negative, Surface& picture) {
   const float py = PictureY(plot, y, PlotBase(plot, negative));
   picture.Line(plot.PlotLeft - 1, py, plot.PlotLeft + 1, py);
-  picture.MoveTo(plot.PlotLeft - TickOffsetY(y, negative), py + 1);
+  picture.MoveTo(plot.PlotLeft - TickOffsetY(y, negative), py + plot.Upward);
   picture.Print(y);
 }
 
@@ -107,28 +109,52 @@ void DrawTicksY(const PlotTransform& plot, const PlotLimits& limits, Surface& pi
 
 }  // namespace
 
-void SetPlotScale(Workspace& data, const PlotLimits& limits) { FixTransform(data, limits); }
+void SetPlotScale(Workspace& data, const PlotLimits& limits) {
+  NoteNegativeY(data, limits);
+  FixTransform(ScreenPlace, data.Plot, limits);
+}
 
 bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& picture) {
-  const bool fixed = FixTransform(data, limits);
-  const PlotTransform& plot = data.Plot;
-  DrawFrame(plot, picture);
+  NoteNegativeY(data, limits);
+  return DrawFrameAt(ScreenPlace, data.Plot, limits, picture);
+}
+
+bool DrawFrameAt(const PlotPlace& place, PlotTransform& plot, const PlotLimits& limits, Surface& surface) {
+  const bool fixed = FixTransform(place, plot, limits);
+  DrawFrame(plot, surface);
   if (!fixed) {
     return false;
   }
-  DrawAxisLines(plot, picture);
+  DrawAxisLines(plot, surface);
   if (ReachesBelowZero(limits)) {
-    DrawZeroLine(plot, picture);
+    DrawZeroLine(plot, surface);
   }
-  DrawTicksX(plot, limits, picture);
-  DrawTicksY(plot, limits, picture);
+  DrawTicksX(plot, limits, surface);
+  DrawTicksY(plot, limits, surface);
   return true;
 }
 
-Message NoYSpan() {
+void PrintAxisLabels(const AxisLabels& labels, Surface& picture) {
+  if (labels.Channels) {
+    picture.MoveTo(labels.ChannelX, labels.ChannelY);
+    picture.Print("Channel");
+  } else {
+    picture.MoveTo(103, 10);
+    picture.FontName = SymbolFont;
+    picture.FontSize = labels.ThetaSize;
+    picture.Print("2q");
+    picture.FontName = DefaultFont;
+    picture.FontSize = 8;
+  }
+  picture.MoveTo(6, 94);
+  picture.Print("Intensity\r\n        (counts)");
+}
+
+Message NoYSpan(std::string_view return_word) {
   return {.Text =
               "For some reason the width of the window to be displayed is NULL. This leads to an error "
-              "'divide by 0'. Return to main menu.",
+              "'divide by 0'. " +
+              std::string(return_word) + " to main menu.",
           .Title = "Error",
           .Icon = MessageIcon::Stop};
 }

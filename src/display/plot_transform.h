@@ -35,7 +35,7 @@ struct PlotLimits {
   return static_cast<float>(plot.PlotLeft + plot.ScaleX * (x - xmin));
 }
 [[nodiscard]] inline float PictureY(const PlotTransform& plot, double y, double base) {
-  return static_cast<float>(base + plot.ScaleY * y);
+  return static_cast<float>(base + plot.Upward * plot.ScaleY * y);
 }
 
 /// Picture to data.
@@ -44,6 +44,11 @@ struct PlotLimits {
 }
 [[nodiscard]] inline double DataY(const PlotTransform& plot, double picture_y, double base) {
   return (picture_y - base) / plot.ScaleY;
+}
+
+/// Whether a picture y lies past the top of the plot; such points are not drawn.
+[[nodiscard]] inline bool IsAboveTop(const PlotTransform& plot, float picture_y) {
+  return plot.Upward * (picture_y - plot.PlotTop) > 0;
 }
 
 /// The nearest position within the plot area.

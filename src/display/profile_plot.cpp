@@ -1,10 +1,9 @@
 #include "display/profile_plot.h"
 
-#include <cstddef>
 #include <limits>
 
+#include "display/curve.h"
 #include "display/plot_axes.h"
-#include "display/plot_transform.h"
 #include "forms/number_text.h"
 
 namespace koprax {
@@ -12,21 +11,6 @@ namespace koprax {
 namespace {
 
 constexpr double LeastXRange = 0.00001;
-
-void DrawCurve(const PlotTransform& plot, const ProfileBuffer& buffer, Surface& picture) {
-  const auto within = [&](float x) { return !(x < buffer.WorkXMin || x > buffer.WorkXMax); };
-  const float base = PlotBase(plot, buffer.NegativeY == 1);
-  const auto count = static_cast<std::size_t>(buffer.WorkNpts);
-  for (std::size_t i = 2; i <= count; ++i) {
-    const float x1 = buffer.WorkX[i - 1];
-    const float x2 = buffer.WorkX[i];
-    const float py1 = PictureY(plot, buffer.WorkY[i - 1], base);
-    const float py2 = PictureY(plot, buffer.WorkY[i], base);
-    if (within(x1) && within(x2) && !(py1 > plot.PlotTop) && !(py2 > plot.PlotTop)) {
-      picture.Line(PictureX(plot, x1, buffer.WorkXMin), py1, PictureX(plot, x2, buffer.WorkXMin), py2);
-    }
-  }
-}
 
 }  // namespace
 
@@ -43,7 +27,9 @@ bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& te
   if (!DrawAxes(data, {data.PlotXMin, data.PlotXMax, data.PlotYMin, data.PlotYMax}, picture)) {
     tell(NoYSpan());
   }
-  DrawCurve(data.Plot, buffer, picture);
+  DrawCurve(data.Plot, {buffer.WorkX, buffer.WorkY, buffer.WorkNpts},
+            {buffer.WorkXMin, PlotBase(data.Plot, buffer.NegativeY == 1)}, {buffer.WorkXMin, buffer.WorkXMax},
+            colours::Black, picture);
   return true;
 }
 

@@ -2,6 +2,7 @@
 // the mouse to the right and always stands on the X axis. What is selected is left to the window.
 #pragma once
 
+#include "display/curve.h"
 #include "forms/control.h"
 #include "workspace/workspace.h"
 
@@ -16,10 +17,6 @@ void FollowMouse(const PlotTransform& plot, Shape& band, float x);
 
 /// The range of X that a band selects when it is released at picture x `release_x`. A band that starts
 /// within 0.004 of the Y axis selects from `xmin`, none selects beyond `xmax`.
-struct XRange {
-  float Low;
-  float High;
-};
 [[nodiscard]] XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, float xmin,
                                float xmax);
 

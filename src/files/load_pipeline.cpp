@@ -90,7 +90,8 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   TakeXLimits(buffer);
   TakeTemporaryCopy(buffer);
   if (buffer.IsCard()) {
-    return true;  // it is no curve: nothing of it is drawn
+    context.Cards.OpenCardWindow();
+    return true;
   }
   return context.Display.OpenDisplayWindow(slot);
 }

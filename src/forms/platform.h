@@ -6,10 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace koprax {
+#include "forms/runtime.h"
 
-class Form;
-class Printer;
+namespace koprax {
 
 class Platform {
  public:
@@ -24,6 +23,9 @@ class Platform {
                            std::string_view value) = 0;
   /// Writes the printer's document to a PDF file; the system's own words if that fails.
   virtual std::optional<std::string> PrintToFile(const Printer& printer, const std::string& path) = 0;
+  /// Saves what is drawn on the picture as a .bmp of its design size, and reads one back.
+  virtual std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) = 0;
+  [[nodiscard]] virtual LoadedImage LoadPicture(const std::string& path) = 0;
   /// Saves an image of the window as PNG; the system's own words if that fails.
   virtual std::optional<std::string> Snapshot(Form& form, const std::string& path) = 0;
 };

@@ -5,10 +5,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
+
+#include "forms/surface.h"
 
 namespace koprax {
 
 class Form;
+class PictureBox;
 class Printer;
 
 enum class MessageButtons { Ok = 0, YesNo = 4 };
@@ -38,6 +42,9 @@ struct FileDialogRequest {
   std::string Name{};   ///< the name that stands in the dialog at first
 };
 
+/// An image that was read from a file, or the system's own words if that failed.
+using LoadedImage = std::variant<PixelImage, std::string>;
+
 class Runtime {
  public:
   Runtime() = default;
@@ -55,6 +62,10 @@ class Runtime {
   virtual bool PrinterDialog(Printer& printer) = 0;
   /// Prints the finished document; the system's own words if that fails.
   virtual std::optional<std::string> PrintDocument(Printer& printer) = 0;
+  /// Saves what is drawn on the picture as a .bmp of the picture's design size, whatever its size on the
+  /// screen; the overlays are left out. The system's own words if that fails; the file is then as it was.
+  virtual std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) = 0;
+  [[nodiscard]] virtual LoadedImage LoadPicture(const std::string& path) = 0;
   /// Returns when the form, which has just been shown, is visible no more.
   virtual void RunModal(Form& form) = 0;
   /// The run ends: no further event is to be delivered.

@@ -166,6 +166,12 @@ std::optional<std::string> ScriptedRuntime::PrintDocument(Printer& printer) {
   return failure;
 }
 
+std::optional<std::string> ScriptedRuntime::SavePicture(const PictureBox& picture, const std::string& path) {
+  return platform_.SavePicture(picture, path);
+}
+
+LoadedImage ScriptedRuntime::LoadPicture(const std::string& path) { return platform_.LoadPicture(path); }
+
 void ScriptedRuntime::RunModal(Form& form) {
   while (form.Visible()) {
     const auto next = TakeNext(modal_actions_);

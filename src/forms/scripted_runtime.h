@@ -100,6 +100,8 @@ class ScriptedRuntime final : public Runtime {
   std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
   bool PrinterDialog(Printer& printer) override;
   std::optional<std::string> PrintDocument(Printer& printer) override;
+  std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) override;
+  [[nodiscard]] LoadedImage LoadPicture(const std::string& path) override;
   /// Does what was queued, in order, until the form is visible no more.
   void RunModal(Form& form) override;
   void Quit() override;

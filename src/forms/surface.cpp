@@ -1,5 +1,7 @@
 #include "forms/surface.h"
 
+#include <utility>
+
 #include "forms/number_text.h"
 
 namespace koprax {
@@ -25,6 +27,12 @@ void Surface::Line(double x1, double y1, double x2, double y2, Colour colour) {
 void Surface::PSet(double x, double y, Colour colour) {
   Add(PointOperation{static_cast<float>(x), static_cast<float>(y), colour});
   MoveTo(x, y);
+}
+
+void Surface::PaintPicture(std::shared_ptr<const PixelImage> image, double x, double y, double width,
+                           double height) {
+  Add(ImageOperation{static_cast<float>(x), static_cast<float>(y), static_cast<float>(width),
+                     static_cast<float>(height), std::move(image)});
 }
 
 void Surface::PrintLine(std::string_view line) {

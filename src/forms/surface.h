@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -49,7 +50,20 @@ struct TextOperation {
   float Size;
   bool operator==(const TextOperation&) const = default;
 };
-using DrawingOperation = std::variant<LineOperation, PointOperation, TextOperation>;
+/// An image of pixels, row by row from the top left.
+struct PixelImage {
+  int Width = 0;
+  int Height = 0;
+  std::vector<Colour> Pixels{};
+  bool operator==(const PixelImage&) const = default;
+};
+/// An image stretched over a rectangle whose top left corner is X, Y.
+struct ImageOperation {
+  float X, Y, Width, Height;
+  std::shared_ptr<const PixelImage> Pixels;
+  bool operator==(const ImageOperation&) const = default;
+};
+using DrawingOperation = std::variant<LineOperation, PointOperation, TextOperation, ImageOperation>;
 
 /// The user scale of a surface: the coordinates of its top left corner and its extent; a negative
 /// height means that y grows upward. UnitsPerPoint is the height of one point of font size in it.
@@ -73,6 +87,8 @@ class Surface {
   void Line(double x1, double y1, double x2, double y2) { Line(x1, y1, x2, y2, ForeColor); }
   void Line(double x1, double y1, double x2, double y2, Colour colour);
   void PSet(double x, double y, Colour colour);
+  /// The image, its top left corner at x, y, stretched to the size. It is never null.
+  void PaintPicture(std::shared_ptr<const PixelImage> image, double x, double y, double width, double height);
 
   /// Text at the text position, in the current font and foreground colour. The position goes on to the
   /// left margin of the next line, 1.2 font sizes below; a line break in the text does the same.

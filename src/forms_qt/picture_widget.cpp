@@ -40,10 +40,12 @@ PictureWidget::PictureWidget(PictureBox& picture, QWidget* parent)
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-QSize PictureWidget::sizeHint() const {
-  return {static_cast<int>(std::lround(picture_.DesignWidth * PixelsPerMillimetre)),
-          static_cast<int>(std::lround(picture_.DesignHeight * PixelsPerMillimetre))};
+QSize DesignPixels(const PictureBox& picture) {
+  return {static_cast<int>(std::lround(picture.DesignWidth * PixelsPerMillimetre)),
+          static_cast<int>(std::lround(picture.DesignHeight * PixelsPerMillimetre))};
 }
+
+QSize PictureWidget::sizeHint() const { return DesignPixels(picture_); }
 
 void PictureWidget::OperationsChanged() {
   // A profile is thousands of operations; one of them asks for the repaint.

@@ -13,6 +13,10 @@
 
 namespace koprax {
 
+/// The pixels of a picture at its design size, on a screen of 96 dots an inch.
+inline constexpr int DesignDotsPerMetre = 3780;
+[[nodiscard]] QSize DesignPixels(const PictureBox& picture);
+
 class PictureWidget final : public QWidget {
  public:
   PictureWidget(PictureBox& picture, QWidget* parent);

@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QPixmap>
 #include <QSaveFile>
@@ -12,7 +14,10 @@
 
 #include "forms/form.h"
 #include "forms_qt/form_window.h"
+#include "forms_qt/picture_widget.h"
+#include "forms_qt/pixel_image.h"
 #include "forms_qt/printed_page.h"
+#include "forms_qt/surface_painter.h"
 
 namespace koprax {
 
@@ -79,6 +84,34 @@ std::optional<std::string> QtPlatform::PrintToFile(const Printer& printer, const
     }
   }
   return WriteWhole(path, document);
+}
+
+std::optional<std::string> QtPlatform::SavePicture(const PictureBox& picture, const std::string& path) {
+  QImage image(DesignPixels(picture), QImage::Format_RGB888);
+  image.setDotsPerMeterX(DesignDotsPerMetre);
+  image.setDotsPerMeterY(DesignDotsPerMetre);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    SurfacePainter(painter, picture.Scale(), image.size(), 1).Paint(picture.Operations());
+  }
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  if (!image.save(&buffer, "BMP")) {
+    return "the image could not be made";
+  }
+  return WriteWhole(path, bytes);
+}
+
+LoadedImage QtPlatform::LoadPicture(const std::string& path) {
+  QImageReader reader(QString::fromStdString(path));
+  reader.setDecideFormatFromContent(true);
+  const QImage image = reader.read();
+  if (image.isNull()) {
+    return reader.errorString().toStdString();
+  }
+  return ToPixels(image);
 }
 
 std::optional<std::string> QtPlatform::Snapshot(Form& form, const std::string& path) {

@@ -14,6 +14,8 @@ class QtPlatform final : public Platform {
   void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
                    std::string_view value) override;
   std::optional<std::string> PrintToFile(const Printer& printer, const std::string& path) override;
+  std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) override;
+  [[nodiscard]] LoadedImage LoadPicture(const std::string& path) override;
   std::optional<std::string> Snapshot(Form& form, const std::string& path) override;
 };
 

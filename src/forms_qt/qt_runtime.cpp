@@ -134,6 +134,12 @@ std::optional<std::string> QtRuntime::PrintDocument(Printer& printer) {
   return std::nullopt;
 }
 
+std::optional<std::string> QtRuntime::SavePicture(const PictureBox& picture, const std::string& path) {
+  return platform_.SavePicture(picture, path);
+}
+
+LoadedImage QtRuntime::LoadPicture(const std::string& path) { return platform_.LoadPicture(path); }
+
 void QtRuntime::RunModal(Form& form) {
   QEventLoop loop;
   while (form.Visible()) {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "forms_qt/greek_letters.h"
+#include "forms_qt/pixel_image.h"
 #include "forms_qt/qt_fonts.h"
 #include "forms_qt/qt_text.h"
 
@@ -107,6 +108,16 @@ void SurfacePainter::Paint(const TextOperation& text) {
   painter_.setFont(font);
   painter_.setPen(ToQColor(text.TextColour));
   painter_.drawText(QPointF(std::round(corner.x()), std::round(corner.y() + ascent)), words);
+}
+
+void SurfacePainter::Paint(const ImageOperation& image) {
+  FinishRun();
+  const QRectF place(map_.ToDevice(image.X, image.Y),
+                     map_.ToDevice(image.X + image.Width, image.Y + image.Height));
+  if (!place.isEmpty()) {
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, true);
+    painter_.drawImage(place, ToQImage(*image.Pixels));
+  }
 }
 
 }  // namespace koprax

@@ -57,6 +57,7 @@ class SurfacePainter {
   void Paint(const LineOperation& line);
   void Paint(const PointOperation& point);
   void Paint(const TextOperation& text);
+  void Paint(const ImageOperation& image);
   void StartRun(const LineOperation& line);
   void FinishRun();
   void PaintCurve(const QColor& colour);

@@ -48,6 +48,8 @@ void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& sl
   if (slots.size() == 1) {
     MakeCurrent(context, slots.front());
     context.Files.ShowBuffer(data.CurBuf, data.ModeDisp);
+  } else if (slots.size() > 1) {
+    context.Display.ShowSeveralProfiles();
   }
   data.ModeDisp = false;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <utility>
 
 #include "workspace/buffer_commands.h"
@@ -45,9 +44,8 @@ void BufferPicker::MakeOptions() {
 
 void BufferPicker::MakeChecks() {
   for (int slot = 1; slot <= NumBuffers; ++slot) {
-    auto& check = checks_.emplace_back(*this, "Check" + std::to_string(slot),
-                                       CaptionSetup{.Caption = "buffer " + LetterOf(slot)});
-    check.OnClick = [this] { accept_.front().Enabled = std::ssize(TickedSlots()) <= actions_.MostTicked; };
+    checks_.emplace_back(*this, "Check" + std::to_string(slot),
+                         CaptionSetup{.Caption = "buffer " + LetterOf(slot)});
   }
   auto& accept = accept_.emplace_back(*this, "Command1", CaptionSetup{.Caption = "OK"});
   accept.OnClick = [this] { Choose(TickedSlots()); };

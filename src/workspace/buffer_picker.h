@@ -49,8 +49,6 @@ inline constexpr PickerKind SeveralSaved{
 
 /// What the user of a picker does, told to whoever opened it.
 struct PickerActions {
-  /// The OK button is live while no more buffers than this are ticked.
-  int MostTicked = NumBuffers;
   /// The load of the window.
   std::function<void()> Loaded{};
   /// A choice: the slots picked, 1 to 6.

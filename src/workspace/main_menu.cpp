@@ -43,7 +43,6 @@ void Form1::OpenDisplayPicker() {
       .Load<BufferPicker>(
           context_, pickers::Display,
           PickerActions{
-              .MostTicked = 1,
               .Loaded = [this] { context_.Data.SelBuf.fill(0); },
               .Chosen = [context = context_](
                             Form&, const std::vector<int>& slots) { ShowChosenProfiles(context, slots); },

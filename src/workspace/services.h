@@ -67,6 +67,21 @@ class DisplayServices {
   /// Opens the Display and Work window anew and draws the temporary copy of the buffer; false when
   /// there is nothing to draw.
   virtual bool OpenDisplayWindow(int slot) = 0;
+  /// Shows the buffers selected in SelBuf in one plot, in a window opened anew; the user is told when they
+  /// can't share one, and the windows stay as they are.
+  virtual void ShowSeveralProfiles() = 0;
+};
+
+/// The view of a reference card.
+class CardServices {
+ public:
+  CardServices() = default;
+  CardServices(const CardServices&) = delete;
+  CardServices& operator=(const CardServices&) = delete;
+  virtual ~CardServices() = default;
+
+  /// Shows the card in CurBuf.
+  virtual void OpenCardWindow() = 0;
 };
 
 /// What each window is handed at its making.
@@ -76,6 +91,7 @@ struct WindowContext {
   MainServices& Main;
   FileServices& Files;
   DisplayServices& Display;
+  CardServices& Cards;
 };
 
 }  // namespace koprax

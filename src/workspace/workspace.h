@@ -124,7 +124,29 @@ struct PlotTransform {
   float PlotTop = 0;
   float ScaleX = 0;  ///< units of the surface for one unit of X
   float ScaleY = 0;
-  float ZeroY = 0;  ///< y of Y = 0; set only for a frame that reaches below 0
+  float ZeroY = 0;   ///< y of Y = 0; set only for a frame that reaches below 0
+  float Upward = 1;  ///< 1 where y grows upward, -1 on paper, where it grows downward
+};
+
+/// A profile computed from two others, kept until its window is left.
+struct ComputedProfile {
+  PointTable SumX = PointTable(MaxPoints + 1);
+  PointTable SumY = PointTable(MaxPoints + 1);
+  float SumNpts = 0;
+  float SumXMin = 0;  ///< the overlap of the two ranges of X
+  float SumXMax = 1;
+  float SumYMin = 0;  ///< the limits of its plot, which are stored with it
+  float SumYMax = 1;
+  float SumXStep = 0;
+};
+
+/// The part of a profile that is edited as text, point by point from 1.
+struct EditedPortion {
+  PointTable EditX = PointTable(MaxPoints + 1);  ///< as it was when chosen
+  PointTable EditY = PointTable(MaxPoints + 1);
+  PointTable EditNewX = PointTable(MaxPoints + 1);  ///< as last read from the text, or as set for all
+  PointTable EditNewY = PointTable(MaxPoints + 1);
+  std::vector<std::string> EditLine = std::vector<std::string>(MaxPoints + 1);
 };
 
 struct Workspace {
@@ -167,6 +189,22 @@ struct Workspace {
   bool ExplorerMode = false;  ///< Manual Explorer follows the mouse
   float ExplorerScaleX = 0;   ///< ScaleX at the start of the explorer
   float ExplorerScaleY = 0;
+
+  float ZoomXMin = 0;  ///< limits of what the zoom window shows
+  float ZoomXMax = 0;
+  float ZoomYMin = 0;
+  float ZoomYMax = 0;
+
+  EditedPortion Edit;
+
+  bool MultiOp = false;  ///< an operation on one profile of a plot of several: that plot is drawn anew
+  ComputedProfile Sum;
+  float SumWavelength = 0;     ///< mean of the two profiles of a plot, angstrom
+  std::int16_t SumSource = 0;  ///< the buffer whose format a computed profile takes
+
+  std::int16_t BitmapSource = 0;  ///< number of the window whose picture is to be saved; 0 is none
+  std::string ProfileColourName;
+  std::string BackgroundColourName;
 
   PointTable PaddedY = PointTable(PaddedYBound + 1);
   PointTable ScratchX = PointTable(MaxPoints + 1);

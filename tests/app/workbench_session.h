@@ -101,10 +101,10 @@ class WorkbenchSession {
 };
 
 /// The services that windows ask for, for a window that is loaded by itself: nothing comes of them.
-class SilentServices : public MainServices, public FileServices, public DisplayServices {
+class SilentServices : public MainServices, public FileServices, public DisplayServices, public CardServices {
  public:
   explicit SilentServices(WorkbenchSession& session)
-      : Context{session.Desk(), session.Data(), *this, *this, *this} {}
+      : Context{session.Desk(), session.Data(), *this, *this, *this, *this} {}
 
   void ShowMainMenu() override {}
   void BringMainMenuToFront() override {}
@@ -118,6 +118,8 @@ class SilentServices : public MainServices, public FileServices, public DisplayS
   void GiveUpTitle() override { ++TitlesGivenUp; }
   void GiveUpAnswers() override { ++TitlesGivenUp; }
   bool OpenDisplayWindow(int /*slot*/) override { return false; }
+  void ShowSeveralProfiles() override {}
+  void OpenCardWindow() override {}
 
   WindowContext Context;
   int TitlesGivenUp = 0;

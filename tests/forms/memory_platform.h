@@ -1,6 +1,7 @@
 // A platform that keeps everything in memory, for tests.
 #pragma once
 
+#include <fstream>
 #include <map>
 #include <optional>
 #include <string>
@@ -28,6 +29,18 @@ class MemoryPlatform final : public Platform {
     Printed[path] = printer.Operations();
     return PrintFailure;
   }
+  /// The file holds nothing; what was drawn is kept beside it.
+  std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) override {
+    if (!PictureFailure) {
+      std::ofstream(path, std::ios::binary) << "BM";
+      Pictures[path] = picture.Operations();
+    }
+    return PictureFailure;
+  }
+  LoadedImage LoadPicture(const std::string& path) override {
+    if (!Pictures.contains(path)) return "no picture was saved there";
+    return PixelImage{.Width = 2, .Height = 1, .Pixels = {colours::Red, colours::Blue}};
+  }
   std::optional<std::string> Snapshot(Form& form, const std::string& path) override {
     Snapshots[path] = form.Name();
     return SnapshotFailure;
@@ -35,6 +48,8 @@ class MemoryPlatform final : public Platform {
 
   std::map<std::string, std::string> Settings;  ///< by "application/section/key"
   std::map<std::string, std::vector<DrawingOperation>> Printed;
+  std::map<std::string, std::vector<DrawingOperation>> Pictures;
+  std::optional<std::string> PictureFailure;
   std::map<std::string, std::string> Snapshots;  ///< form by path
   std::optional<std::string> PrintFailure;
   std::optional<std::string> SnapshotFailure;
