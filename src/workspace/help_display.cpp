@@ -199,6 +199,17 @@ nothing is drawn until you press "Show changes", and the profile isn't
 changed until you press "Accept".
 )TEXT";
 
+constexpr std::string_view SaveSelected =
+    R"TEXT(Command "Save" stores one of the profiles in the plot in its buffer, with the
+changes made by "Arithmetic".
+
+Choose the buffer in the window that appears. The former contents of the
+buffer are lost; its title stays. The other profiles are not touched.
+
+Nothing is written to the disk: for that use the command "Save Profile on
+disk" of the main menu.
+)TEXT";
+
 }  // namespace
 
 std::string_view DisplayHelp(HelpTopic topic) {
@@ -237,6 +248,8 @@ std::string_view DisplayHelp(HelpTopic topic) {
       return ClearList;
     case HelpTopic::HelpChangeAll:
       return ChangeAll;
+    case HelpTopic::HelpSaveSelected:
+      return SaveSelected;
     default:
       return {};
   }

@@ -12,5 +12,6 @@ namespace koprax {
 [[nodiscard]] std::string_view MainMenuHelp(HelpTopic topic);
 [[nodiscard]] std::string_view FormatHelp(HelpTopic topic);
 [[nodiscard]] std::string_view DisplayHelp(HelpTopic topic);
+[[nodiscard]] std::string_view ArithmeticHelp(HelpTopic topic);
 
 }  // namespace koprax

@@ -45,6 +45,12 @@ enum class HelpTopic {
   HelpEraseLast,
   HelpClearList,
   HelpChangeAll,
+  // The window with several profiles.
+  HelpSaveSelected,
+  // Arithmetic on profiles.
+  HelpDefineY,
+  HelpAddProfiles,
+  HelpSubtractProfiles,
 };
 
 /// The whole text of a topic. Each line ends with CR LF.

@@ -19,7 +19,7 @@ namespace {
 
 std::vector<HelpTopic> AllTopics() {
   std::vector<HelpTopic> topics;
-  for (int i = 0; i <= static_cast<int>(HelpTopic::HelpChangeAll); ++i) {
+  for (int i = 0; i <= static_cast<int>(HelpTopic::HelpSubtractProfiles); ++i) {
     topics.push_back(static_cast<HelpTopic>(i));
   }
   return topics;
