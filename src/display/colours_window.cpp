@@ -1,0 +1,19 @@
+#include "display/colours_window.h"
+
+namespace koprax {
+
+Form31::Form31(const WindowContext& context) : Form(context.Desk, "Form31", "Colors") {
+  SetLayout(Column({Row({Column({Label1, Combo1}), Column({Label2, Combo2})}), Row({Space(), Command1})}));
+  Command1.OnClick = [this, &data = context.Data] {
+    data.ProfileColourName = Combo1.Text;
+    data.BackgroundColourName = Combo2.Text;
+    accepted_ = true;
+    Unload();
+  };
+}
+
+ComboSetup Form31::Colours(const char* preset) {
+  return {.Text = preset, .Items = {"Black", "Red", "Cyano", "Blue", "Green"}};
+}
+
+}  // namespace koprax
