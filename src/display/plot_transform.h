@@ -25,6 +25,18 @@ struct PlotLimits {
           .DesignHeight = 95.51};
 }
 
+/// The same with a little more room below the frame; 6975 x 5535 twips.
+[[nodiscard]] inline PictureSetup TallPlotPicture() {
+  return {.Scale = {.Left = 0, .Top = 98, .Width = 123.03F, .Height = -97.63F},
+          .DesignWidth = 123.03,
+          .DesignHeight = 97.63};
+}
+
+/// The legend of a plot of several profiles: millimetres, y growing downward.
+[[nodiscard]] inline PictureSetup LegendPicture() {
+  return {.Scale = {.Left = 0, .Top = 0, .Width = 165, .Height = 20}, .DesignWidth = 165, .DesignHeight = 20};
+}
+
 /// The picture y of Y = 0: the zero line of a plot that reaches below 0, else the X axis.
 [[nodiscard]] inline float PlotBase(const PlotTransform& plot, bool negative_y) {
   return negative_y ? plot.ZeroY : plot.PlotBottom;
