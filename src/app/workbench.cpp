@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "cards/card_window.h"
 #include "display/display_window.h"
 #include "files/file_choice.h"
 #include "files/format_window.h"
@@ -96,7 +97,7 @@ class Workbench::Windows final : public MainServices,
 
   void ShowSeveralProfiles() override {}
 
-  void OpenCardWindow() override {}
+  void OpenCardWindow() override { context_.Desk.Load<Form34>(context_)->Show(); }
 
  private:
   void CloseByBox(const char* name) {
@@ -141,7 +142,10 @@ const std::vector<std::string>& Workbench::FormNames() {
       peak_list_windows::Cell.Name,
       pickers::ComputedProfile.Name,
       pickers::SeveralSaved.Name,
+      "Form31",
       "Form33",
+      "Form34",
+      "Form36",
   };
   return names;
 }

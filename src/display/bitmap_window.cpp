@@ -27,16 +27,52 @@ PictureSetup BitmapPicture() {
           .DesignHeight = 5535 / TwipsPerMillimetre};
 }
 
+void TellError(const WindowContext& context, const std::string& text) {
+  context.Desk.Host().MsgBox({.Text = text, .Title = "Error", .Icon = MessageIcon::Stop});
+}
+
+bool SaveSource(const WindowContext& context, const std::string& path) {
+  const auto window = context.Desk.Find("Form" + std::to_string(context.Data.BitmapSource));
+  const auto* const picture = window ? dynamic_cast<const PictureBox*>(window->Find("Picture1")) : nullptr;
+  if (picture == nullptr) {
+    TellError(context, "The window whose picture was to be saved is no longer open.");
+    return false;
+  }
+  if (const auto failure = context.Desk.Host().SavePicture(*picture, path)) {
+    TellError(context, "The picture can't be saved as " + path + ":\r\n" + *failure + ".");
+    return false;
+  }
+  context.Data.BitmapSource = 0;
+  return true;
+}
+
+std::shared_ptr<const PixelImage> ReadBack(const WindowContext& context, const std::string& path) {
+  LoadedImage loaded = context.Desk.Host().LoadPicture(path);
+  if (const auto* const failure = std::get_if<std::string>(&loaded)) {
+    TellError(context,
+              "The picture was saved, but can't be read back from " + path + ":\r\n" + *failure + ".");
+    return nullptr;
+  }
+  return std::make_shared<const PixelImage>(std::get<PixelImage>(std::move(loaded)));
+}
+
 }  // namespace
 
 void OpenBitmapWindow(const WindowContext& context, int source) {
   context.Data.BitmapSource = static_cast<std::int16_t>(source);
-  context.Desk.Load<Form36>(context);
+  const auto path = ChooseFileToWrite(context, {.Filter = BitmapFilter, .FilterIndex = 2});
+  if (!path || !SaveSource(context, *path)) {
+    return;
+  }
+  if (auto image = ReadBack(context, *path)) {
+    context.Desk.Load<Form36>(context, std::move(image))->Show();
+  }
 }
 
-Form36::Form36(const WindowContext& context)
+Form36::Form36(const WindowContext& context, std::shared_ptr<const PixelImage> image)
     : Form(context.Desk, "Form36", "Bitmap"),
       context_(context),
+      image_(std::move(image)),
       Picture1(*this, "Picture1", BitmapPicture()) {
   SetLayout(Column({Picture1, Row({Command1, Space(), Command2})}));
   Command1.OnClick = [this] { AskForScaleAndPrint(); };
@@ -44,39 +80,8 @@ Form36::Form36(const WindowContext& context)
 }
 
 void Form36::OnLoad() {
-  const auto path = ChooseFileToWrite(context_, {.Filter = BitmapFilter, .FilterIndex = 2});
-  if (path && SaveSource(*path) && ShowFile(*path)) {
-    Show();
-  } else {
-    Unload();
-  }
-}
-
-bool Form36::SaveSource(const std::string& path) {
-  const auto window = Desk().Find("Form" + std::to_string(context_.Data.BitmapSource));
-  const auto* const picture = window ? dynamic_cast<const PictureBox*>(window->Find("Picture1")) : nullptr;
-  if (picture == nullptr) {
-    Tell("The window whose picture was to be saved is no longer open.");
-    return false;
-  }
-  if (const auto failure = Desk().Host().SavePicture(*picture, path)) {
-    Tell("The picture can't be saved as " + path + ":\r\n" + *failure + ".");
-    return false;
-  }
-  context_.Data.BitmapSource = 0;
-  return true;
-}
-
-bool Form36::ShowFile(const std::string& path) {
-  LoadedImage loaded = Desk().Host().LoadPicture(path);
-  if (const auto* const failure = std::get_if<std::string>(&loaded)) {
-    Tell("The picture was saved, but can't be read back from " + path + ":\r\n" + *failure + ".");
-    return false;
-  }
-  image_ = std::make_shared<const PixelImage>(std::get<PixelImage>(std::move(loaded)));
   Picture1.PaintPicture(image_, 0, 0, TwipsPerPixel * static_cast<float>(image_->Width),
                         TwipsPerPixel * static_cast<float>(image_->Height));
-  return true;
 }
 
 void Form36::AskForScaleAndPrint() {
@@ -92,14 +97,11 @@ std::optional<double> Form36::AskForScale() {
       {.Prompt = "give a scale factor, 0 < scale factor < 1", .Title = "Scale factor", .Default = "0.5"});
   const double scale = LeadingNumber(answer);
   if (!(answer.empty() || StartsWithNumber(answer)) || scale < 0 || scale > 1) {
-    Tell("\"" + answer + "\" is no scale factor. Give a number above 0 and not above 1, such as 0.5.");
+    TellError(context_,
+              "\"" + answer + "\" is no scale factor. Give a number above 0 and not above 1, such as 0.5.");
     return std::nullopt;
   }
   return scale;
-}
-
-void Form36::Tell(const std::string& text) {
-  Desk().Host().MsgBox({.Text = text, .Title = "Error", .Icon = MessageIcon::Stop});
 }
 
 }  // namespace koprax

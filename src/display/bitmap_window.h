@@ -17,16 +17,14 @@ void OpenBitmapWindow(const WindowContext& context, int source);
 
 class Form36 final : public Form {
  public:
-  explicit Form36(const WindowContext& context);
+  /// `image` is what the file holds.
+  Form36(const WindowContext& context, std::shared_ptr<const PixelImage> image);
 
  private:
   void OnLoad() override;
 
-  [[nodiscard]] bool SaveSource(const std::string& path);
-  [[nodiscard]] bool ShowFile(const std::string& path);
   void AskForScaleAndPrint();
   [[nodiscard]] std::optional<double> AskForScale();
-  void Tell(const std::string& text);
 
   WindowContext context_;
   std::shared_ptr<const PixelImage> image_;

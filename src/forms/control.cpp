@@ -88,6 +88,12 @@ PropertyList CheckBox::Properties() const {
   return list;
 }
 
+PropertyList Label::Properties() const {
+  PropertyList list = CaptionedControl::Properties();
+  list.emplace_back("Font", FontName);
+  return list;
+}
+
 TextBox::TextBox(Form& form, std::string name, const TextSetup& setup, std::optional<int> index)
     : Control(form, ControlKind::TextBox, std::move(name), index),
       MultiLine(setup.MultiLine),

@@ -157,7 +157,10 @@ class Label final : public CaptionedControl {
  public:
   Label(Form& form, std::string name, const CaptionSetup& setup, std::optional<int> index = {})
       : CaptionedControl(form, ControlKind::Label, std::move(name), setup, index) {}
-  float FontSize = 8;  ///< points; headings are larger
+  [[nodiscard]] PropertyList Properties() const override;
+
+  std::string FontName{DefaultFont};  ///< letters of the symbol font are shown in Greek
+  float FontSize = 8;                 ///< points; headings are larger
 };
 
 class Frame final : public CaptionedControl {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "forms_qt/control_widget.h"
+#include "forms_qt/greek_letters.h"
 #include "forms_qt/logo.h"
 #include "forms_qt/qt_text.h"
 
@@ -46,6 +47,9 @@ class LabelWidget final : public ControlWidget {
       return;
     }
     QString text = WithoutMnemonic(ToQt(label_.Caption.Get()));
+    if (IsSymbolFont(label_.FontName)) {
+      text = ToGreek(text);
+    }
     const bool wraps = text.size() > LongestLine && !text.contains(QLatin1Char('\n'));
     if (wraps) {
       text = text.simplified();  // runs of blanks have no place in a wrapped line

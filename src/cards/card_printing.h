@@ -1,0 +1,11 @@
+// The printed page of a reference card: its pattern, its cell and its list of reflections.
+#pragma once
+
+#include "workspace/services.h"
+
+namespace koprax {
+
+/// Prints the card in CurBuf on a landscape page. The list of reflections runs down the one page.
+void PrintCard(const WindowContext& context);
+
+}  // namespace koprax

@@ -1,0 +1,68 @@
+#include "cards/card_table.h"
+
+#include <cstddef>
+
+#include "forms/fixed_text.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr std::size_t ReflectionsInARow = 3;
+
+std::string RightField(const std::string& text, std::size_t width) {
+  return FixedField(RightAlignText(text, width), width);
+}
+
+std::string DecimalField(const std::string& text, std::size_t width, std::size_t decimals) {
+  return FixedField(AlignDecimal(text, width, decimals), width);
+}
+
+std::string Rounded(float value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
+
+std::string IndexFields(const ProfileBuffer& card, std::size_t i) {
+  return RightField(GeneralText(card.CardH[i]), 3) + " " + RightField(GeneralText(card.CardK[i]), 3) + " " +
+         RightField(GeneralText(card.CardL[i]), 3);
+}
+
+std::string TableLine(const ProfileBuffer& card, std::size_t i) {
+  return IndexFields(card, i) + "  " + RightField(Rounded(card.WorkY[i], 1), 4) + "    " +
+         DecimalField(Rounded(card.WorkX[i], 3), 7, 3) + "  " +
+         DecimalField(Rounded(card.CardD[i], 4), 7, 4) + "\r\n";
+}
+
+std::string PrintedReflection(const ProfileBuffer& card, std::size_t i) {
+  return IndexFields(card, i) + FixedField(RightAlignText(FixedField(GeneralText(card.PermY[i]), 5), 4), 5) +
+         DecimalField(GeneralText(card.CardD[i]), 8, 4) + DecimalField(GeneralText(card.PermX[i]), 8, 3) +
+         "   ";
+}
+
+}  // namespace
+
+std::string CardTable(const ProfileBuffer& card) {
+  std::string table = "  H   K   L  Intens.  2Theta     d \r\n";
+  for (std::size_t i = 1; i <= static_cast<std::size_t>(card.WorkNpts); ++i) {
+    table += TableLine(card, i);
+  }
+  return table;
+}
+
+std::string PrintedCardHeading() {
+  return "   H   K   L  Int.  d      2theta     H   K   L  Int.  d      2theta     H   K   L  Int.  d      "
+         "2theta";
+}
+
+std::vector<std::string> PrintedCardRows(const ProfileBuffer& card) {
+  const auto count = static_cast<std::size_t>(card.PermNpts);
+  std::vector<std::string> rows;
+  for (std::size_t i = 1; i <= count; ++i) {
+    if ((i - 1) % ReflectionsInARow == 0) {
+      rows.emplace_back(7, ' ');
+    }
+    rows.back() += PrintedReflection(card, i);
+  }
+  return rows;
+}
+
+}  // namespace koprax

@@ -1,0 +1,108 @@
+#include "cards/card_window.h"
+
+#include <array>
+#include <cstddef>
+
+#include "cards/card_printing.h"
+#include "cards/card_table.h"
+#include "display/plot_axes.h"
+#include "forms/desktop.h"
+#include "forms/fixed_text.h"
+#include "forms/number_text.h"
+#include "workspace/bragg.h"
+
+namespace koprax {
+
+namespace {
+
+std::string Rounded(float value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
+
+}  // namespace
+
+Form34::Form34(const WindowContext& context) : Form(context.Desk, "Form34", "Peaks"), context_(context) {
+  for (Label* greek : {&Label6, &Label7, &Label8}) {
+    greek->FontName = SymbolFont;
+  }
+  ArrangeControls();
+  cmdPrint.OnClick = [this] { Print(); };
+  Command3.OnClick = [this] { Unload(); };
+  Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
+}
+
+void Form34::ArrangeControls() {
+  SetLayout(Column({
+                Text13,
+                Stretched(Picture1),
+                Row({Stretched(Text1), Stretched(Text2), Stretched(Text3), Stretched(Text4), Stretched(Text5),
+                     Stretched(Text12)}),
+                Stretched(Row({
+                    Column({Framed(Frame1, Column({Grid(4, {Label2, Text6, Label6, Text9,   //
+                                                            Label4, Text7, Label7, Text10,  //
+                                                            Label5, Text8, Label8, Text11}),
+                                                   Row({Label1, Stretched(Label3)})})),
+                            Space(), Row({cmdPrint, Command3})}),
+                    Stretched(Framed(Frame2, Column({Stretched(Text14)}))),
+                })),
+            }),
+            true);
+}
+
+void Form34::OnLoad() {
+  const ProfileBuffer& card = context_.Data.Current();
+  ShowCrystalData(card);
+  Text13.Text = card.Title;
+  DrawPattern(card);
+  Text14.Text = CardTable(card);
+}
+
+void Form34::ShowCrystalData(const ProfileBuffer& card) {
+  const std::array<TextBox*, 6> boxes{&Text6, &Text7, &Text8, &Text9, &Text10, &Text11};
+  for (std::size_t k = 0; k < boxes.size(); ++k) {
+    if (card.CardCell[k + 1] != 0) {
+      boxes[k]->Text = GeneralText(card.CardCell[k + 1]);
+    }
+  }
+  if (!RightTrimmed(card.CardSpaceGroup).empty()) {
+    Label3.Caption = card.CardSpaceGroup;
+  }
+}
+
+void Form34::DrawPattern(const ProfileBuffer& card) {
+  limits_ = CardLimits(card);
+  Text1.Text = "xmin = " + Rounded(limits_.XMin, 3);
+  Text2.Text = "xmax = " + Rounded(limits_.XMax, 3);
+  drawn_ = DrawCard(card, plot_, Picture1);
+  if (!drawn_) {
+    Desk().Host().MsgBox(NoYSpan());
+  }
+  if (card.Wavelength != 0) {
+    Text3.Text = "  l = " + GeneralText(card.Wavelength);
+  }
+}
+
+void Form34::ShowReadOut(float x, float y) {
+  if (!drawn_) {
+    return;
+  }
+  const float two_theta = DataX(plot_, ClampedX(plot_, x), limits_.XMin);
+  const auto intensity = static_cast<float>(DataY(plot_, ClampedY(plot_, y), plot_.PlotBottom));
+  // The limits reach below 0, where there is no d.
+  const float spacing = two_theta > 0 ? SpacingOf(two_theta, context_.Data.Current().Wavelength) : 0;
+  Text4.Text = "x = " + Rounded(two_theta, 4);
+  Text5.Text = "y = " + Rounded(intensity, 1);
+  Text12.Text = "d = " + Rounded(spacing, 4);
+}
+
+void Form34::Print() {
+  const ProfileBuffer& card = context_.Data.Current();
+  if (!card.IsCard() || !drawn_) {
+    Desk().Host().MsgBox({.Text = "Buffer " + card.BufLetter +
+                                  " holds no card that could be printed.\r\nDisplay the card first.",
+                          .Title = "Error",
+                          .Icon = MessageIcon::Stop});
+    return;
+  }
+  PrintCard(context_);
+}
+
+}  // namespace koprax

@@ -1,0 +1,66 @@
+// Form34, "Peaks": the view of one reference card, with its stick pattern, its crystal data and its table of
+// reflections. It changes nothing.
+#pragma once
+
+#include <string>
+
+#include "cards/card_plot.h"
+#include "display/plot_transform.h"
+#include "forms/form.h"
+#include "workspace/services.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+class Form34 final : public Form {
+ public:
+  explicit Form34(const WindowContext& context);
+
+ private:
+  void OnLoad() override;
+
+  void ArrangeControls();
+  void ShowCrystalData(const ProfileBuffer& card);
+  void DrawPattern(const ProfileBuffer& card);
+  void ShowReadOut(float x, float y);
+  void Print();
+
+  WindowContext context_;
+  PlotTransform plot_;  // of the pattern: no other plot's
+  PlotLimits limits_{};
+  bool drawn_ = false;
+
+  TextBox Text13{*this, "Text13", {.Locked = true, .Columns = 60}};
+  PictureBox Picture1{*this, "Picture1", CardPicture()};
+  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 15}};
+  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 15}};
+  TextBox Text3{*this, "Text3", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 13}};
+  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 11}};
+  TextBox Text12{*this, "Text12", {.Locked = true, .Columns = 13}};
+
+  Frame Frame1{*this, "Frame1", {.Caption = "Crystal data"}};
+  Label Label2{*this, "Label2", {.Caption = "a ="}};
+  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 9}};
+  Label Label6{*this, "Label6", {.Caption = "a ="}};
+  TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 8}};
+  Label Label4{*this, "Label4", {.Caption = "b ="}};
+  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 9}};
+  Label Label7{*this, "Label7", {.Caption = "b ="}};
+  TextBox Text10{*this, "Text10", {.Locked = true, .Columns = 8}};
+  Label Label5{*this, "Label5", {.Caption = "c ="}};
+  TextBox Text8{*this, "Text8", {.Locked = true, .Columns = 9}};
+  Label Label8{*this, "Label8", {.Caption = "g ="}};
+  TextBox Text11{*this, "Text11", {.Locked = true, .Columns = 8}};
+  Label Label1{*this, "Label1", {.Caption = "Space Group ="}};
+  Label Label3{*this, "Label3", {.Caption = "not given"}};
+
+  Frame Frame2{*this, "Frame2", {.Caption = "Relevant peaks"}};
+  TextBox Text14{
+      *this, "Text14", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 39, .Rows = 9}};
+
+  Button cmdPrint{*this, "cmdPrint", {.Caption = "Print", .ToolTip = "Send data to printer"}};
+  Button Command3{*this, "Command3", {.Caption = "Main menu", .ToolTip = "Return to main menu"}};
+};
+
+}  // namespace koprax
