@@ -31,6 +31,7 @@ constexpr Row RowOf(DisplayMode mode) {
     case DisplayMode::UndoZoomed:       return {single, on,   off,    on,   single, on,   on,   on,   keep};
     case DisplayMode::Saved:            return {on,     on,   off,    on,   on,     keep, on,   keep, keep};
     case DisplayMode::EditSelection:    return {off,    off,  off,    off,  off,    off,  off,  off,  off};
+    case DisplayMode::EditLeft:         return {single, on,   zoomed, on,   single, keep, on,   on,   on};
     case DisplayMode::Explorer:         return {off,    off,  off,    off,  off,    off,  on,   keep, keep};
     case DisplayMode::ExplorerPaused:   return {keep,   on,   keep,   keep, keep,   on,   keep, keep, keep};
     case DisplayMode::ExplorerLeft:     return {on,     on,   zoomed, on,   on,     on,   on,   keep, keep};

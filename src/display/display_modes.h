@@ -17,6 +17,7 @@ enum class DisplayMode {
   UndoZoomed,
   Saved,
   EditSelection,
+  EditLeft,
   Explorer,
   ExplorerPaused,
   ExplorerLeft,

@@ -1,5 +1,5 @@
 // The window as a whole: its making, the plot, the wavelength prompt, the way back into the buffer. What
-// the mouse does stands in display_window_mouse.cpp.
+// the mouse does stands in display_window_mouse.cpp, Edit mode in display_window_edit.cpp.
 #include "display/display_window.h"
 
 #include <cmath>
@@ -85,6 +85,10 @@ void Form6::ConnectHandlers() {
   cmdManExpl.OnClick = [this] { StartOrResumeExplorer(); };
   cmdSavePeaks.OnClick = [this] { SavePeakListSorted(context_); };
   cmdExiManExp.OnClick = [this] { QuitExplorer(); };
+  cmdEditOK.OnClick = [this] { ShowChanges(); };
+  cmdEditNO.OnClick = [this] { RejectChanges(); };
+  cmdAccept.OnClick = [this] { AcceptChanges(); };
+  Command15.OnClick = [this] { ChangeAll(); };
   cmdQuitEdit.OnClick = [this] { QuitEdit(); };
   cmdComboOK.OnClick = [this] { AcceptWavelength(); };
   optOK.OnClick = [this] { AcceptSelection(); };

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "display/display_modes.h"
+#include "display/edit_portion.h"
 #include "display/plot_transform.h"
 #include "display/rubber_band.h"
 #include "forms/form.h"
@@ -56,11 +57,21 @@ class Form6 final : public Form {
   void ShowSelectedRange(const XRange& range);
   void AcceptSelection();
   void AcceptZoom();
-  void AcceptEditRange();
   void CancelSelection();
   void HideSelection();
   void UndoZoom();
+
+  // Edit mode.
+  void AcceptEditRange();
+  void ShowChanges();
+  void RejectChanges();
+  void AcceptChanges();
+  void ChangeAll();
   void QuitEdit();
+  [[nodiscard]] std::optional<EditRange> SelectedPortion();
+  void ShowEditList(const EditRange& range, const EditList& list);
+  std::optional<int> Apply(EditDrawing drawing);
+  void EnableDecision(bool enabled);
 
   // The mouse over the picture.
   void MousePressed(MouseButton button, float x, float y);
@@ -93,6 +104,7 @@ class Form6 final : public Form {
     std::string SavedText7;
     bool SavedUnzoomEnabled = false;
     bool SavedExplEnabled = false;
+    EditRange Edited;  ///< the portion in the list of Edit mode
     std::string PickTheta;  ///< the values at the cursor of the explorer
     std::string PickD;
     std::string PickChannel;

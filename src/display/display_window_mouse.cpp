@@ -116,15 +116,6 @@ void Form6::AcceptZoom() {
   RedrawProfile();
 }
 
-void Form6::AcceptEditRange() {
-  context_.Data.ZoomMode = state_.EditMode = false;
-  Frame1.Visible = true;
-  for (Button* command : {&cmdAccept, &cmdEditNO, &cmdEditOK, &Command15}) {
-    command->Enabled = false;
-  }
-  optOK.Visible = optNO.Visible = false;
-}
-
 void Form6::CancelSelection() {
   const bool from_edit = state_.EditMode;
   context_.Data.ZoomMode = state_.EditMode = false;
@@ -154,19 +145,6 @@ void Form6::UndoZoom() {
   Picture1.MousePointer = Pointer::Arrow;
   TakeTemporaryCopy(Buffer());
   RedrawProfile();
-}
-
-void Form6::QuitEdit() {
-  if (MousePointer == Pointer::Hourglass) {
-    return;
-  }
-  Shape1.Visible = Frame1.Visible = false;
-  Shape1.Width = Shape1.Height = AcceptedBandSize;
-  EnterMode(DisplayMode::Zoomed);  // what a zoom leaves live is right here, too, but for these two
-  cmdPrint.Enabled = true;
-  cmdManExpl.Enabled = state_.SavedExplEnabled;
-  Text6.Text = state_.SavedText6;
-  Text7.Text = state_.SavedText7;
 }
 
 // The mouse over the picture.

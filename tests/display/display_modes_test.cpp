@@ -46,7 +46,7 @@ TEST(DisplayModes, SwitchEachCommandAsItsRowTells) {
       {DisplayMode::ZoomCancelled, "++=++++++"}, {DisplayMode::UndoZoomed, "1+-+1+++="},
       {DisplayMode::Saved, "++-++=+=="},         {DisplayMode::EditSelection, "---------"},
       {DisplayMode::Explorer, "------+=="},      {DisplayMode::ExplorerPaused, "=+===+==="},
-      {DisplayMode::ExplorerLeft, "++z++++=="},
+      {DisplayMode::ExplorerLeft, "++z++++=="},  {DisplayMode::EditLeft, "1+z+1=+++"},
   };
   for (const Row& row : rows) {
     for (const int bits : {0, 1, 2, 3, 4, 5, 6, 7}) {

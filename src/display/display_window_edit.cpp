@@ -1,0 +1,157 @@
+// Edit mode of the Display and Work window: the points of a short portion as text, their changes shown in
+// the plot, accepted or rejected. The numbers are the work of edit_portion.
+#include <cmath>
+#include <string>
+
+#include "display/display_window.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr float AcceptedBandSize = 2;  // of the rubber band, after a selection has been accepted
+
+Message TooLongPortion() {
+  return {.Text =
+              "A too long portion of the profile has been selected.\r\n"
+              "For speeding up operations it is better to chose one short portion at a time.",
+          .Title = "Warning",
+          .Icon = MessageIcon::Information};
+}
+
+Message CutInList(const std::string& number) {
+  return {.Text = "The number " + number +
+                  " is too long for its column of the list, where its end is missing.\r\n"
+                  "Write such numbers out before \"Show changes\", which takes the list as it stands.",
+          .Title = "Warning",
+          .Icon = MessageIcon::Information};
+}
+
+Message UnusableLine(int line) {
+  return {.Text = "Line " + std::to_string(line) +
+                  " of the list holds a number that is out of range.\r\n"
+                  "Give two numbers between -3E+38 and 3E+38, X and Y.",
+          .Title = "Error",
+          .Icon = MessageIcon::Stop};
+}
+
+Message NoConstant(const std::string& answer) {
+  return {.Text = "\"" + answer + "\" can't be taken for K.\r\nGive a real number, such as 12.5.",
+          .Title = "Error",
+          .Icon = MessageIcon::Stop};
+}
+
+}  // namespace
+
+void Form6::AcceptEditRange() {
+  const std::optional<EditRange> range = SelectedPortion();
+  if (!range) {
+    CancelSelection();
+    return;
+  }
+  context_.Data.ZoomMode = state_.EditMode = false;
+  Frame1.Visible = true;
+  EnableDecision(false);
+  optOK.Visible = optNO.Visible = false;
+  MousePointer = Pointer::Hourglass;
+  ShowEditList(*range, FillEditList(context_.Data, context_.Data.CurBuf, *range));
+  MousePointer = Pointer::Arrow;
+}
+
+/// The points in the selected range; nothing, which the user is told, where there is none.
+std::optional<EditRange> Form6::SelectedPortion() {
+  const auto range = RangeToEdit(Buffer(), {state_.SelXLow, state_.SelXHigh});
+  if (!range) {
+    Desk().Host().MsgBox({.Text = "No point of the profile lies between " + GeneralText(state_.SelXLow) +
+                                  " and " + GeneralText(state_.SelXHigh) +
+                                  ".\r\nSelect a portion that holds one point at least.",
+                          .Title = "Warning",
+                          .Icon = MessageIcon::Information});
+  }
+  return range;
+}
+
+void Form6::ShowEditList(const EditRange& range, const EditList& list) {
+  state_.Edited = range;
+  Text8.Text = list.Text;
+  if (list.TooLong) {
+    Desk().Host().MsgBox(TooLongPortion());
+  }
+  if (!list.CutNumber.empty()) {
+    Desk().Host().MsgBox(CutInList(list.CutNumber));
+  }
+}
+
+void Form6::ShowChanges() {
+  context_.Data.ZoomMode = state_.EditMode = false;
+  MousePointer = Pointer::Hourglass;
+  const std::optional<int> bad_line = Apply(EditDrawing::Changes);
+  MousePointer = Pointer::Arrow;
+  if (bad_line) {
+    Desk().Host().MsgBox(UnusableLine(*bad_line));
+    return;
+  }
+  Shape1.Visible = false;
+  EnableDecision(true);
+}
+
+void Form6::RejectChanges() {
+  HideSelection();
+  context_.Data.ZoomMode = state_.EditMode = false;
+  MousePointer = Pointer::Hourglass;
+  Apply(EditDrawing::RubOut);  // numbers that can't be taken were never drawn
+  Apply(EditDrawing::AsChosen);
+  MousePointer = Pointer::Arrow;
+  EnableDecision(false);
+}
+
+std::optional<int> Form6::Apply(EditDrawing drawing) {
+  std::string box = Text8.Text;
+  const auto bad_line = ApplyEdit(context_.Data, context_.Data.CurBuf, state_.Edited, drawing, box, Picture1,
+                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
+  Text8.Text = box;
+  return bad_line;
+}
+
+void Form6::AcceptChanges() {
+  Picture1.Cls();
+  for (Button* command : {&cmdZoom, &cmdSave, &cmdMod, &cmdMain, &cmdEdit}) {
+    command->Enabled = false;
+  }
+  MousePointer = Pointer::Hourglass;
+  AcceptEdit(context_.Data, context_.Data.CurBuf, state_.Edited);
+  ShowProfile(context_.Data.CurBuf);
+  MousePointer = Pointer::Arrow;
+}
+
+void Form6::ChangeAll() {
+  const std::string answer =
+      Desk().Host().InputBox({.Prompt = "Give K\r\n(real number)", .Title = "Y = K", .Default = "0"});
+  if (answer.empty()) {
+    return;
+  }
+  const auto k = static_cast<float>(LeadingNumber(answer));
+  if (!StartsWithNumber(answer) || !std::isfinite(k)) {
+    Desk().Host().MsgBox(NoConstant(answer));
+  } else if (const std::optional<EditRange> range = SelectedPortion()) {
+    ShowEditList(*range, ChangeAllY(context_.Data, context_.Data.CurBuf, *range, k));
+  }
+}
+
+void Form6::QuitEdit() {
+  if (MousePointer == Pointer::Hourglass) {
+    return;
+  }
+  Shape1.Visible = Frame1.Visible = false;
+  Shape1.Width = Shape1.Height = AcceptedBandSize;
+  EnterMode(DisplayMode::EditLeft);
+  cmdManExpl.Enabled = state_.SavedExplEnabled;
+  Text6.Text = state_.SavedText6;
+  Text7.Text = state_.SavedText7;
+}
+
+void Form6::EnableDecision(bool enabled) { cmdAccept.Enabled = cmdEditNO.Enabled = enabled; }
+
+}  // namespace koprax
