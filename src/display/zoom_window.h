@@ -50,10 +50,11 @@ class Form15 final : public Form {
   void OnCloseBox() override;
 
   void ArrangeControls();
-  void GoBack(const std::function<void()>& follow_up);
-  void MouseMoved(float x, float y);
-  void PickPeak(float x, float y);
   void ShowReadOut(float x, float y);
+  void PickPeak(float x);
+  void Cancel();
+  void GoBack(const std::function<void()>& follow_up);
+  [[nodiscard]] PeakPick ReadOut(float x) const;
   [[nodiscard]] bool Picks() const { return static_cast<bool>(opening_.Picked); }
   [[nodiscard]] CurveOrigin Origin() const;
   [[nodiscard]] float Step() const;

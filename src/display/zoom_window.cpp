@@ -1,0 +1,140 @@
+#include "display/zoom_window.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "display/bitmap_window.h"
+#include "display/curve.h"
+#include "display/plot_axes.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr int FormNumber = 15;
+
+}  // namespace
+
+Form15::Form15(const WindowContext& context, ZoomOpening opening)
+    : Form(context.Desk, "Form15", "Zoom"), context_(context), opening_(std::move(opening)) {
+  ArrangeControls();
+  cmdRet.OnClick = [this] { GoBack(opening_.Returned); };
+  cmdCancel.OnClick = [this] { Cancel(); };
+  Command1.OnClick = [this] { OpenBitmapWindow(context_, FormNumber); };
+  Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
+  Picture1.OnMouseDown = [this](MouseButton button, float x, float /*y*/) {
+    if (button == MouseButton::Right && Picks() && drawn_) PickPeak(x);
+  };
+}
+
+void Form15::ArrangeControls() {
+  SetLayout(Column({Stretched(Picture1), Picture2,
+                    Row({Text1, Text2, Text3, Space(), Command1, cmdCancel, cmdRet})}),
+            true);
+}
+
+void Form15::OnLoad() {
+  Line1.Visible = false;
+  Picture2.Visible = static_cast<bool>(opening_.DrawLegend);
+  cmdRet.Enabled = Picks();
+  cmdCancel.Enabled = !Picks();
+  if (!Picks()) {
+    cmdCancel.Caption = "Undo Zoom";
+  }
+}
+
+void Form15::OnCloseBox() { (Picks() ? cmdRet : cmdCancel).Click(); }
+
+void Form15::ShowPart() {
+  Show();
+  Workspace& data = context_.Data;
+  const PlotLimits& limits = opening_.Limits;
+  data.ZoomXMin = limits.XMin;
+  data.ZoomXMax = limits.XMax;
+  data.ZoomYMin = limits.YMin;
+  data.ZoomYMax = limits.YMax;
+  if (!DrawAxes(data, limits, Picture1)) {
+    Desk().Host().MsgBox(NoYSpan());
+  }
+  drawn_ = data.Plot.ScaleY != 0;
+  for (const ZoomedCurve& curve : opening_.Curves) {
+    const auto draw = curve.Sticks ? DrawSticks : DrawCurve;
+    draw(data.Plot, {curve.X, curve.Y, curve.Count}, Origin(), {limits.XMin, limits.XMax}, curve.CurveColour,
+         Picture1);
+  }
+  for (const PeakPosition& peak : opening_.Peaks) {
+    DrawMarker(data.Plot, Origin(), peak, ZoomedMarkerLength, Picture1);
+  }
+  if (opening_.DrawLegend) {
+    opening_.DrawLegend(Picture2);
+  }
+  Line1.Visible = Picks();
+}
+
+CurveOrigin Form15::Origin() const {
+  return {.XMin = context_.Data.ZoomXMin,
+          .Base = PlotBase(context_.Data.Plot, context_.Data.Current().NegativeY == 1)};
+}
+
+/// The difference of the first two X on show. The sticks of a card have none.
+float Form15::Step() const {
+  const auto curve = std::ranges::find_if(
+      opening_.Curves, [](const ZoomedCurve& shown) { return !shown.Sticks && shown.Count >= 2; });
+  return curve == opening_.Curves.end() ? 0 : curve->X[2] - curve->X[1];
+}
+
+PeakPick Form15::ReadOut(float x) const {
+  const PlotTransform& plot = context_.Data.Plot;
+  return ZoomedReadOutAt(context_.Data.Current(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
+}
+
+void Form15::ShowReadOut(float x, float y) {
+  if (!drawn_) {
+    return;
+  }
+  const PlotTransform& plot = context_.Data.Plot;
+  Line1.X1 = Line1.X2 = ClampedX(plot, x);
+  const PeakPick values = ReadOut(x);
+  Text1.Text = "X-pos = " + values.Theta;
+  Text2.Text = "d = " + values.D;
+  Text3.Text = GeneralText(RoundDecimals(DataY(plot, ClampedY(plot, y), Origin().Base), 2));
+}
+
+void Form15::PickPeak(float x) {
+  ProfileBuffer& buffer = context_.Data.Current();
+  const PeakPick pick = PickedAt(buffer, ReadOut(x));
+  if (!AddPeak(buffer, pick)) {
+    Desk().Host().MsgBox(PeakListIsFull());
+    return;
+  }
+  DrawMarker(context_.Data.Plot, Origin(), PositionOf(buffer, pick), MarkerLength, Picture1);
+  opening_.Picked(pick);
+}
+
+void Form15::ErasePeak(const PeakPosition& peak) {
+  EraseMarker(context_.Data.Plot, Origin(), peak, Picture1);
+}
+
+void Form15::Cancel() {
+  context_.Data.ZoomMode = false;
+  GoBack(opening_.Cancelled);
+}
+
+/// The window goes first, so that what follows it comes to the front.
+void Form15::GoBack(const std::function<void()>& follow_up) {
+  Unload();
+  if (follow_up) {
+    follow_up();
+  }
+}
+
+std::shared_ptr<Form15> OpenZoomWindow(const WindowContext& context, ZoomOpening opening) {
+  auto window = context.Desk.Load<Form15>(context, std::move(opening));
+  window->ShowPart();
+  return window;
+}
+
+}  // namespace koprax
