@@ -17,6 +17,11 @@ struct PlotLimits {
   float YMax;
 };
 
+/// The limits of the current drawing.
+[[nodiscard]] inline PlotLimits LimitsOfDrawing(const Workspace& data) {
+  return {.XMin = data.PlotXMin, .XMax = data.PlotXMax, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
+}
+
 /// A plot picture: x from 0 at its left edge, y from 98 at its top edge and growing upward, in
 /// millimetres of the design grid; 6975 x 5415 twips.
 [[nodiscard]] inline PictureSetup PlotPicture() {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "display/plot_transform.h"
+#include "forms/number_text.h"
 
 namespace koprax {
 
@@ -34,8 +35,24 @@ XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, 
           .High = std::min(DataX(plot, release_x, xmin), xmax)};
 }
 
+XRange AsShown(const XRange& range) {
+  const auto shown = [](float x) {
+    return static_cast<float>(LeadingNumber(GeneralText(RoundDecimals(x, 3))));
+  };
+  return {.Low = shown(range.Low), .High = shown(range.High)};
+}
+
 float SelectedTop(const PlotTransform& plot, const Shape& band) {
   return static_cast<float>((static_cast<double>(band.Top) - plot.PlotBottom) / plot.ScaleY);
+}
+
+Message NothingToSelectFrom() {
+  return {
+      .Text =
+          "There is no plot in which a part could be selected.\r\nDisplay a profile with a range of X and "
+          "of intensity first.",
+      .Title = "Warning",
+      .Icon = MessageIcon::Information};
 }
 
 }  // namespace koprax

@@ -4,6 +4,7 @@
 
 #include "display/curve.h"
 #include "forms/control.h"
+#include "forms/runtime.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -20,7 +21,13 @@ void FollowMouse(const PlotTransform& plot, Shape& band, float x);
 [[nodiscard]] XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, float xmin,
                                float xmax);
 
+/// The range as it is shown, with 3 decimals: what its text leaves out is left out of the numbers, too.
+[[nodiscard]] XRange AsShown(const XRange& range);
+
 /// The Y at the top of the band, counted from the X axis.
 [[nodiscard]] float SelectedTop(const PlotTransform& plot, const Shape& band);
+
+/// What the user is told who would select where nothing has been drawn.
+[[nodiscard]] Message NothingToSelectFrom();
 
 }  // namespace koprax

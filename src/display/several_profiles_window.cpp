@@ -1,0 +1,210 @@
+// The window as a whole: its making, the plot, arithmetic and saving. The selection of what is zoomed stands
+// in several_profiles_zoom.cpp.
+#include "display/several_profiles_window.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "display/arithmetic_window.h"
+#include "display/bitmap_window.h"
+#include "display/multi_profile.h"
+#include "display/plot_axes.h"
+#include "display/plot_printing.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/buffer_picker.h"
+
+namespace koprax {
+
+namespace {
+
+/// The buffers that the plot at work shows, as a selection.
+BufferSelection ShownSelection(const Workspace& data) {
+  BufferSelection selection{};
+  for (const int slot : ShownSlots(data)) {
+    selection[static_cast<std::size_t>(slot)] = 1;
+  }
+  return selection;
+}
+
+Message Refusal(std::string text) {
+  return {.Text = std::move(text), .Title = "Error", .Icon = MessageIcon::Stop};
+}
+
+}  // namespace
+
+void ShowSeveralProfiles(const WindowContext& context) {
+  auto plan = PlanMultiProfile(context.Data, context.Data.SelBuf);
+  if (const auto* refusal = std::get_if<Message>(&plan)) {
+    context.Desk.Host().MsgBox(*refusal);
+    return;
+  }
+  if (const auto open = std::dynamic_pointer_cast<Form2>(context.Desk.Find("Form2"))) {
+    open->CloseActingWindows();
+  }
+  context.Data.MultiOp = false;
+  TakeMultiProfile(context.Data, std::get<MultiProfile>(plan));
+  context.Desk.Load<Form2>(context)->ShowPlot();
+}
+
+Form2::Form2(const WindowContext& context) : Form(context.Desk, "Form2", "Multiprofile"), context_(context) {
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+void Form2::ArrangeControls() {
+  LayoutNode plot = Column({Stretched(Picture1), Row({Stretched(Text6), Stretched(Text7)}),
+                            Row({Stretched(Text3), Stretched(Text4)})});
+  LayoutNode commands =
+      Column({Grid(2, {Stretched(cmdZoom), cmdZoomGuide, cmdMod, Command3, cmdSave, Command5, Command1,
+                       Command2, cmdBitMap, Command4, cmdMain, Command6}),
+              Space(), KeepingRoom(optOK), KeepingRoom(optNO)});
+  SetLayout(Column({Stretched(Row({Stretched(std::move(plot)), std::move(commands)})), Picture2}), true);
+}
+
+void Form2::ConnectHandlers() {
+  cmdZoom.OnClick = [this] { StartSelection(); };
+  cmdMod.OnClick = [this] { StartArithmetic(); };
+  cmdSave.OnClick = [this] { SaveBuffer(); };
+  Command1.OnClick = [this] { PrintSeveralProfiles(context_); };
+  cmdBitMap.OnClick = [this] { OpenBitmapWindow(context_, 2); };
+  cmdMain.OnClick = [this] { ReturnToMainMenu(); };
+  optOK.OnClick = [this] { AcceptSelection(); };
+  optNO.OnClick = [this] { CancelSelection(); };
+  Picture1.OnMouseDown = [this](MouseButton, float x, float y) { MousePressed(x, y); };
+  Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
+  Picture1.OnMouseUp = [this](MouseButton, float x, float) { MouseReleased(x); };
+}
+
+void Form2::OnLoad() {
+  HideSelection();
+  EnableArithmetic();
+}
+
+void Form2::ShowPlot() {
+  Workspace& data = context_.Data;
+  Show();
+  DrawMultiProfile(data, Picture1, [this](const Message& message) { Tell(message); });
+  DrawLegend(data, Picture2);
+  state_.Drawn = data.Plot.ScaleY != 0;
+  ShowRange({.Low = data.PlotXMin, .High = data.PlotXMax});
+}
+
+void Form2::CloseActingWindows() {
+  if (const auto arithmetic = state_.Arithmetic.lock()) {
+    arithmetic->Unload();
+  }
+  if (const auto zoom = state_.Zoom.lock()) {
+    zoom->Unload();
+  }
+}
+
+/// The formulas are made for two profiles.
+void Form2::EnableArithmetic() { cmdMod.Enabled = ShownSlots(context_.Data).size() <= 2; }
+
+void Form2::EnableOutput(bool enabled) { Command1.Enabled = cmdBitMap.Enabled = cmdSave.Enabled = enabled; }
+
+void Form2::ShowRange(const XRange& range) {
+  Text6.Text = "xmin " + GeneralText(range.Low);
+  Text7.Text = "xmax " + GeneralText(range.High);
+}
+
+void Form2::ReturnToMainMenu() {
+  Picture1.Cls();
+  CloseActingWindows();
+  context_.Data.MultiOp = false;
+  Unload();
+  context_.Data.NumSelected = 1;
+  context_.Main.ShowMainMenu();
+}
+
+void Form2::Tell(const Message& message) const { Desk().Host().MsgBox(message); }
+
+// Arithmetic, and saving what it has changed.
+
+void Form2::StartArithmetic() {
+  Workspace& data = context_.Data;
+  const std::vector<int> slots = ShownSlots(data);
+  if (slots.size() != 2) {
+    Tell(
+        Refusal("Arithmetic takes two profiles, and one of this plot has been erased.\r\n"
+                "Display two profiles first."));
+    return;
+  }
+  CloseZoom();
+  data.SelBuf = ShownSelection(data);  // a picker that has been opened meanwhile has its own idea of it
+  const auto while_loaded = [this](void (Form2::*act)()) {
+    return WhileLoaded(std::function<void()>([this, act] { (this->*act)(); }));
+  };
+  OpenArithmetic(context_, {.Profiles = static_cast<int>(slots.size()),
+                            .Opener = weak_from_this(),
+                            .Redraw = while_loaded(&Form2::DrawAgain),
+                            .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
+                            .ResultLeft = while_loaded(&Form2::LeaveResult)});
+  state_.Arithmetic = Desk().Find("Form8");
+}
+
+void Form2::DrawAgain() {
+  Workspace& data = context_.Data;
+  CloseZoom();
+  Picture1.Cls();
+  Picture2.Cls();
+  state_.Drawn = false;
+  const auto plan = PlanMultiProfile(data, ShownSelection(data));
+  if (const auto* refusal = std::get_if<Message>(&plan)) {
+    Tell(*refusal);
+    return;
+  }
+  TakeMultiProfile(data, std::get<MultiProfile>(plan));
+  ShowPlot();
+}
+
+/// The window of a result has drawn over the transform.
+void Form2::LeaveResult() {
+  Show();
+  cmdMain.Enabled = cmdZoom.Enabled = true;
+  EnableArithmetic();
+  SetPlotScale(context_.Data, LimitsOfDrawing(context_.Data));
+}
+
+bool Form2::PickBuffer() {
+  bool picked = false;
+  PickerActions actions;
+  actions.Chosen = [&picked](Form&, const std::vector<int>&) { picked = true; };
+  Desk().Load<BufferPicker>(context_, pickers::SeveralSaved, std::move(actions))->ShowModal();
+  return picked;
+}
+
+std::optional<Message> Form2::WhyNotSaved() const {
+  const ProfileBuffer& buffer = context_.Data.Current();
+  const std::string name = "Buffer " + buffer.BufLetter;
+  if (ShownSelection(context_.Data)[static_cast<std::size_t>(context_.Data.CurBuf)] == 0) {
+    return Refusal(name + " is none of those shown in this plot.\r\nChoose one of the plot.");
+  }
+  if (buffer.Empty() || buffer.WorkNpts == 0) {
+    return Refusal(name + " holds no points that could be saved.\r\nChoose another one of the plot.");
+  }
+  return std::nullopt;
+}
+
+/// A save that is given up, or refused, leaves everything as it was.
+void Form2::SaveBuffer() {
+  Workspace& data = context_.Data;
+  const std::int16_t buffer_before = data.CurBuf;
+  const bool picked = PickBuffer();
+  const std::optional<Message> refusal = picked ? WhyNotSaved() : std::nullopt;
+  if (picked && !refusal) {
+    SaveShownProfile(data.Current());
+    return;
+  }
+  if (refusal) {
+    Tell(*refusal);
+  }
+  data.CurBuf = buffer_before;
+}
+
+}  // namespace koprax

@@ -1,0 +1,198 @@
+// What the mouse does over the picture of the Multiprofile window: the read-out, and the selection of the
+// part that opens in the zoom window.
+#include <cstddef>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "display/multi_profile.h"
+#include "display/plot_axes.h"
+#include "display/profile_sum.h"
+#include "display/rubber_band.h"
+#include "display/several_profiles_window.h"
+#include "display/zoom_window.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/buffer_commands.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr float BandSize = 2.38F;     // of the resting rubber band, in units of the picture
+constexpr float RestingBandEdge = 3;  // left and top of the band as a selection starts
+
+/// The points of the temporary copy that lie within the range.
+ZoomedCurve ZoomedPart(const ProfileBuffer& buffer, const XRange& range) {
+  ZoomedCurve part{.X = PointTable(1),
+                   .Y = PointTable(1),
+                   .Count = 0,
+                   .CurveColour = static_cast<Colour>(buffer.BufColor),
+                   .Sticks = buffer.IsCard()};
+  for (std::size_t i = 1; i <= static_cast<std::size_t>(buffer.WorkNpts); ++i) {
+    if (range.Holds(buffer.WorkX[i])) {
+      part.X.push_back(buffer.WorkX[i]);
+      part.Y.push_back(buffer.WorkY[i]);
+      ++part.Count;
+    }
+  }
+  return part;
+}
+
+XRange InDecimals(const XRange& range, int decimals) {
+  return {.Low = RoundDecimals(range.Low, decimals), .High = RoundDecimals(range.High, decimals)};
+}
+
+}  // namespace
+
+void Form2::StartSelection() {
+  if (!state_.Drawn) {
+    Tell(NothingToSelectFrom());
+    return;
+  }
+  CloseZoom();
+  if (!state_.ZoomSelecting) {
+    state_.DragActive = state_.IgnoreUp = false;
+  }
+  state_.ZoomSelecting = true;
+  cmdMod.Enabled = cmdMain.Enabled = false;
+  EnableOutput(false);
+  Shape1.Visible = true;
+  Shape1.Top = RestingBandEdge;
+  Shape1.Left = RestingBandEdge;
+  optNO.Value = false;
+  optOK.Value = false;
+  Picture1.MousePointer = Pointer::Cross;
+}
+
+void Form2::MousePressed(float x, float y) {
+  state_.DragActive = true;
+  optOK.Visible = optNO.Visible = false;
+  Picture1.MoveTo(x, y);
+  if (state_.ZoomSelecting && !StartRubberBand(context_.Data.Plot, Shape1, x, y)) {
+    state_.IgnoreUp = true;
+  }
+}
+
+void Form2::MouseMoved(float x, float y) {
+  if (!state_.Drawn) {
+    return;
+  }
+  const Workspace& data = context_.Data;
+  const PlotTransform& plot = data.Plot;
+  const float picture_x = ClampedX(plot, x);
+  const double value = data.PlotXMin + (static_cast<double>(picture_x) - plot.PlotLeft) / plot.ScaleX;
+  Text3.Text = "x = " + GeneralText(value);
+  const float base = PlotBase(plot, context_.Data.Current().NegativeY == 1);
+  Text4.Text = "y = " + GeneralText(DataY(plot, ClampedY(plot, y), base));
+  if (state_.DragActive && state_.ZoomSelecting) {
+    FollowMouse(plot, Shape1, picture_x);
+  }
+}
+
+void Form2::MouseReleased(float x) {
+  state_.DragActive = false;
+  if (!state_.ZoomSelecting) {
+    return;
+  }
+  if (state_.IgnoreUp) {
+    state_.IgnoreUp = false;
+    return;
+  }
+  optOK.Visible = optNO.Visible = true;
+  Picture1.MousePointer = Pointer::Arrow;
+  const Workspace& data = context_.Data;
+  const XRange range = AsShown(SelectedX(data.Plot, Shape1, x, data.PlotXMin, data.PlotXMax));
+  state_.SelXLow = range.Low;
+  state_.SelXHigh = range.High;
+  state_.SelYTop = SelectedTop(data.Plot, Shape1);
+  ShowRange(range);
+}
+
+PlotLimits Form2::SelectedLimits() const {
+  return {.XMin = state_.SelXLow,
+          .XMax = state_.SelXHigh,
+          .YMin = context_.Data.PlotYMin,
+          .YMax = state_.SelYTop};
+}
+
+/// A press on the X axis, or a drag to the left, selects a part that no plot can show.
+std::optional<Message> Form2::WhyNoZoom() const {
+  const PlotLimits limits = SelectedLimits();
+  const bool spans_x = limits.XMin < limits.XMax;
+  const bool spans_y = limits.YMax > (ReachesBelowZero(limits) ? limits.YMin : 0);
+  if (spans_x && spans_y) {
+    return std::nullopt;
+  }
+  return Message{.Text = std::string("The selection holds no range of ") + (spans_x ? "Y" : "X") +
+                         ".\r\nDrag the mouse from the upper left corner of a part to its right end.",
+                 .Title = "Warning",
+                 .Icon = MessageIcon::Information};
+}
+
+void Form2::AcceptSelection() {
+  if (const std::optional<Message> refusal = WhyNoZoom()) {
+    optOK.Value = false;
+    Tell(*refusal);
+    return;
+  }
+  state_.ZoomSelecting = false;
+  cmdZoom.Enabled = cmdMain.Enabled = true;
+  EnableArithmetic();
+  HideSelection();
+  Shape1.Width = BandSize;
+  OpenZoom();
+}
+
+void Form2::CancelSelection() {
+  state_.ZoomSelecting = false;
+  HideSelection();
+  Shape1.Height = BandSize;
+  cmdMain.Enabled = cmdZoom.Enabled = true;
+  EnableOutput(true);
+  EnableArithmetic();
+}
+
+void Form2::HideSelection() { optOK.Visible = optNO.Visible = Shape1.Visible = false; }
+
+/// CurBuf ends at the last buffer of the plot.
+void Form2::OpenZoom() {
+  Workspace& data = context_.Data;
+  if (const auto of_the_explorer = Desk().Find("Form15")) {
+    of_the_explorer->CloseBox();
+  }
+  const PlotLimits limits = SelectedLimits();
+  ZoomOpening opening{.Limits = limits, .Curves = {}};
+  for (const int slot : ShownSlots(data)) {
+    MakeCurrent(context_, slot);
+    opening.Curves.push_back(ZoomedPart(data.Current(), {.Low = limits.XMin, .High = limits.XMax}));
+  }
+  opening.Cancelled = WhileLoaded(std::function<void()>([this] { LeaveZoom(); }));
+  opening.DrawLegend = [&data](Surface& legend) { koprax::DrawLegend(data, legend); };
+  state_.Zoom = OpenZoomWindow(context_, std::move(opening));
+  ShareFrame(data, limits);
+}
+
+/// The zoom window has drawn over the transform.
+void Form2::LeaveZoom() {
+  Workspace& data = context_.Data;
+  Show();
+  if (!Desk().Find("Form30")) {  // where a result still waits to be saved
+    ResetComputedProfile(data);
+  }
+  cmdMain.Enabled = cmdZoom.Enabled = true;
+  EnableOutput(true);
+  EnableArithmetic();
+  data.ZoomMode = false;
+  const PlotLimits limits = LimitsOfDrawing(data);
+  SetPlotScale(data, limits);
+  ShowRange(InDecimals({.Low = limits.XMin, .High = limits.XMax}, 3));
+}
+
+void Form2::CloseZoom() {
+  if (const auto zoom = state_.Zoom.lock(); zoom && zoom->Loaded()) {
+    zoom->CloseBox();
+  }
+}
+
+}  // namespace koprax
