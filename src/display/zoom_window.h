@@ -28,7 +28,7 @@ struct ZoomedCurve {
 /// list of CurBuf, it leads back by "Return"; without, by "Undo Zoom", and picks nothing.
 struct ZoomOpening {
   PlotLimits Limits;  ///< XMin and XMax differ
-  std::vector<ZoomedCurve> Curves;
+  std::vector<ZoomedCurve> Curves{};
   std::vector<PeakPosition> Peaks{};  ///< those that are marked from the start
   std::function<void(const PeakPick&)> Picked{};
   std::function<void()> Returned{};
