@@ -24,11 +24,7 @@ constexpr const char* ExplorerCaption = "Manual Explorer";
 
 void Form6::StartSelection(DisplayMode mode) {
   if (!state_.Drawn) {
-    Desk().Host().MsgBox(
-        {.Text = "There is no plot in which a part could be selected.\r\nDisplay a profile with a "
-                 "range of X and of intensity first.",
-         .Title = "Warning",
-         .Icon = MessageIcon::Information});
+    Desk().Host().MsgBox(NothingToSelectFrom());
     return;
   }
   if (!Selecting()) {
@@ -86,15 +82,12 @@ void Form6::ReleaseInSelection(float x) {
   ShowSelectedRange(range);
 }
 
-/// The range is taken as it is shown: what its text leaves out is left out of the numbers, too.
 void Form6::ShowSelectedRange(const XRange& range) {
-  const auto shown = [](float x) { return GeneralText(RoundDecimals(x, 3)); };
-  const std::string low = shown(range.Low);
-  const std::string high = shown(range.High);
-  state_.SelXLow = static_cast<float>(LeadingNumber(low));
-  state_.SelXHigh = static_cast<float>(LeadingNumber(high));
-  Text6.Text = "xmin " + low;
-  Text7.Text = "xmax " + high;
+  const XRange shown = AsShown(range);
+  state_.SelXLow = shown.Low;
+  state_.SelXHigh = shown.High;
+  Text6.Text = "xmin " + GeneralText(shown.Low);
+  Text7.Text = "xmax " + GeneralText(shown.High);
 }
 
 void Form6::AcceptSelection() {

@@ -183,7 +183,6 @@ void Form2::LeaveZoom() {
   cmdMain.Enabled = cmdZoom.Enabled = true;
   EnableOutput(true);
   EnableArithmetic();
-  data.ZoomMode = false;
   const PlotLimits limits = LimitsOfDrawing(data);
   SetPlotScale(data, limits);
   ShowRange(InDecimals({.Low = limits.XMin, .High = limits.XMax}, 3));
