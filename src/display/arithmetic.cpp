@@ -25,11 +25,17 @@ bool Note(OperationResult& result, float value) {
   return true;
 }
 
-/// Computes one new value a point, from points 1 to `count`.
-template <class Operation>
-OperationResult ForEachPoint(const PointTable& from, PointTable& to, int count, Operation operation) {
+/// Computes one new value a point, from points 1 to `count`. Before each the hindrance tells whether the
+/// operation can go on from the old value.
+template <class Hindrance, class Operation>
+OperationResult ForEachPoint(const PointTable& from, PointTable& to, int count, Hindrance hindrance,
+                             Operation operation) {
   OperationResult result;
   for (std::size_t i = 1; i <= static_cast<std::size_t>(count); ++i) {
+    result.End = hindrance(from[i]);
+    if (result.End != OperationEnd::Complete) {
+      break;
+    }
     to[i] = operation(from[i]);
     if (!Note(result, to[i])) {
       break;
@@ -38,23 +44,7 @@ OperationResult ForEachPoint(const PointTable& from, PointTable& to, int count, 
   return result;
 }
 
-/// The same, where a value may be one at which the operation ends before it.
-template <class Hindrance, class Operation>
-OperationResult ForEachPointUnless(const ProfileBuffer& buffer, PointTable& to, Hindrance hindrance,
-                                   Operation operation) {
-  OperationResult result;
-  for (std::size_t i = 1; i <= static_cast<std::size_t>(buffer.WorkNpts); ++i) {
-    result.End = hindrance(buffer.WorkY[i]);
-    if (result.End != OperationEnd::Complete) {
-      break;
-    }
-    to[i] = static_cast<float>(operation(static_cast<double>(buffer.WorkY[i])));
-    if (!Note(result, to[i])) {
-      break;
-    }
-  }
-  return result;
-}
+OperationEnd NoHindrance(float /*value*/) { return OperationEnd::Complete; }
 
 float NewTop(float old_top, const OperationResult& result, TopOfScale top) {
   switch (top) {
@@ -74,15 +64,18 @@ float NewTop(float old_top, const OperationResult& result, TopOfScale top) {
 }  // namespace
 
 OperationResult AddToY(Workspace& data, const ProfileBuffer& buffer, float k) {
-  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, [k](float y) { return y + k; });
+  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, NoHindrance,
+                      [k](float y) { return y + k; });
 }
 
 OperationResult MultiplyY(Workspace& data, const ProfileBuffer& buffer, float k) {
-  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, [k](float y) { return y * k; });
+  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, NoHindrance,
+                      [k](float y) { return y * k; });
 }
 
 OperationResult AddToX(Workspace& data, const ProfileBuffer& buffer, float k) {
-  return ForEachPoint(buffer.WorkX, data.ScratchX, buffer.WorkNpts, [k](float x) { return x + k; });
+  return ForEachPoint(buffer.WorkX, data.ScratchX, buffer.WorkNpts, NoHindrance,
+                      [k](float x) { return x + k; });
 }
 
 OperationResult ExponentialOfY(Workspace& data, const ProfileBuffer& buffer, const AskToGoOn& go_on) {
@@ -95,7 +88,8 @@ OperationResult ExponentialOfY(Workspace& data, const ProfileBuffer& buffer, con
     asked = true;
     return go_on() ? OperationEnd::Complete : OperationEnd::Declined;
   };
-  return ForEachPointUnless(buffer, data.ScratchY, hindrance, [](double y) { return std::exp(y); });
+  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, hindrance,
+                      [](float y) { return static_cast<float>(std::exp(static_cast<double>(y))); });
 }
 
 OperationResult LogarithmOfY(Workspace& data, const ProfileBuffer& buffer, const AskToGoOn& go_on) {
@@ -105,7 +99,8 @@ OperationResult LogarithmOfY(Workspace& data, const ProfileBuffer& buffer, const
     }
     return y >= SafeArgument || go_on() ? OperationEnd::Complete : OperationEnd::Declined;
   };
-  return ForEachPointUnless(buffer, data.ScratchY, hindrance, [](double y) { return std::log(y); });
+  return ForEachPoint(buffer.WorkY, data.ScratchY, buffer.WorkNpts, hindrance,
+                      [](float y) { return static_cast<float>(std::log(static_cast<double>(y))); });
 }
 
 void TakeNewY(Workspace& data, ProfileBuffer& buffer, const OperationResult& result, TopOfScale top) {

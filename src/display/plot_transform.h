@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <limits>
 
 #include "forms/control.h"
 #include "workspace/workspace.h"
@@ -20,6 +21,12 @@ struct PlotLimits {
 /// The limits of the current drawing.
 [[nodiscard]] inline PlotLimits LimitsOfDrawing(const Workspace& data) {
   return {.XMin = data.PlotXMin, .XMax = data.PlotXMax, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
+}
+
+/// Whether the limits leave a range of X to draw: one that runs upward, is not too narrow, and fits 32 bits.
+[[nodiscard]] inline bool SpansX(const PlotLimits& limits) {
+  const double span = static_cast<double>(limits.XMax) - limits.XMin;
+  return span >= 0.00001 && span <= std::numeric_limits<float>::max();
 }
 
 /// A plot picture: x from 0 at its left edge, y from 98 at its top edge and growing upward, in

@@ -1,18 +1,10 @@
 #include "display/profile_plot.h"
 
-#include <limits>
-
 #include "display/curve.h"
 #include "display/plot_axes.h"
 #include "forms/number_text.h"
 
 namespace koprax {
-
-namespace {
-
-constexpr double LeastXRange = 0.00001;
-
-}  // namespace
 
 bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& tell) {
   const ProfileBuffer& buffer = data.Buffer(slot);
@@ -20,11 +12,11 @@ bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& te
   data.PlotXMax = buffer.WorkXMax;
   data.PlotYMin = buffer.WorkYMin;
   data.PlotYMax = buffer.WorkYMax;
-  const double range = static_cast<double>(data.PlotXMax) - data.PlotXMin;
-  if (range < LeastXRange || range > std::numeric_limits<float>::max()) {
+  const PlotLimits limits = LimitsOfDrawing(data);
+  if (!SpansX(limits)) {
     return false;
   }
-  if (!DrawAxes(data, {data.PlotXMin, data.PlotXMax, data.PlotYMin, data.PlotYMax}, picture)) {
+  if (!DrawAxes(data, limits, picture)) {
     tell(NoYSpan());
   }
   DrawCurve(data.Plot, {buffer.WorkX, buffer.WorkY, buffer.WorkNpts},

@@ -1,0 +1,261 @@
+#include "display/arithmetic_window.h"
+
+#include <cmath>
+#include <utility>
+
+#include "display/computed_profile_window.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/buffer_commands.h"
+
+namespace koprax {
+
+void OpenArithmetic(const WindowContext& context, ArithmeticOpening opening) {
+  context.Desk.Load<Form8>(context, std::move(opening))->Show();
+}
+
+Form8::Form8(const WindowContext& context, ArithmeticOpening opening)
+    : Form(context.Desk, "Form8", "Mathematical manipulation"),
+      context_(context),
+      opening_(std::move(opening)) {
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+void Form8::ArrangeControls() {
+  SetLayout(Column({Framed(Frame1, Column({cmdAdd, cmdProd, cmdSumX, cmdExpY, cmdLogY})),
+                    Framed(Frame2, Column({Row({Label1, optY1, optY2, Space(), Command3}),
+                                           Grid(2, {Stretched(Command1), Command4,  //
+                                                    Stretched(Command2), Command6})})),
+                    Row({Space(), Command5})}));
+}
+
+void Form8::ConnectHandlers() {
+  const auto act = [this](void (Form8::*command)()) {
+    return [this, command] { Act([this, command] { (this->*command)(); }); };
+  };
+  cmdAdd.OnClick = act(&Form8::AddNumber);
+  cmdProd.OnClick = act(&Form8::MultiplyByNumber);
+  cmdSumX.OnClick = act(&Form8::ShiftX);
+  cmdExpY.OnClick = act(&Form8::TakeExponential);
+  cmdLogY.OnClick = act(&Form8::TakeLogarithm);
+  optY1.OnClick = [this] { Act([this] { ChooseY(optY1, &ProfilePair::First); }); };
+  optY2.OnClick = [this] { Act([this] { ChooseY(optY2, &ProfilePair::Second); }); };
+  Command1.OnClick = [this] { Act([this] { CombineBoth(TwoProfileOperation::Sum); }); };
+  Command2.OnClick = [this] { Act([this] { CombineBoth(TwoProfileOperation::Difference); }); };
+  Command5.OnClick = [this] { Cancel(); };
+}
+
+void Form8::OnLoad() {
+  const bool both = opening_.Profiles == 2;
+  pair_ = both ? SelectedPair(context_.Data) : std::nullopt;
+  Frame1.Enabled = opening_.Profiles == 1;
+  Frame2.Enabled = both;
+  context_.Data.MultiOp = false;
+}
+
+void Form8::Close() {
+  Unload();
+  context_.Data.MultiOp = false;
+}
+
+void Form8::Cancel() {
+  Close();
+  opening_.ComeBack();
+}
+
+void Form8::Act(const std::function<void()>& command) {
+  const auto opener = opening_.Opener.lock();
+  if (opener && opener->Loaded()) {
+    command();
+  } else {
+    Close();
+  }
+}
+
+// ---- What the commands work on -----------------------------------------------------------------------
+
+void Form8::ChooseY(OptionButton& option, int ProfilePair::*y) {
+  if (const auto pair = BothProfiles()) {
+    Frame1.Enabled = true;
+    MakeCurrent(context_, *pair.*y);
+    context_.Data.MultiOp = true;
+  } else {
+    option.Value = false;
+  }
+}
+
+std::optional<ProfilePair> Form8::BothProfiles() {
+  if (!pair_ || SelectedPair(context_.Data) != pair_) {
+    TellError("The two profiles of the plot are no longer those selected.\r\nDisplay two profiles anew.");
+    return std::nullopt;
+  }
+  return pair_;
+}
+
+ProfileBuffer* Form8::ProfileAtWork() {
+  if (context_.Data.MultiOp) {
+    // Another command may have taken up another buffer since Y was chosen.
+    const auto pair = BothProfiles();
+    if (!pair) {
+      return nullptr;
+    }
+    MakeCurrent(context_, optY1.Value ? pair->First : pair->Second);
+  }
+  ProfileBuffer& buffer = context_.Data.Current();
+  if (buffer.WorkNpts == 0) {
+    TellError("There are no points to work on.\r\nDisplay a profile that has points.");
+    return nullptr;
+  }
+  return &buffer;
+}
+
+std::optional<float> Form8::AskForNumber(const std::string& title) {
+  const std::string answer =
+      Desk().Host().InputBox({.Prompt = "Give K\r\n(real number)", .Title = title, .Default = "0"});
+  if (answer.empty()) {
+    return std::nullopt;
+  }
+  const auto number = static_cast<float>(LeadingNumber(answer));
+  if (!StartsWithNumber(answer) || !std::isfinite(number)) {
+    TellError("K is to be a real number, such as 0.5 or -1.2E3, of at most 3.4E+38 in size.\r\nIt was \"" +
+              answer + "\".");
+    return std::nullopt;
+  }
+  return number;
+}
+
+// ---- Single profile operations -----------------------------------------------------------------------
+
+void Form8::AddNumber() {
+  ProfileBuffer* const buffer = ProfileAtWork();
+  if (buffer == nullptr) {
+    return;
+  }
+  if (const auto k = AskForNumber("Y=Y+K")) {
+    TakeCheckedY(*buffer, AddToY(context_.Data, *buffer, *k));
+  }
+}
+
+void Form8::MultiplyByNumber() {
+  ProfileBuffer* const buffer = ProfileAtWork();
+  if (buffer == nullptr) {
+    return;
+  }
+  if (const auto k = AskForNumber("Y=Y*K")) {
+    TakeCheckedY(*buffer, MultiplyY(context_.Data, *buffer, *k));
+  }
+}
+
+/// The end of an operation whose outcome is looked at as a whole.
+void Form8::TakeCheckedY(ProfileBuffer& buffer, const OperationResult& result) {
+  if (result.End == OperationEnd::Beyond32Bits) {
+    TellBeyond32Bits();
+    Close();
+  } else if (result.AnyNegative && !Confirmed("Negative Y's generated.\r\ncontinue?")) {
+    Close();
+  } else {
+    TakeNewY(context_.Data, buffer, result, TopOfScale::NeverFalls);
+    Finish();
+  }
+}
+
+void Form8::ShiftX() {
+  ProfileBuffer* const buffer = ProfileAtWork();
+  if (buffer == nullptr) {
+    return;
+  }
+  const auto k = AskForNumber("Y=Y+K");  // the title is that of the sum, here too
+  if (!k) {
+    return;
+  }
+  const OperationResult result = AddToX(context_.Data, *buffer, *k);
+  if (result.End == OperationEnd::Beyond32Bits) {
+    TellBeyond32Bits();
+    Close();
+  } else if (result.AnyNegative &&
+             !Confirmed("Negative X's generated.\r\nThis portion of profile will be lost\r\ncontinue?")) {
+    Close();
+  } else {
+    TakeNewX(context_.Data, *buffer, result);
+    Finish();
+  }
+}
+
+void Form8::TakeExponential() {
+  if (ProfileBuffer* const buffer = ProfileAtWork()) {
+    const auto go_on = [this] {
+      return Confirmed("Danger!! Possible overflow or underflow on intensity data.\r\ncontinue?");
+    };
+    TakeAskedY(*buffer, ExponentialOfY(context_.Data, *buffer, go_on), TopOfScale::Highest);
+  }
+}
+
+void Form8::TakeLogarithm() {
+  if (ProfileBuffer* const buffer = ProfileAtWork()) {
+    const auto go_on = [this] {
+      return Confirmed("Warning!! Possible underflow on intensity data.\r\ncontinue?");
+    };
+    TakeAskedY(*buffer, LogarithmOfY(context_.Data, *buffer, go_on), TopOfScale::LogarithmOfOld);
+  }
+}
+
+/// The end of an operation that was asked about on its way.
+void Form8::TakeAskedY(ProfileBuffer& buffer, const OperationResult& result, TopOfScale top) {
+  if (result.End == OperationEnd::Complete) {
+    TakeNewY(context_.Data, buffer, result, top);
+    Finish();
+    return;
+  }
+  if (result.End == OperationEnd::NotPositive) {
+    Desk().Host().MsgBox({.Text = "Negative or null argument for \"ln\" function",
+                          .Title = "Error",
+                          .Icon = MessageIcon::Exclamation});
+  } else if (result.End == OperationEnd::Beyond32Bits) {
+    TellBeyond32Bits();
+  }
+  Cancel();
+}
+
+/// The plot of several profiles has to know, as it is drawn anew, that an operation was made on one of them.
+void Form8::Finish() {
+  Unload();
+  opening_.Redraw();
+  context_.Data.MultiOp = false;
+}
+
+// ---- Two profiles ------------------------------------------------------------------------------------
+
+void Form8::CombineBoth(TwoProfileOperation operation) {
+  const auto pair = BothProfiles();
+  if (!pair) {
+    return;
+  }
+  if (const auto refusal = CombineProfiles(context_.Data, *pair, operation)) {
+    Desk().Host().MsgBox(*refusal);
+  } else {
+    MakeCurrent(context_, pair->First);
+    OpenComputedProfile(context_, {.Operation = operation, .Sources = *pair, .Left = opening_.ResultLeft});
+  }
+  Close();
+}
+
+// ---- What the user is told ---------------------------------------------------------------------------
+
+bool Form8::Confirmed(const std::string& warning) {
+  return Desk().Host().MsgBox({.Text = warning,
+                               .Title = "Warning",
+                               .Buttons = MessageButtons::YesNo,
+                               .Icon = MessageIcon::Question}) == MessageAnswer::Yes;
+}
+
+void Form8::TellError(const std::string& text) {
+  Desk().Host().MsgBox({.Text = text, .Title = "Error", .Icon = MessageIcon::Stop});
+}
+
+void Form8::TellBeyond32Bits() {
+  TellError(
+      "The operation gives numbers beyond 3.4E+38, which a profile can't hold.\r\nNothing was changed.");
+}
+
+}  // namespace koprax
