@@ -34,8 +34,8 @@ void Form8::ConnectHandlers() {
   const auto act = [this](void (Form8::*command)()) {
     return [this, command] { Act([this, command] { (this->*command)(); }); };
   };
-  cmdAdd.OnClick = act(&Form8::AddNumber);
-  cmdProd.OnClick = act(&Form8::MultiplyByNumber);
+  cmdAdd.OnClick = [this] { Act([this] { ChangeY("Y=Y+K", AddToY); }); };
+  cmdProd.OnClick = [this] { Act([this] { ChangeY("Y=Y*K", MultiplyY); }); };
   cmdSumX.OnClick = act(&Form8::ShiftX);
   cmdExpY.OnClick = act(&Form8::TakeExponential);
   cmdLogY.OnClick = act(&Form8::TakeLogarithm);
@@ -54,13 +54,8 @@ void Form8::OnLoad() {
   context_.Data.MultiOp = false;
 }
 
-void Form8::Close() {
-  Unload();
-  context_.Data.MultiOp = false;
-}
-
 void Form8::Cancel() {
-  Close();
+  Unload();
   opening_.ComeBack();
 }
 
@@ -69,7 +64,7 @@ void Form8::Act(const std::function<void()>& command) {
   if (opener && opener->Loaded()) {
     command();
   } else {
-    Close();
+    Unload();
   }
 }
 
@@ -127,55 +122,39 @@ std::optional<float> Form8::AskForNumber(const std::string& title) {
 
 // ---- Single profile operations -----------------------------------------------------------------------
 
-void Form8::AddNumber() {
+/// Y + K or Y * K.
+void Form8::ChangeY(const std::string& title,
+                    OperationResult (*operation)(Workspace&, const ProfileBuffer&, float)) {
   ProfileBuffer* const buffer = ProfileAtWork();
-  if (buffer == nullptr) {
+  const auto k = buffer != nullptr ? AskForNumber(title) : std::nullopt;
+  if (!k) {
     return;
   }
-  if (const auto k = AskForNumber("Y=Y+K")) {
-    TakeCheckedY(*buffer, AddToY(context_.Data, *buffer, *k));
-  }
-}
-
-void Form8::MultiplyByNumber() {
-  ProfileBuffer* const buffer = ProfileAtWork();
-  if (buffer == nullptr) {
-    return;
-  }
-  if (const auto k = AskForNumber("Y=Y*K")) {
-    TakeCheckedY(*buffer, MultiplyY(context_.Data, *buffer, *k));
-  }
-}
-
-/// The end of an operation whose outcome is looked at as a whole.
-void Form8::TakeCheckedY(ProfileBuffer& buffer, const OperationResult& result) {
+  const OperationResult result = operation(context_.Data, *buffer, *k);
   if (result.End == OperationEnd::Beyond32Bits) {
     TellBeyond32Bits();
-    Close();
+    Unload();
   } else if (result.AnyNegative && !Confirmed("Negative Y's generated.\r\ncontinue?")) {
-    Close();
+    Unload();
   } else {
-    TakeNewY(context_.Data, buffer, result, TopOfScale::NeverFalls);
+    TakeNewY(context_.Data, *buffer, result, TopOfScale::NeverFalls);
     Finish();
   }
 }
 
 void Form8::ShiftX() {
   ProfileBuffer* const buffer = ProfileAtWork();
-  if (buffer == nullptr) {
-    return;
-  }
-  const auto k = AskForNumber("Y=Y+K");  // the title is that of the sum, here too
+  const auto k = buffer != nullptr ? AskForNumber("Y=Y+K") : std::nullopt;  // the title of the sum, here too
   if (!k) {
     return;
   }
   const OperationResult result = AddToX(context_.Data, *buffer, *k);
   if (result.End == OperationEnd::Beyond32Bits) {
     TellBeyond32Bits();
-    Close();
+    Unload();
   } else if (result.AnyNegative &&
              !Confirmed("Negative X's generated.\r\nThis portion of profile will be lost\r\ncontinue?")) {
-    Close();
+    Unload();
   } else {
     TakeNewX(context_.Data, *buffer, result);
     Finish();
@@ -219,7 +198,9 @@ void Form8::TakeAskedY(ProfileBuffer& buffer, const OperationResult& result, Top
 
 /// The plot of several profiles has to know, as it is drawn anew, that an operation was made on one of them.
 void Form8::Finish() {
+  const bool on_one_of_several = context_.Data.MultiOp;
   Unload();
+  context_.Data.MultiOp = on_one_of_several;
   opening_.Redraw();
   context_.Data.MultiOp = false;
 }
@@ -237,7 +218,7 @@ void Form8::CombineBoth(TwoProfileOperation operation) {
     MakeCurrent(context_, pair->First);
     OpenComputedProfile(context_, {.Operation = operation, .Sources = *pair, .Left = opening_.ResultLeft});
   }
-  Close();
+  Unload();
 }
 
 // ---- What the user is told ---------------------------------------------------------------------------

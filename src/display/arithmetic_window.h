@@ -35,16 +35,16 @@ class Form8 final : public Form {
 
  private:
   void OnLoad() override;
+  /// No operation is under way any more.
+  void OnUnload() override { context_.Data.MultiOp = false; }
   void OnCloseBox() override { Cancel(); }
   void ArrangeControls();
   void ConnectHandlers();
 
-  /// Closes the window; no operation is under way any more.
-  void Close();
   void Cancel();
   void ChooseY(OptionButton& option, int ProfilePair::*y);
-  void AddNumber();
-  void MultiplyByNumber();
+  void ChangeY(const std::string& title,
+               OperationResult (*operation)(Workspace&, const ProfileBuffer&, float));
   void ShiftX();
   void TakeExponential();
   void TakeLogarithm();
@@ -61,7 +61,6 @@ class Form8 final : public Form {
   [[nodiscard]] bool Confirmed(const std::string& warning);
   void TellError(const std::string& text);
   void TellBeyond32Bits();
-  void TakeCheckedY(ProfileBuffer& buffer, const OperationResult& result);
   void TakeAskedY(ProfileBuffer& buffer, const OperationResult& result, TopOfScale top);
   void Finish();
 

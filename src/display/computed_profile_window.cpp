@@ -20,7 +20,6 @@ constexpr double LargestDegreeStep = 0.98;  // the read-out takes a larger step 
 }  // namespace
 
 void OpenComputedProfile(const WindowContext& context, ComputedProfileOpening opening) {
-  context.Desk.Unload(pickers::ComputedProfile.Name);  // it would save what is no more
   const auto window = context.Desk.Load<Form30>(context, std::move(opening));
   window->Show();
   window->DrawResult();
@@ -35,6 +34,9 @@ Form30::Form30(const WindowContext& context, ComputedProfileOpening opening)
   cmdCancel.OnClick = [this] { Return(); };
   Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
 }
+
+/// The picker would save what is no more.
+void Form30::OnUnload() { Desk().Unload(pickers::ComputedProfile.Name); }
 
 void Form30::DrawResult() {
   const bool drawn = DrawComputedProfile(context_.Data, opening_.Operation, Picture1,
@@ -77,7 +79,6 @@ void Form30::OpenPicker() {
 
 void Form30::Return() {
   Unload();
-  Desk().Unload(pickers::ComputedProfile.Name);
   ResetComputedProfile(context_.Data);
   opening_.Left();
 }

@@ -28,6 +28,7 @@ class Form30 final : public Form {
   void DrawResult();
 
  private:
+  void OnUnload() override;
   void OnCloseBox() override { Return(); }
   void ShowReadOut(float x, float y);
   void OpenPicker();
