@@ -4,6 +4,7 @@
 
 #include "cards/card_window.h"
 #include "display/display_window.h"
+#include "display/several_profiles_window.h"
 #include "files/file_choice.h"
 #include "files/format_window.h"
 #include "files/load_pipeline.h"
@@ -95,7 +96,7 @@ class Workbench::Windows final : public MainServices,
     return window->ShowProfile(slot);
   }
 
-  void ShowSeveralProfiles() override {}
+  void ShowSeveralProfiles() override { koprax::ShowSeveralProfiles(context_); }
 
   void OpenCardWindow() override { context_.Desk.Load<Form34>(context_)->Show(); }
 
@@ -124,6 +125,7 @@ Workspace& Workbench::Data() { return data_; }
 const std::vector<std::string>& Workbench::FormNames() {
   static const std::vector<std::string> names{
       "Form1",
+      "Form2",
       title_windows::SavedProfile.Name,
       "Form4",
       "Form5",
@@ -133,6 +135,7 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::Profile.Name,
       pickers::Display.Name,
       title_windows::ComputedProfile.Name,
+      "Form15",
       pickers::Calibration.Name,
       pickers::Erase.Name,
       pickers::SmoothedResult.Name,

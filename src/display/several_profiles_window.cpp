@@ -43,10 +43,7 @@ void ShowSeveralProfiles(const WindowContext& context) {
     context.Desk.Host().MsgBox(*refusal);
     return;
   }
-  if (const auto open = std::dynamic_pointer_cast<Form2>(context.Desk.Find("Form2"))) {
-    open->CloseActingWindows();
-  }
-  context.Data.MultiOp = false;
+  context.Desk.Unload("Form2");  // and what acts for it, which the new plot must not take over
   TakeMultiProfile(context.Data, std::get<MultiProfile>(plan));
   context.Desk.Load<Form2>(context)->ShowPlot();
 }
@@ -94,7 +91,7 @@ void Form2::ShowPlot() {
   ShowRange({.Low = data.PlotXMin, .High = data.PlotXMax});
 }
 
-void Form2::CloseActingWindows() {
+void Form2::OnUnload() {
   if (const auto arithmetic = state_.Arithmetic.lock()) {
     arithmetic->Unload();
   }
@@ -115,8 +112,6 @@ void Form2::ShowRange(const XRange& range) {
 
 void Form2::ReturnToMainMenu() {
   Picture1.Cls();
-  CloseActingWindows();
-  context_.Data.MultiOp = false;
   Unload();
   context_.Data.NumSelected = 1;
   context_.Main.ShowMainMenu();

@@ -25,13 +25,13 @@ class Form2 final : public Form {
 
   /// Shows the window and draws the plot at work.
   void ShowPlot();
-  /// Closes the windows that this one has opened and that act for it.
-  void CloseActingWindows();
 
   [[nodiscard]] bool MayClose() const override { return cmdMain.Enabled; }
 
  private:
   void OnLoad() override;
+  /// The windows that act for this one go with it.
+  void OnUnload() override;
   void OnCloseBox() override { ReturnToMainMenu(); }
 
   void ArrangeControls();
