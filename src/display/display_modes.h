@@ -20,6 +20,8 @@ enum class DisplayMode {
   EditLeft,
   Explorer,
   ExplorerPaused,
+  ExplorerZoomCancelled,
+  ExplorerZoomLeft,
   ExplorerLeft,
 };
 

@@ -1,5 +1,6 @@
 // The window as a whole: its making, the plot, the wavelength prompt, the way back into the buffer. What
-// the mouse does stands in display_window_mouse.cpp, Edit mode in display_window_edit.cpp.
+// the mouse does stands in display_window_mouse.cpp, Edit mode in display_window_edit.cpp, Manual Explorer in
+// display_window_explorer.cpp.
 #include "display/display_window.h"
 
 #include <cmath>
@@ -7,7 +8,10 @@
 #include <cstdint>
 #include <functional>
 
+#include "display/arithmetic_window.h"
+#include "display/bitmap_window.h"
 #include "display/plot_axes.h"
+#include "display/plot_printing.h"
 #include "display/profile_plot.h"
 #include "files/calibration_commands.h"
 #include "files/calibration_file.h"
@@ -82,7 +86,12 @@ void Form6::ConnectHandlers() {
   cmdEdit.OnClick = [this] { StartSelection(DisplayMode::EditSelection); };
   cmdSave.OnClick = [this] { SaveProfile(); };
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
-  cmdManExpl.OnClick = [this] { StartOrResumeExplorer(); };
+  cmdMod.OnClick = [this] { StartArithmetic(); };
+  cmdPrint.OnClick = [this] { Print(); };
+  Command17.OnClick = [this] { SaveBitmap(); };
+  cmdManExpl.OnClick = [this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); };
+  cmdErsLaIt.OnClick = [this] { EraseLastPeak(); };
+  cmdClearPeaks.OnClick = [this] { ClearPeakList(); };
   cmdSavePeaks.OnClick = [this] { SavePeakListSorted(context_); };
   cmdExiManExp.OnClick = [this] { QuitExplorer(); };
   cmdEditOK.OnClick = [this] { ShowChanges(); };
@@ -117,6 +126,16 @@ void Form6::OnLoad() {
   }
 }
 
+/// What acts for this window goes with it.
+void Form6::OnUnload() {
+  if (const auto zoom = state_.Zoom.lock()) {
+    zoom->Unload();
+  }
+  if (const auto arithmetic = state_.Arithmetic.lock()) {
+    arithmetic->Unload();
+  }
+}
+
 void Form6::EnterMode(DisplayMode mode) {
   EnterDisplayMode(
       mode, {&cmdEdit, &cmdZoom, &cmdUnzoom, &cmdMod, &cmdSave, &cmdManExpl, &cmdMain, &cmdPrint, &Command17},
@@ -144,8 +163,12 @@ bool Form6::ShowProfile(int slot) {
 }
 
 void Form6::RedrawProfile() {
+  CloseZoom();
   Picture1.Cls();
   ShowProfile(context_.Data.CurBuf);
+  if (Frame4.Visible) {
+    MarkPeaks();
+  }
 }
 
 void Form6::FillBoxes(int slot) {
@@ -199,10 +222,13 @@ bool Form6::AskForCalibration() {
   }
   context_.Data.CalCancelled = 0;
   Buffer().Wavelength = 0;
+  if (Frame4.Visible) {
+    RubOutPeaks();
+  }
   Buffer().NPeaks = 0;
   Buffer().PeakListText = "";
   Text17.Text = "";
-  EnableListCommands(false);
+  EnableListCommands();
   return false;
 }
 
@@ -223,6 +249,38 @@ void Form6::AcceptWavelength() {
   }
   Frame3.Visible = Shape1.Visible = false;
   EnterMode(DisplayMode::PlainAfterPrompt);
+}
+
+void Form6::Print() {
+  if (HasPlot()) {
+    PrintProfile(context_);
+  }
+}
+
+void Form6::SaveBitmap() {
+  if (HasPlot()) {
+    OpenBitmapWindow(context_, 6);
+  }
+}
+
+/// Tells the user where there is none.
+bool Form6::HasPlot() {
+  if (!state_.Drawn) {
+    Desk().Host().MsgBox({.Text = "There is no plot.\r\nDisplay a profile with a range of X and of intensity "
+                                  "first.",
+                          .Title = "Warning",
+                          .Icon = MessageIcon::Information});
+  }
+  return state_.Drawn;
+}
+
+void Form6::StartArithmetic() {
+  OpenArithmetic(context_, {.Profiles = 1,
+                            .Opener = weak_from_this(),
+                            .Redraw = WhileLoaded(std::function<void()>([this] { RedrawProfile(); })),
+                            .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
+                            .ResultLeft = {}});
+  state_.Arithmetic = Desk().Find("Form8");
 }
 
 void Form6::SaveProfile() {

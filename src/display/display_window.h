@@ -2,13 +2,16 @@
 // temporary copy of CurBuf; only cmdSave writes it back to the permanent copy.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "display/display_modes.h"
 #include "display/edit_portion.h"
+#include "display/peak_picking.h"
 #include "display/plot_transform.h"
 #include "display/rubber_band.h"
+#include "display/zoom_window.h"
 #include "forms/form.h"
 #include "workspace/help_button.h"
 #include "workspace/services.h"
@@ -28,6 +31,7 @@ class Form6 final : public Form {
 
  private:
   void OnLoad() override;
+  void OnUnload() override;
   void OnCloseBox() override { ReturnToMainMenu(); }
 
   void ArrangeControls();
@@ -45,12 +49,18 @@ class Form6 final : public Form {
   [[nodiscard]] std::optional<float> TypedWavelength();
   [[nodiscard]] bool LacksCalibration() const;
   [[nodiscard]] bool AskForCalibration();
+  [[nodiscard]] bool HasPlot();
+  void Print();
+  void SaveBitmap();
+  void StartArithmetic();
   void SaveProfile();
   void ShowNewTitle();
   void ReturnToMainMenu();
 
   // The selection with the rubber band, for zoom and edit.
-  [[nodiscard]] bool Selecting() const { return context_.Data.ZoomMode || state_.EditMode; }
+  [[nodiscard]] bool Selecting() const {
+    return (context_.Data.ZoomMode || state_.EditMode) && !ZoomIsOpen();
+  }
   void StartSelection(DisplayMode mode);
   void PressInSelection(float x, float y);
   void ReleaseInSelection(float x);
@@ -80,12 +90,32 @@ class Form6 final : public Form {
   void ShowReadOut(float x, float y);
 
   // Manual Explorer.
-  void StartOrResumeExplorer();
+  [[nodiscard]] bool ExplorerPaused() const;
+  void StartExplorer();
+  void ResumeExplorer();
   void PauseExplorer();
   void QuitExplorer();
   void FollowExplorer(float picture_x, float x);
   void ResetCursorLine();
-  void EnableListCommands(bool enabled);
+  void EnableListCommands();
+
+  // The picked peaks.
+  void PickPeak(float x, float y);
+  void ShowPick(const PeakPick& pick);
+  void EraseLastPeak();
+  void ClearPeakList();
+  void MarkPeaks();
+  void RubOutPeak(int peak);
+  void RubOutPeaks();
+  [[nodiscard]] CurveOrigin Origin() const;
+
+  // The zoom of a paused explorer.
+  void ZoomFromExplorer();
+  void ReturnFromZoom();
+  void CloseZoom();
+  [[nodiscard]] bool ZoomIsOpen() const;
+  /// The transform of Picture1, also while the zoom has one of its own.
+  [[nodiscard]] const PlotTransform& ShownPlot() const;
 
   [[nodiscard]] ProfileBuffer& Buffer() const { return context_.Data.Current(); }
 
@@ -104,10 +134,11 @@ class Form6 final : public Form {
     std::string SavedText7;
     bool SavedUnzoomEnabled = false;
     bool SavedExplEnabled = false;
-    EditRange Edited;  ///< the portion in the list of Edit mode
-    std::string PickTheta;  ///< the values at the cursor of the explorer
-    std::string PickD;
-    std::string PickChannel;
+    EditRange Edited;   ///< the portion in the list of Edit mode
+    PeakPick AtCursor;  ///< what the explorer has read last; empty before the mouse has moved
+    PlotTransform PlotUnderZoom;
+    std::weak_ptr<Form15> Zoom;
+    std::weak_ptr<Form> Arithmetic;
   };
 
   WindowContext context_;

@@ -1,22 +1,18 @@
-// What the mouse does over the picture of the Display and Work window: the read-out, the selection for
-// zoom and edit, the cursor of Manual Explorer.
+// What the mouse does over the picture of the Display and Work window: the read-out, and the selection for
+// zoom and edit. Manual Explorer stands in display_window_explorer.cpp.
 #include "display/display_window.h"
 #include "display/zoom.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
-#include "workspace/bragg.h"
 #include "workspace/temporary_copy.h"
 
 namespace koprax {
 
 namespace {
 
-constexpr float BandSize = 2.38F;           // of the resting rubber band, in units of the picture
-constexpr float AcceptedBandSize = 2;       // after a selection has been accepted
-constexpr float RestingBandEdge = 3;        // left and top of the band as a selection starts
-constexpr double LargestDegreeStep = 0.98;  // the explorer takes a larger step for one of channels
-constexpr const char* ResumeCaption = "Resume";
-constexpr const char* ExplorerCaption = "Manual Explorer";
+constexpr float BandSize = 2.38F;      // of the resting rubber band, in units of the picture
+constexpr float AcceptedBandSize = 2;  // after a selection has been accepted
+constexpr float RestingBandEdge = 3;   // left and top of the band as a selection starts
 
 }  // namespace
 
@@ -27,6 +23,7 @@ void Form6::StartSelection(DisplayMode mode) {
     Desk().Host().MsgBox(NothingToSelectFrom());
     return;
   }
+  CloseZoom();
   if (!Selecting()) {
     state_.SavedYMax = Buffer().WorkYMax;
     state_.SavedText6 = Text6.Text;
@@ -76,7 +73,7 @@ void Form6::ReleaseInSelection(float x) {
   }
   state_.SelYTop = SelectedTop(plot, Shape1);
   state_.SelYBottom = Buffer().WorkYMin;
-  if (context_.Data.ZoomMode && cmdManExpl.Caption != ResumeCaption) {
+  if (context_.Data.ZoomMode && !ExplorerPaused()) {
     Buffer().WorkYMax = state_.SelYTop;
   }
   ShowSelectedRange(range);
@@ -93,8 +90,8 @@ void Form6::ShowSelectedRange(const XRange& range) {
 void Form6::AcceptSelection() {
   if (state_.EditMode) {
     AcceptEditRange();
-  } else if (cmdManExpl.Caption == ResumeCaption) {
-    CancelSelection();  // the explorer runs on the whole profile alone, so it is never cut under it
+  } else if (ExplorerPaused()) {
+    ZoomFromExplorer();
   } else {
     AcceptZoom();
   }
@@ -118,8 +115,7 @@ void Form6::CancelSelection() {
   Text6.Text = state_.SavedText6;
   Text7.Text = state_.SavedText7;
   if (Frame4.Visible) {  // the selection was made from a paused explorer
-    cmdSave.Enabled = cmdMod.Enabled = cmdEdit.Enabled = false;
-    cmdManExpl.Enabled = cmdMain.Enabled = true;
+    EnterMode(DisplayMode::ExplorerZoomCancelled);
     return;
   }
   EnterMode(DisplayMode::ZoomCancelled);
@@ -145,8 +141,12 @@ void Form6::UndoZoom() {
 void Form6::MousePressed(MouseButton button, float x, float y) {
   if (Selecting()) {
     PressInSelection(x, y);
-  } else if (context_.Data.ExplorerMode && !Frame3.Visible && button == MouseButton::Left) {
-    PauseExplorer();
+  } else if (context_.Data.ExplorerMode && !Frame3.Visible) {
+    if (button == MouseButton::Left) {
+      PauseExplorer();
+    } else {
+      PickPeak(x, y);
+    }
   }
 }
 
@@ -171,7 +171,7 @@ void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
 }
 
 void Form6::ShowReadOut(float x, float y) {
-  const PlotTransform& plot = context_.Data.Plot;
+  const PlotTransform& plot = ShownPlot();
   const float picture_x = ClampedX(plot, x);
   const float value = DataX(plot, picture_x, Buffer().WorkXMin);
   Text3.Text = "x = " + GeneralText(RoundDecimals(value, 4));
@@ -180,82 +180,6 @@ void Form6::ShowReadOut(float x, float y) {
   if (context_.Data.ExplorerMode && Buffer().Wavelength != 0) {
     FollowExplorer(picture_x, value);
   }
-}
-
-// Manual Explorer.
-
-void Form6::StartOrResumeExplorer() {
-  const bool any_peaks = Buffer().NPeaks > 0;
-  if (cmdManExpl.Caption == ResumeCaption) {
-    cmdManExpl.Caption = ExplorerCaption;
-    cmdZoom.Enabled = false;
-    Line1.Visible = true;
-    context_.Data.ExplorerMode = true;
-    Picture1.MousePointer = Pointer::Cross;
-    EnableListCommands(any_peaks);
-    return;
-  }
-  const bool ask_wavelength = Buffer().Wavelength == 0;
-  Frame3.Visible = ask_wavelength;
-  if (!ask_wavelength) {
-    Line1.Visible = Frame2.Visible = true;
-    Picture1.MousePointer = Pointer::Cross;
-  }
-  context_.Data.ExplorerMode = true;
-  EnableListCommands(any_peaks);
-  context_.Data.ZoomMode = state_.EditMode = false;
-  context_.Data.ExplorerScaleX = context_.Data.Plot.ScaleX;
-  context_.Data.ExplorerScaleY = context_.Data.Plot.ScaleY;
-  Frame4.Visible = true;
-  Text17.Text = Buffer().PeakListText;
-  EnterMode(DisplayMode::Explorer);
-  HideSelection();
-  Frame1.Visible = false;
-  ResetCursorLine();
-  optNO.Value = false;
-  optOK.Value = false;
-}
-
-void Form6::PauseExplorer() {
-  ResetCursorLine();
-  Line1.Visible = false;
-  cmdManExpl.Caption = ResumeCaption;
-  EnterMode(DisplayMode::ExplorerPaused);
-}
-
-void Form6::QuitExplorer() {
-  if (Selecting()) {
-    CancelSelection();
-  }
-  context_.Data.ExplorerMode = false;
-  Frame4.Visible = Frame2.Visible = Frame3.Visible = false;
-  EnterMode(DisplayMode::ExplorerLeft);
-  cmdManExpl.Caption = ExplorerCaption;
-  Picture1.MousePointer = Pointer::Arrow;
-  ResetCursorLine();
-  Line1.Visible = false;
-  Buffer().PeakListText = Text17.Text;
-  Text17.Text = "";
-}
-
-void Form6::FollowExplorer(float picture_x, float x) {
-  const ProfileBuffer& buffer = Buffer();
-  const bool channels = buffer.PermX[2] - buffer.PermX[1] > LargestDegreeStep;
-  const bool calibrated = buffer.CalPar[1] != 0;
-  const float two_theta = !channels ? x : calibrated ? TwoThetaOfChannel(buffer.CalPar, x) : 0;
-  Line1.X1 = Line1.X2 = picture_x;
-  state_.PickChannel = GeneralText(RoundDecimals(x, 4));
-  state_.PickTheta = channels && calibrated ? GeneralText(two_theta) : state_.PickChannel;
-  state_.PickD = GeneralText(RoundDecimals(SpacingOf(two_theta, buffer.Wavelength), 4));
-  Text10.Text = state_.PickChannel;
-  Text14.Text = state_.PickTheta;
-  Text15.Text = state_.PickD;
-}
-
-void Form6::ResetCursorLine() { Line1.Move(0, 15, 0, 90); }
-
-void Form6::EnableListCommands(bool enabled) {
-  cmdErsLaIt.Enabled = cmdClearPeaks.Enabled = cmdSavePeaks.Enabled = enabled;
 }
 
 }  // namespace koprax

@@ -132,6 +132,17 @@ PeakPosition PositionOf(const ProfileBuffer& buffer, const PeakPick& pick) {
   return {.X = NumberOf(buffer.InChannels() ? pick.Channel : pick.Theta), .Y = NumberOf(pick.Y)};
 }
 
+std::vector<PeakPosition> PeaksWithin(const ProfileBuffer& buffer, const XRange& range) {
+  std::vector<PeakPosition> peaks;
+  for (std::size_t i = 1; i <= IndexOf(buffer.NPeaks); ++i) {
+    const PeakPosition peak{.X = NumberOf(buffer.PeakTheta[i]), .Y = NumberOf(buffer.PeakY[i])};
+    if (range.Holds(peak.X)) {
+      peaks.push_back(peak);
+    }
+  }
+  return peaks;
+}
+
 std::string PickedRow(const ProfileBuffer& buffer, int number, const PeakPick& pick) {
   const std::string position =
       buffer.InChannels() ? RightField(pick.Channel, 8) : DecimalField(pick.Theta, 4);

@@ -2,9 +2,10 @@
 // with its rows on the screen. Drawing the peaks is left to the markers.
 #pragma once
 
-#include <optional>
 #include <string>
+#include <vector>
 
+#include "display/curve.h"
 #include "display/peak_markers.h"
 #include "forms/runtime.h"
 #include "workspace/workspace.h"
@@ -47,6 +48,9 @@ void ClearPeaks(ProfileBuffer& buffer);
 /// Where a peak of the list, or a pick, stands on the plot of its buffer.
 [[nodiscard]] PeakPosition PositionOf(const ProfileBuffer& buffer, int peak);
 [[nodiscard]] PeakPosition PositionOf(const ProfileBuffer& buffer, const PeakPick& pick);
+
+/// The peaks of the list whose 2-theta lies in the range: 2-theta stands for X here, in channels too.
+[[nodiscard]] std::vector<PeakPosition> PeaksWithin(const ProfileBuffer& buffer, const XRange& range);
 
 /// The row of a fresh pick with its number in the list: 30 characters and a line break.
 [[nodiscard]] std::string PickedRow(const ProfileBuffer& buffer, int number, const PeakPick& pick);

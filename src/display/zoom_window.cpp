@@ -123,7 +123,7 @@ void Form15::Cancel() {
   GoBack(opening_.Cancelled);
 }
 
-/// The window goes first, so that what follows it comes to the front.
+/// The window goes first: from then on the plot under it is the one at work.
 void Form15::GoBack(const std::function<void()>& follow_up) {
   Unload();
   if (follow_up) {
@@ -132,6 +132,9 @@ void Form15::GoBack(const std::function<void()>& follow_up) {
 }
 
 std::shared_ptr<Form15> OpenZoomWindow(const WindowContext& context, ZoomOpening opening) {
+  if (const auto open = context.Desk.Find("Form15")) {
+    open->CloseBox();  // so that its opener is left as it should be
+  }
   auto window = context.Desk.Load<Form15>(context, std::move(opening));
   window->ShowPart();
   return window;

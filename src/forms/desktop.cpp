@@ -151,6 +151,7 @@ void Desktop::Unload(Form& form) {
   form.visible_ = false;
   std::erase(modal_, &form);
   Tell([&](DesktopObserver& observer) { observer.FormUnloaded(form); });
+  form.OnUnload();
 }
 
 void Desktop::BringToFront(Form& form) {

@@ -67,6 +67,9 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
  protected:
   /// Runs once, when the form is loaded, before it is first shown.
   virtual void OnLoad() {}
+  /// Runs once, when the form has left the desktop, but not at the end of the run: windows that act for this
+  /// one go here.
+  virtual void OnUnload() {}
   /// What the close box does; as it stands, the form is unloaded.
   virtual void OnCloseBox() { Unload(); }
 

@@ -41,12 +41,20 @@ TEST(DisplayModes, SwitchEachCommandAsItsRowTells) {
     std::string States;  // "=" not touched, "1" with one profile alone, "z" in a zoomed view
   };
   const std::vector<Row> rows{
-      {DisplayMode::Prompt, "------+--"},        {DisplayMode::PlainAfterPrompt, "++-++++++"},
-      {DisplayMode::ZoomSelection, "-==------"}, {DisplayMode::Zoomed, "1+z+1-+=+"},
-      {DisplayMode::ZoomCancelled, "++=++++++"}, {DisplayMode::UndoZoomed, "1+-+1+++="},
-      {DisplayMode::Saved, "++-++=+=="},         {DisplayMode::EditSelection, "---------"},
-      {DisplayMode::Explorer, "------+=="},      {DisplayMode::ExplorerPaused, "=+===+==="},
-      {DisplayMode::ExplorerLeft, "++z++++=="},  {DisplayMode::EditLeft, "1+z+1=+++"},
+      {DisplayMode::Prompt, "------+--"},
+      {DisplayMode::PlainAfterPrompt, "++-++++++"},
+      {DisplayMode::ZoomSelection, "-==------"},
+      {DisplayMode::Zoomed, "1+z+1-+=+"},
+      {DisplayMode::ZoomCancelled, "++=++++++"},
+      {DisplayMode::UndoZoomed, "1+-+1+++="},
+      {DisplayMode::Saved, "++-++=+=="},
+      {DisplayMode::EditSelection, "---------"},
+      {DisplayMode::Explorer, "------+=="},
+      {DisplayMode::ExplorerPaused, "=+===+==="},
+      {DisplayMode::ExplorerZoomCancelled, "-==--++=="},
+      {DisplayMode::ExplorerZoomLeft, "=====++++"},
+      {DisplayMode::ExplorerLeft, "++z++++=="},
+      {DisplayMode::EditLeft, "1+z+1=+++"},
   };
   for (const Row& row : rows) {
     for (const int bits : {0, 1, 2, 3, 4, 5, 6, 7}) {
