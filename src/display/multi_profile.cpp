@@ -130,7 +130,8 @@ void TakeMultiProfile(Workspace& data, const MultiProfile& plot) {
   for (std::size_t slot = 1; slot <= NumBuffers; ++slot) {
     ProfileBuffer& buffer = data.Buffers[slot];
     buffer.BufColor = static_cast<float>(BufferColours[slot]);
-    buffer.SelList = slot <= plot.Slots.size() ? static_cast<std::int16_t>(plot.Slots[slot - 1]) : 0;
+    buffer.SelList =
+        slot <= plot.Slots.size() ? static_cast<std::int16_t>(plot.Slots[slot - 1]) : std::int16_t{0};
   }
   data.PlotXMin = plot.Limits.XMin;
   data.PlotXMax = plot.Limits.XMax;
