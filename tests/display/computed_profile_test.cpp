@@ -1,0 +1,123 @@
+// A computed profile as it is drawn, and as it lands in a buffer.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "display/computed_profile_plot.h"
+#include "display/computed_profile_saving.h"
+#include "display/plot_axes.h"
+#include "display/plot_transform.h"
+#include "forms/fixed_text.h"
+
+namespace koprax {
+namespace {
+
+/// Buffers b and e at work in a plot from 10 to 20, with a result that begins at 12.
+class ComputedProfileTest : public testing::Test {
+ protected:
+  ComputedProfileTest() {
+    Data.CurBuf = Data.SumSource = 2;
+    Data.PlotXMin = 10;
+    Data.PlotXMax = 20;
+    Data.SumWavelength = 1.25F;
+    ProfileBuffer& source = Data.Buffer(2);
+    source.Title = FixedField("Source", TitleWidth);
+    source.FormatCode = static_cast<std::int16_t>(FormatCodes::Philips);
+    source.UdfHeader[7] = "Anode,Cu,/";
+    source.NPeaks = 1;
+  }
+  void Compute(const std::vector<float>& y, float ymin, float ymax) {
+    Data.Sum = {.SumNpts = static_cast<float>(y.size()),
+                .SumXMin = 12,
+                .SumXMax = 16,
+                .SumYMin = ymin,
+                .SumYMax = ymax,
+                .SumXStep = 2};
+    for (std::size_t i = 1; i <= y.size(); ++i) {
+      Data.Sum.SumX[i] = 10 + 2 * static_cast<float>(i);
+      Data.Sum.SumY[i] = y[i - 1];
+    }
+  }
+  /// What lies above the frame: the curve, without the three texts of the labels.
+  std::vector<LineOperation> Curve(TwoProfileOperation operation, int messages = 0) {
+    Surface picture{TallPlotPicture().Scale};
+    int told = 0;
+    EXPECT_TRUE(DrawComputedProfile(Data, operation, picture, [&](const Message&) { ++told; }));
+    EXPECT_EQ(told, messages);
+    Surface frame{TallPlotPicture().Scale};
+    Workspace other;
+    (void)DrawAxes(other, {10, 20, Data.Sum.SumYMin, Data.Sum.SumYMax}, frame);
+    std::vector<LineOperation> curve;
+    for (std::size_t i = frame.Operations().size(); i + 3 < picture.Operations().size(); ++i) {
+      curve.push_back(std::get<LineOperation>(picture.Operations()[i]));
+    }
+    return curve;
+  }
+
+  Workspace Data;
+};
+
+void ExpectLine(const LineOperation& line, double x1, double y1, double x2, double y2) {
+  constexpr double few_bits = 3e-5;  // of coordinates up to 120, in 32 bits
+  EXPECT_NEAR(line.X1, x1, few_bits);
+  EXPECT_NEAR(line.Y1, y1, few_bits);
+  EXPECT_NEAR(line.X2, x2, few_bits);
+  EXPECT_NEAR(line.Y2, y2, few_bits);
+  EXPECT_EQ(line.LineColour, colours::Black);
+}
+
+TEST_F(ComputedProfileTest, ASumIsScaledFrom0ADifferenceFromItsLeastValue) {
+  // 9.5 units a degree from x = 20; the last point lies beyond the common range.
+  Compute({50, 100, 25, 75}, 25, 100);
+  auto curve = Curve(TwoProfileOperation::Sum);
+  ASSERT_EQ(curve.size(), 2U);
+  ExpectLine(curve[0], 39, 15 + 50 * 0.7125, 58, 86.25);
+  ExpectLine(curve[1], 58, 86.25, 77, 15 + 25 * 0.7125);
+  // 71.25 units for 75 counts, from the X axis all the same: 100 counts pass the top.
+  EXPECT_EQ(Curve(TwoProfileOperation::Difference).size(), 0U);
+  EXPECT_FLOAT_EQ(Data.Plot.ScaleY, 0.95F);
+  Compute({-50, 100, 0}, -50, 100);
+  curve = Curve(TwoProfileOperation::Difference);
+  ASSERT_EQ(curve.size(), 2U);
+  ExpectLine(curve[0], 39, 15, 58, 86.25);  // stands on the zero line at 38.75
+  ExpectLine(curve[1], 58, 86.25, 77, 38.75);
+  EXPECT_EQ(Data.Buffer(2).NegativeY, 1);
+}
+
+TEST_F(ComputedProfileTest, LimitsThatSpanNothing) {
+  Compute({50, 100}, 0, 100);
+  Curve(TwoProfileOperation::Sum);
+  const float scale = Data.Plot.ScaleY;
+  Compute({0, 0}, 0, 0);
+  EXPECT_EQ(Curve(TwoProfileOperation::Sum, 1).size(), 1U);
+  EXPECT_EQ(Data.Plot.ScaleY, scale);
+  Data.PlotXMax = 10;
+  Surface picture{TallPlotPicture().Scale};
+  EXPECT_FALSE(DrawComputedProfile(Data, TwoProfileOperation::Sum, picture, [](const Message&) {}));
+  EXPECT_TRUE(picture.Operations().empty());
+}
+
+TEST_F(ComputedProfileTest, ItLandsInAFreeBufferOrInPlaceOfOneOfItsSources) {
+  Compute({50, 100, 25}, 25, 100);
+  Data.Buffer(4).WorkX[9] = 7;  // a free buffer isn't reset
+  for (const int slot : {4, 2}) {
+    ProfileBuffer& buffer = Data.Buffer(slot);
+    buffer.PermY[9] = 7;
+    StoreComputedProfile(Data, slot);
+    EXPECT_TRUE(buffer.Empty()) << "the title is still to be given";
+    EXPECT_EQ(buffer.PermNpts + buffer.WorkNpts, 6);
+    EXPECT_EQ(buffer.FormatCode, 5);
+    EXPECT_EQ(buffer.UdfHeader[7], "Anode,Cu,/");
+    EXPECT_EQ(buffer.Wavelength, 1.25F);
+    EXPECT_EQ(buffer.XStep, 2);
+    EXPECT_EQ(buffer.PermX[3] + buffer.WorkX[3] + buffer.PermY[3] + buffer.WorkY[3], 82);
+    EXPECT_EQ(buffer.PermXMin + buffer.WorkXMin + buffer.FileXMin, 36);
+    EXPECT_EQ(buffer.PermXMax + buffer.WorkXMax + buffer.FileXMax, 48);
+    EXPECT_EQ(buffer.PermYMin + buffer.WorkYMin + buffer.PermYMax + buffer.WorkYMax, 250);
+    EXPECT_EQ(buffer.PermY[9], slot == 4 ? 7 : 0);
+  }
+  EXPECT_EQ(Data.Buffer(2).NPeaks, 1) << "the list stays with its buffer";
+}
+
+}  // namespace
+}  // namespace koprax
