@@ -145,7 +145,6 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::Cell.Name,
       peak_list_windows::Cell.Name,
       pickers::ComputedProfile.Name,
-      "Form30",
       pickers::SeveralSaved.Name,
       "Form30",
       "Form31",
