@@ -173,7 +173,7 @@ class Form6 final : public Form {
   OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
 
   Frame Frame1{*this, "Frame1", {.Caption = "Edit Commands"}};
-  TextBox Text8{*this, "Text8", {.Font = "Courier", .MultiLine = true, .Columns = 22, .Rows = 6}};
+  TextBox Text8{*this, "Text8", {.Font = "Courier", .MultiLine = true, .Columns = 22, .Rows = 8}};
   Button cmdEditOK{*this, "cmdEditOK", {.Caption = "Show changes", .ToolTip = "Show the modified profile"}};
   Button cmdEditNO{*this, "cmdEditNO", {.Caption = "Cancel", .ToolTip = "Reject changes"}};
   Button cmdAccept{*this, "cmdAccept", {.Caption = "Accept", .ToolTip = "Accept changes"}};
