@@ -61,11 +61,14 @@ void SurfacePainter::FinishRun() {
 }
 
 void SurfacePainter::PaintCurve(const QColor& colour) {
-  QPen pen(colour, line_width_, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+  // White rubs out what lies below: smooth edges, or those of the line below, would leave a shade of it.
+  const bool rubs_out = colour == QColor(Qt::white);
+  const double width = rubs_out ? line_width_ + 2 : line_width_;
+  QPen pen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
   pen.setCosmetic(true);
-  painter_.setRenderHint(QPainter::Antialiasing, true);
+  painter_.setRenderHint(QPainter::Antialiasing, !rubs_out);
   painter_.setPen(pen);
-  if (line_width_ <= 1) {
+  if (width <= 1) {
     painter_.drawPolyline(run_.data(), static_cast<int>(run_.size()));
     return;
   }

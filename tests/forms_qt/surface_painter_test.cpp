@@ -11,14 +11,32 @@
 namespace koprax {
 namespace {
 
-QImage Painted(const std::string& text, const std::string& font) {
+QImage Painted(const std::vector<DrawingOperation>& operations) {
   QImage image(80, 40, QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
   const UserScale scale{.Left = 0, .Top = 0, .Width = 20, .Height = 10};
-  const std::vector<DrawingOperation> operations{TextOperation{1, 1, text, colours::Black, font, 20}};
   SurfacePainter(painter, scale, QSizeF(80, 40), 1).Paint(operations);
   return image;
+}
+
+QImage Painted(const std::string& text, const std::string& font) {
+  return Painted({TextOperation{1, 1, text, colours::Black, font, 20}});
+}
+
+TEST(SurfacePainter, WhiteRubsACurveOutWithoutAShadeOfIt) {
+  std::vector<DrawingOperation> operations;
+  const auto draw = [&](Colour colour) {
+    for (int i = 0; i < 9; ++i) {
+      const auto x = static_cast<float>(2 * i + 1);
+      operations.emplace_back(
+          LineOperation{x, i % 2 == 0 ? 1.3F : 8.1F, x + 2, i % 2 == 0 ? 8.1F : 1.3F, colour});
+    }
+  };
+  draw(colours::Magenta);
+  EXPECT_NE(Painted(operations), Painted({}));
+  draw(colours::White);
+  EXPECT_EQ(Painted(operations), Painted({}));
 }
 
 TEST(SurfacePainter, SymbolFontDrawsGreek) {
