@@ -145,7 +145,7 @@ class Form6 final : public Form {
   State state_;
 
   PictureBox Picture1{*this, "Picture1", PlotPicture()};
-  Shape Shape1{Picture1, "Shape1", 3, 3, 2.38F, 2.38F};
+  Shape Shape1{Picture1, "Shape1", RestingBandEdge, RestingBandEdge, BandSize, BandSize};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
 
   TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 30}};

@@ -1,8 +1,9 @@
 // Edit mode of the Display and Work window: the points of a short portion as text, their changes shown in
 // the plot, accepted or rejected. The numbers are the work of edit_portion.
-#include <cmath>
+#include <optional>
 #include <string>
 
+#include "display/constant_question.h"
 #include "display/display_window.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -10,8 +11,6 @@
 namespace koprax {
 
 namespace {
-
-constexpr float AcceptedBandSize = 2;  // of the rubber band, after a selection has been accepted
 
 Message TooLongPortion() {
   return {.Text =
@@ -33,12 +32,6 @@ Message UnusableLine(int line) {
   return {.Text = "Line " + std::to_string(line) +
                   " of the list holds a number that is out of range.\r\n"
                   "Give two numbers between -3E+38 and 3E+38, X and Y.",
-          .Title = "Error",
-          .Icon = MessageIcon::Stop};
-}
-
-Message NoConstant(const std::string& answer) {
-  return {.Text = "\"" + answer + "\" can't be taken for K.\r\nGive a real number, such as 12.5.",
           .Title = "Error",
           .Icon = MessageIcon::Stop};
 }
@@ -127,16 +120,10 @@ void Form6::AcceptChanges() {
 }
 
 void Form6::ChangeAll() {
-  const std::string answer =
-      Desk().Host().InputBox({.Prompt = "Give K\r\n(real number)", .Title = "Y = K", .Default = "0"});
-  if (answer.empty()) {
-    return;
-  }
-  const auto k = static_cast<float>(LeadingNumber(answer));
-  if (!StartsWithNumber(answer) || !std::isfinite(k)) {
-    Desk().Host().MsgBox(NoConstant(answer));
-  } else if (const std::optional<EditRange> range = SelectedPortion()) {
-    ShowEditList(*range, ChangeAllY(context_.Data, context_.Data.CurBuf, *range, k));
+  const std::optional<float> k = AskForConstant(Desk().Host(), "Y = K");
+  const std::optional<EditRange> range = k ? SelectedPortion() : std::nullopt;
+  if (range) {
+    ShowEditList(*range, ChangeAllY(context_.Data, context_.Data.CurBuf, *range, *k));
   }
 }
 

@@ -13,7 +13,6 @@ namespace koprax {
 
 namespace {
 
-constexpr float AcceptedBandSize = 2;  // of the rubber band, after a selection has been accepted
 constexpr const char* ResumeCaption = "Resume";
 constexpr const char* ExplorerCaption = "Manual Explorer";
 

@@ -8,14 +8,6 @@
 
 namespace koprax {
 
-namespace {
-
-constexpr float BandSize = 2.38F;      // of the resting rubber band, in units of the picture
-constexpr float AcceptedBandSize = 2;  // after a selection has been accepted
-constexpr float RestingBandEdge = 3;   // left and top of the band as a selection starts
-
-}  // namespace
-
 // The selection with the rubber band.
 
 void Form6::StartSelection(DisplayMode mode) {

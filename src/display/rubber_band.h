@@ -9,6 +9,12 @@
 
 namespace koprax {
 
+/// The edge of the band at rest, its left and top as a selection starts, and its edge after a selection has
+/// been accepted, in units of the picture.
+inline constexpr float BandSize = 2.38F;
+inline constexpr float RestingBandEdge = 3;
+inline constexpr float AcceptedBandSize = 2;
+
 /// Starts the band at a press; a press above the plot counts at its top. False when the press lies left
 /// of the Y axis, below the X axis, or right of the plot: then the band stays as it was.
 [[nodiscard]] bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y);

@@ -19,9 +19,6 @@ namespace koprax {
 
 namespace {
 
-constexpr float BandSize = 2.38F;     // of the resting rubber band, in units of the picture
-constexpr float RestingBandEdge = 3;  // left and top of the band as a selection starts
-
 /// The points of the temporary copy that lie within the range.
 ZoomedCurve ZoomedPart(const ProfileBuffer& buffer, const XRange& range) {
   ZoomedCurve part{.X = PointTable(1),
