@@ -69,7 +69,7 @@ EditList ListPortion(EditedPortion& edit, int count, std::string heading, LineOf
 std::string FirstCutNumber(const EditedPortion& edit, int count) {
   for (std::size_t k = 1; k <= Index(count); ++k) {
     for (const auto& [value, field] : {std::pair(edit.EditX[k], XField), std::pair(edit.EditY[k], YField)}) {
-      if (const std::string number = NumberText(value, field); IsCut(number, field)) {
+      if (std::string number = NumberText(value, field); IsCut(number, field)) {
         return number;
       }
     }
