@@ -101,7 +101,7 @@ TEST_F(EditTest, OneYForAllPoints) {
                            {"answer", nullptr}}}));
   for (const char* answer : {"ten", "1e39"}) {
     events = session_.Events("input \"" + std::string(answer) + "\"\nclick Form6.Command15\n");
-    EXPECT_THAT(events.at(1)["text"].get<std::string>(), HasSubstr("can't be taken for K"));
+    EXPECT_THAT(events.at(1)["text"].get<std::string>(), HasSubstr("K is to be a real number"));
   }
   EXPECT_EQ(Get("Text8.Text"), ThreePoints);
   EXPECT_TRUE(Drawn("input \"40 counts\"\nclick Form6.Command15\n").empty());
