@@ -1,11 +1,10 @@
 #include "display/arithmetic_window.h"
 
-#include <cmath>
 #include <utility>
 
 #include "display/computed_profile_window.h"
+#include "display/constant_question.h"
 #include "forms/desktop.h"
-#include "forms/number_text.h"
 #include "workspace/buffer_commands.h"
 
 namespace koprax {
@@ -81,8 +80,8 @@ void Form8::ChooseY(OptionButton& option, int ProfilePair::*y) {
 }
 
 std::optional<ProfilePair> Form8::BothProfiles() {
-  if (!pair_ || SelectedPair(context_.Data) != pair_) {
-    TellError("The two profiles of the plot are no longer those selected.\r\nDisplay two profiles anew.");
+  if (!pair_) {
+    TellError("There are no two profiles to work on.\r\nDisplay two profiles first.");
     return std::nullopt;
   }
   return pair_;
@@ -105,28 +104,13 @@ ProfileBuffer* Form8::ProfileAtWork() {
   return &buffer;
 }
 
-std::optional<float> Form8::AskForNumber(const std::string& title) {
-  const std::string answer =
-      Desk().Host().InputBox({.Prompt = "Give K\r\n(real number)", .Title = title, .Default = "0"});
-  if (answer.empty()) {
-    return std::nullopt;
-  }
-  const auto number = static_cast<float>(LeadingNumber(answer));
-  if (!StartsWithNumber(answer) || !std::isfinite(number)) {
-    TellError("K is to be a real number, such as 0.5 or -1.2E3, of at most 3.4E+38 in size.\r\nIt was \"" +
-              answer + "\".");
-    return std::nullopt;
-  }
-  return number;
-}
-
 // ---- Single profile operations -----------------------------------------------------------------------
 
 /// Y + K or Y * K.
 void Form8::ChangeY(const std::string& title,
                     OperationResult (*operation)(Workspace&, const ProfileBuffer&, float)) {
   ProfileBuffer* const buffer = ProfileAtWork();
-  const auto k = buffer != nullptr ? AskForNumber(title) : std::nullopt;
+  const auto k = buffer != nullptr ? AskForConstant(Desk().Host(), title) : std::nullopt;
   if (!k) {
     return;
   }
@@ -144,7 +128,8 @@ void Form8::ChangeY(const std::string& title,
 
 void Form8::ShiftX() {
   ProfileBuffer* const buffer = ProfileAtWork();
-  const auto k = buffer != nullptr ? AskForNumber("Y=Y+K") : std::nullopt;  // the title of the sum, here too
+  const auto k =
+      buffer != nullptr ? AskForConstant(Desk().Host(), "Y=Y+K") : std::nullopt;  // titled so here, too
   if (!k) {
     return;
   }

@@ -54,10 +54,9 @@ class Form8 final : public Form {
   void Act(const std::function<void()>& command);
   /// The profile of a single profile operation, or null, with the reason told, when there is nothing in it.
   [[nodiscard]] ProfileBuffer* ProfileAtWork();
-  /// Y1 and Y2, or nothing, with the reason told, when they are no longer those of the plot.
+  /// Y1 and Y2, or nothing, with the reason told, when two were not there at the load.
   [[nodiscard]] std::optional<ProfilePair> BothProfiles();
   /// The number K that the user gives, or nothing; one that won't do has been told.
-  [[nodiscard]] std::optional<float> AskForNumber(const std::string& title);
   [[nodiscard]] bool Confirmed(const std::string& warning);
   void TellError(const std::string& text);
   void TellBeyond32Bits();
@@ -66,7 +65,7 @@ class Form8 final : public Form {
 
   WindowContext context_;
   ArithmeticOpening opening_;
-  std::optional<ProfilePair> pair_;  // Y1 and Y2 of the plot, as they stood at the load
+  std::optional<ProfilePair> pair_;  // Y1 and Y2, as they stood at the load
 
   Frame Frame1{*this, "Frame1", {.Caption = "Single profile operations"}};
   Button cmdAdd{*this, "cmdAdd", {.Caption = "Y=Y+K"}};
