@@ -17,7 +17,6 @@ namespace {
 constexpr std::array<Colour, NumBuffers + 1> BufferColours{
     colours::Black, colours::Magenta, colours::Blue, colours::Red, 32768, 16776960, colours::Black};
 
-constexpr double SmallestXSpan = 0.00001;
 constexpr double LargestDeviation = 0.02;  // of a wavelength from the mean
 
 std::vector<int> SelectedSlots(const BufferSelection& selection) {
@@ -87,8 +86,7 @@ std::optional<Message> AxisProblem(const Workspace& data, const std::vector<int>
 }
 
 std::optional<Message> RangeProblem(const PlotLimits& limits) {
-  const float span = limits.XMax - limits.XMin;
-  if (!(span >= SmallestXSpan) || !std::isfinite(span)) {
+  if (!SpansX(limits)) {
     return Refusal(
         "The profiles have no common range of X in which they could be displayed.\r\n"
         "Select profiles whose X runs upward.");
