@@ -109,14 +109,15 @@ TEST(PeakPicking, TheListHoldsAHundredInTheOrderOfPicking) {
   EXPECT_EQ(buffer.PeakTheta[100], "100");
   // In a list that is built anew channels stand with their period in line.
   const std::string rows = PeakRows(buffer);
-  EXPECT_EQ(rows.substr(31 * 32), " 32) 32.5      2           7  \r\n" + rows.substr(32 * 32));
+  constexpr std::size_t row = 32;
+  EXPECT_EQ(rows.substr(31 * row, row), " 32) 32.5      2           7  \r\n");
   EXPECT_EQ(PositionOf(buffer, 32).X, 32.5F);
   EXPECT_EQ(PeaksWithin(buffer, {150, 152}).size(), 3U);  // by 2-theta
 
   RemoveLastPeak(buffer);
   EXPECT_EQ(buffer.PeakTheta[100] + buffer.PeakD[100] + buffer.PeakY[100] + buffer.PeakChannel[100], "");
   EXPECT_EQ(WithoutLastRow(rows), PeakRows(buffer));
-  EXPECT_EQ(WithoutLastRow(rows.substr(0, 32)) + WithoutLastRow(""), "");
+  EXPECT_EQ(WithoutLastRow(rows.substr(0, row)) + WithoutLastRow(""), "");
   ClearPeaks(buffer);
   EXPECT_EQ(buffer.NPeaks, 0);
   EXPECT_EQ(buffer.PeakTheta[1] + buffer.PeakY[99], "");
