@@ -158,12 +158,14 @@ void Form2::DrawAgain() {
   ShowPlot();
 }
 
-/// The window of a result has drawn over the transform.
+/// The window of a result has drawn over the transform, on a base of its own.
 void Form2::LeaveResult() {
   Show();
   cmdMain.Enabled = cmdZoom.Enabled = true;
   EnableArithmetic();
-  SetPlotScale(context_.Data, LimitsOfDrawing(context_.Data));
+  const PlotLimits limits = LimitsOfDrawing(context_.Data);
+  SetPlotScale(context_.Data, limits);
+  ShareFrame(context_.Data, limits);
 }
 
 bool Form2::PickBuffer() {

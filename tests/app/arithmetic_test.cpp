@@ -225,9 +225,11 @@ TEST_F(ArithmeticTest, TheResultIsSavedUnderATitleAndNeverLost) {
   Session.Play("close Form14\n");
   EXPECT_EQ(Session.Data().Buffer(1).Title, FixedField("Y = Y1 + Y2", TitleWidth));
   EXPECT_EQ(Session.Data().Buffer(1).FormatCode, 2);
-  // The picker of a window that has been left goes with it.
+  // The picker of a window that has been left goes with it, and both sources stand on the base of their plot.
+  Session.Data().Buffer(2).NegativeY = 1;
   EXPECT_THAT(save("click Form30.cmdCancel\n"),
               ElementsAre("front Form30", "unloaded Form30", "unloaded Form29"));
+  EXPECT_EQ(Session.Data().Buffer(2).NegativeY, 0);
 }
 
 }  // namespace
