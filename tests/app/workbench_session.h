@@ -84,6 +84,7 @@ class WorkbenchSession {
 
   Workspace& Data() { return bench_.Data(); }
   Desktop& Desk() { return bench_.Desk(); }
+  MemoryPlatform& Platform() { return platform_; }
 
  private:
   void Start() {
@@ -108,7 +109,7 @@ class SilentServices : public MainServices, public FileServices, public DisplayS
 
   void ShowMainMenu() override {}
   void BringMainMenuToFront() override {}
-  void ShowHelp(HelpTopic /*topic*/) override {}
+  void ShowHelp(HelpTopic topic) override { Helped = topic; }
   void OpenProfilePicker() override {}
   std::optional<std::string> AskForFile(const FileDialogRequest& /*request*/) override { return {}; }
   void StartLoad() override {}
@@ -123,6 +124,7 @@ class SilentServices : public MainServices, public FileServices, public DisplayS
 
   WindowContext Context;
   int TitlesGivenUp = 0;
+  std::optional<HelpTopic> Helped;
 };
 
 /// One event as the script tool tells it.
