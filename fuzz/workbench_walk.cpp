@@ -29,9 +29,24 @@ namespace {
 constexpr int MostSteps = 200;
 
 /// What is typed into boxes: numbers of all sorts, and what is none.
-constexpr std::array<std::string_view, 16> Texts{"1.5406", "",      "0",    "-5",   "1E39",  "abc",
-                                                 "20",     "30",    "28.4", "50.5", "1E-30", "9999999",
-                                                 "1 2",    "0.001", "Y",    "n"};
+constexpr std::array<std::string_view, 18> Texts{"1.5406",
+                                                 "",
+                                                 "0",
+                                                 "-5",
+                                                 "1E39",
+                                                 "abc",
+                                                 "20",
+                                                 "30",
+                                                 "28.4",
+                                                 "50.5",
+                                                 "1E-30",
+                                                 "9999999",
+                                                 "1 2",
+                                                 "0.001",
+                                                 "Y",
+                                                 "n",
+                                                 " X Y\\r\\n20 5\\r\\n",
+                                                 " X Y\\r\\n20.02 1E39\\r\\n20.01\\r\\n-1E30 8"};
 
 /// The input as a row of decisions; behind its end each is the first choice.
 class Decisions {
@@ -76,6 +91,13 @@ class Walker final : public Runtime {
     return true;
   }
   std::optional<std::string> PrintDocument(Printer& /*printer*/) override { return std::nullopt; }
+  std::optional<std::string> SavePicture(const PictureBox& /*picture*/,
+                                         const std::string& /*path*/) override {
+    return decisions_.Below(8) == 0 ? std::optional<std::string>("no room") : std::nullopt;
+  }
+  LoadedImage LoadPicture(const std::string& /*path*/) override {
+    return PixelImage{.Width = 1, .Height = 1, .Pixels = {colours::Red}};
+  }
   void RunModal(Form& form) override {
     constexpr int patience = 8;
     for (int step = 0; step < patience && form.Visible(); ++step) ActOn(form);
@@ -111,6 +133,11 @@ class NoPlatform final : public Platform {
   std::optional<std::string> PrintToFile(const Printer& /*printer*/, const std::string& /*path*/) override {
     return std::nullopt;
   }
+  std::optional<std::string> SavePicture(const PictureBox& /*picture*/,
+                                         const std::string& /*path*/) override {
+    return std::nullopt;
+  }
+  LoadedImage LoadPicture(const std::string& /*path*/) override { return PixelImage{}; }
   std::optional<std::string> Snapshot(Form& /*form*/, const std::string& /*path*/) override {
     return std::nullopt;
   }

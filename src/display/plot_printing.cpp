@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "display/curve.h"
+#include "display/multi_profile.h"
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 
@@ -74,14 +74,10 @@ void PrintLabels(const PlotTransform& plot, bool channels, Printer& printer) {
   printer.Print("(counts)");
 }
 
-PlotLimits LimitsOnScreen(const Workspace& data) {
-  return {.XMin = data.PlotXMin, .XMax = data.PlotXMax, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
-}
-
 /// Prints the frame of the plot on the screen and what `draw_curves` adds to it.
 void PrintScreenPlot(const WindowContext& context, const std::function<void(Printer&)>& draw_curves) {
   PrintPlotPage(context, [&](Printer& printer) {
-    PrintAxes(context.Data, LimitsOnScreen(context.Data), printer, PlotLeftOnPage, PlotTopOnPage,
+    PrintAxes(context.Data, LimitsOfDrawing(context.Data), printer, PlotLeftOnPage, PlotTopOnPage,
               [&](const Message& message) { context.Desk.Host().MsgBox(message); });
     draw_curves(printer);
   });
@@ -149,9 +145,8 @@ void PrintProfile(const WindowContext& context) {
 void PrintSeveralProfiles(const WindowContext& context) {
   const Workspace& data = context.Data;
   PrintScreenPlot(context, [&](Printer& printer) {
-    for (std::size_t k = 1; k <= NumBuffers; ++k) {
-      const int slot = data.Buffers[k].SelList;
-      if (slot != 0) DrawWholeProfile(data, data.Buffer(slot), printer);
+    for (const int slot : ShownSlots(data)) {
+      DrawWholeProfile(data, data.Buffer(slot), printer);
     }
   });
 }
