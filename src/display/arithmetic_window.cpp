@@ -22,11 +22,13 @@ Form8::Form8(const WindowContext& context, ArithmeticOpening opening)
 }
 
 void Form8::ArrangeControls() {
-  SetLayout(Column({Framed(Frame1, Column({cmdAdd, cmdProd, cmdSumX, cmdExpY, cmdLogY})),
-                    Framed(Frame2, Column({Row({Label1, optY1, optY2, Space(), Command3}),
-                                           Grid(2, {Stretched(Command1), Command4,  //
-                                                    Stretched(Command2), Command6})})),
-                    Row({Space(), Command5})}));
+  SetLayout(
+      Column({Row({Stretched(Framed(Frame1, Column({cmdAdd, cmdProd, cmdSumX, cmdExpY, cmdLogY}))),
+                   Stretched(Framed(Frame2, Column({Row({Label1, optY1, optY2, Space(), Command3}),
+                                                    Grid(2, {Stretched(Command1), Command4,  //
+                                                             Stretched(Command2), Command6}),
+                                                    Space()})))}),
+              Row({Space(), Command5})}));
 }
 
 void Form8::ConnectHandlers() {
