@@ -11,7 +11,6 @@ namespace {
 
 constexpr float DegreesAround = 5;
 constexpr float HighestIntensity = 120;
-constexpr double TwipsPerMillimetre = 56.69;  // of the design grid
 constexpr double TwipsPerPoint = 20;
 constexpr double TwipsPerYUnit = 63;
 

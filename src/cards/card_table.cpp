@@ -19,17 +19,15 @@ std::string DecimalField(const std::string& text, std::size_t width, std::size_t
   return FixedField(AlignDecimal(text, width, decimals), width);
 }
 
-std::string Rounded(float value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
-
 std::string IndexFields(const ProfileBuffer& card, std::size_t i) {
   return RightField(GeneralText(card.CardH[i]), 3) + " " + RightField(GeneralText(card.CardK[i]), 3) + " " +
          RightField(GeneralText(card.CardL[i]), 3);
 }
 
 std::string TableLine(const ProfileBuffer& card, std::size_t i) {
-  return IndexFields(card, i) + "  " + RightField(Rounded(card.WorkY[i], 1), 4) + "    " +
-         DecimalField(Rounded(card.WorkX[i], 3), 7, 3) + "  " +
-         DecimalField(Rounded(card.CardD[i], 4), 7, 4) + "\r\n";
+  return IndexFields(card, i) + "  " + RightField(RoundedText(card.WorkY[i], 1), 4) + "    " +
+         DecimalField(RoundedText(card.WorkX[i], 3), 7, 3) + "  " +
+         DecimalField(RoundedText(card.CardD[i], 4), 7, 4) + "\r\n";
 }
 
 std::string PrintedReflection(const ProfileBuffer& card, std::size_t i) {

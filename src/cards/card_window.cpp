@@ -13,12 +13,6 @@
 
 namespace koprax {
 
-namespace {
-
-std::string Rounded(float value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
-
-}  // namespace
-
 Form34::Form34(const WindowContext& context) : Form(context.Desk, "Form34", "Peaks"), context_(context) {
   for (Label* greek : {&Label6, &Label7, &Label8}) {
     greek->FontName = SymbolFont;
@@ -69,8 +63,8 @@ void Form34::ShowCrystalData(const ProfileBuffer& card) {
 
 void Form34::DrawPattern(const ProfileBuffer& card) {
   limits_ = CardLimits(card);
-  Text1.Text = "xmin = " + Rounded(limits_.XMin, 3);
-  Text2.Text = "xmax = " + Rounded(limits_.XMax, 3);
+  Text1.Text = "xmin = " + RoundedText(limits_.XMin, 3);
+  Text2.Text = "xmax = " + RoundedText(limits_.XMax, 3);
   drawn_ = DrawCard(card, plot_, Picture1);
   if (!drawn_) {
     Desk().Host().MsgBox(NoYSpan());
@@ -88,18 +82,16 @@ void Form34::ShowReadOut(float x, float y) {
   const auto intensity = static_cast<float>(DataY(plot_, ClampedY(plot_, y), plot_.PlotBottom));
   // The limits reach below 0, where there is no d.
   const float spacing = two_theta > 0 ? SpacingOf(two_theta, context_.Data.Current().Wavelength) : 0;
-  Text4.Text = "x = " + Rounded(two_theta, 4);
-  Text5.Text = "y = " + Rounded(intensity, 1);
-  Text12.Text = "d = " + Rounded(spacing, 4);
+  Text4.Text = "x = " + RoundedText(two_theta, 4);
+  Text5.Text = "y = " + RoundedText(intensity, 1);
+  Text12.Text = "d = " + RoundedText(spacing, 4);
 }
 
 void Form34::Print() {
   const ProfileBuffer& card = context_.Data.Current();
   if (!card.IsCard() || !drawn_) {
-    Desk().Host().MsgBox({.Text = "Buffer " + card.BufLetter +
-                                  " holds no card that could be printed.\r\nDisplay the card first.",
-                          .Title = "Error",
-                          .Icon = MessageIcon::Stop});
+    Desk().Host().MsgBox(ErrorMessage("Buffer " + card.BufLetter +
+                                      " holds no card that could be printed.\r\nDisplay the card first."));
     return;
   }
   PrintCard(context_);

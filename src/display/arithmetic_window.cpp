@@ -22,13 +22,12 @@ Form8::Form8(const WindowContext& context, ArithmeticOpening opening)
 }
 
 void Form8::ArrangeControls() {
-  SetLayout(
-      Column({Row({Stretched(Framed(Frame1, Column({cmdAdd, cmdProd, cmdSumX, cmdExpY, cmdLogY}))),
-                   Stretched(Framed(Frame2, Column({Row({Label1, optY1, optY2, Space(), Command3}),
-                                                    Grid(2, {Stretched(Command1), Command4,  //
-                                                             Stretched(Command2), Command6}),
-                                                    Space()})))}),
-              Row({Space(), Command5})}));
+  SetLayout(Column({Row({Stretched(Framed(Frame1, Column({cmdAdd, cmdProd, cmdSumX, cmdExpY, cmdLogY}))),
+                         Stretched(Framed(Frame2, Column({Row({Label1, optY1, optY2, Space(), Command3}),
+                                                          Grid(2, {Stretched(Command1), Command4,  //
+                                                                   Stretched(Command2), Command6}),
+                                                          Space()})))}),
+                    Row({Space(), Command5})}));
 }
 
 void Form8::ConnectHandlers() {
@@ -203,7 +202,10 @@ void Form8::CombineBoth(TwoProfileOperation operation) {
     Desk().Host().MsgBox(*refusal);
   } else {
     MakeCurrent(context_, pair->First);
-    OpenComputedProfile(context_, {.Operation = operation, .Sources = *pair, .Left = opening_.ResultLeft});
+    OpenComputedProfile(context_, {.Operation = operation,
+                                   .Sources = *pair,
+                                   .Wavelength = context_.Data.SumWavelength,
+                                   .Left = opening_.ResultLeft});
   }
   Unload();
 }
@@ -217,9 +219,7 @@ bool Form8::Confirmed(const std::string& warning) {
                                .Icon = MessageIcon::Question}) == MessageAnswer::Yes;
 }
 
-void Form8::TellError(const std::string& text) {
-  Desk().Host().MsgBox({.Text = text, .Title = "Error", .Icon = MessageIcon::Stop});
-}
+void Form8::TellError(const std::string& text) { Desk().Host().MsgBox(ErrorMessage(text)); }
 
 void Form8::TellBeyond32Bits() {
   TellError(

@@ -56,7 +56,6 @@ class Form8 final : public Form {
   [[nodiscard]] ProfileBuffer* ProfileAtWork();
   /// Y1 and Y2, or nothing, with the reason told, when two were not there at the load.
   [[nodiscard]] std::optional<ProfilePair> BothProfiles();
-  /// The number K that the user gives, or nothing; one that won't do has been told.
   [[nodiscard]] bool Confirmed(const std::string& warning);
   void TellError(const std::string& text);
   void TellBeyond32Bits();

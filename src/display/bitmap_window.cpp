@@ -6,6 +6,7 @@
 
 #include "display/bitmap_printing.h"
 #include "display/plot_printing.h"
+#include "display/plot_transform.h"
 #include "files/file_choice.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr const char* BitmapFilter = "All Files (*.*)|*.*| bmp Files (*.bmp)|*.bmp| ";
 constexpr float TwipsPerPixel = 15;
-constexpr double TwipsPerMillimetre = 56.69;  // of the design grid
 constexpr double TwipsPerPoint = 20;
 
 /// In twips, and as large as the largest plot.
@@ -28,7 +28,7 @@ PictureSetup BitmapPicture() {
 }
 
 void TellError(const WindowContext& context, const std::string& text) {
-  context.Desk.Host().MsgBox({.Text = text, .Title = "Error", .Icon = MessageIcon::Stop});
+  context.Desk.Host().MsgBox(ErrorMessage(text));
 }
 
 bool SaveSource(const WindowContext& context, const std::string& path) {

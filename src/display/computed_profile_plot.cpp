@@ -12,7 +12,7 @@ namespace {
 
 constexpr double PlotWidth = 95;            // between the ends of the X axis
 constexpr double HeightOfLimits = 71.25;    // the highest Y stands so far above the X axis
-constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
+constexpr double LargestDegreeStep = 0.97;  // the label takes a larger one for one of channels
 
 /// The scales of the curve. They are not those of the frame for a difference that doesn't start from 0.
 void FixCurveScale(Workspace& data, TwoProfileOperation operation) {

@@ -41,14 +41,15 @@ void Form30::OnUnload() { Desk().Unload(pickers::ComputedProfile.Name); }
 void Form30::DrawResult() {
   const bool drawn = DrawComputedProfile(context_.Data, opening_.Operation, Picture1,
                                          [this](const Message& message) { Desk().Host().MsgBox(message); });
-  drawn_ = drawn && context_.Data.Plot.ScaleY != 0;
+  shown_.Keep(context_.Data, drawn);
   DrawComputedLegend(opening_.Operation, Picture2);
 }
 
 void Form30::ShowReadOut(float x, float y) {
-  if (!drawn_) {
+  if (!shown_.Readable()) {
     return;
   }
+  shown_.PutBack(context_.Data);
   const Workspace& data = context_.Data;
   const ProfileBuffer& buffer = context_.Data.Current();
   const bool channels = data.Sum.SumX[2] - data.Sum.SumX[1] > LargestDegreeStep;
@@ -60,8 +61,8 @@ void Form30::ShowReadOut(float x, float y) {
   }
   const double height = DataY(data.Plot, ClampedY(data.Plot, y), PlotBase(data.Plot, buffer.NegativeY == 1));
   Text1.Text = "X-pos = " + GeneralText(channels && calibrated ? two_theta : position);
-  Text2.Text = "d = " + GeneralText(RoundDecimals(SpacingOf(two_theta, buffer.Wavelength), 4));
-  Text3.Text = GeneralText(RoundDecimals(height, 2));
+  Text2.Text = "d = " + RoundedText(SpacingOf(two_theta, buffer.Wavelength), 4);
+  Text3.Text = RoundedText(height, 2);
 }
 
 void Form30::OpenPicker() {
@@ -69,6 +70,7 @@ void Form30::OpenPicker() {
   const ProfilePair& sources = opening_.Sources;
   const bool at_source = data.CurBuf == sources.First || data.CurBuf == sources.Second;
   data.SumSource = at_source ? data.CurBuf : static_cast<std::int16_t>(sources.First);
+  data.SumWavelength = opening_.Wavelength;  // that of another plot may stand there by now
   PickerActions actions;
   actions.Chosen = WhileLoaded(std::function<void(Form&, const std::vector<int>&)>(
       [this](Form& /*picker*/, const std::vector<int>& slots) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "display/drawn_plot.h"
 #include "display/plot_transform.h"
 #include "display/profile_sum.h"
 #include "forms/form.h"
@@ -15,6 +16,7 @@ namespace koprax {
 struct ComputedProfileOpening {
   TwoProfileOperation Operation;
   ProfilePair Sources;         ///< CurBuf is the first of them
+  float Wavelength;            ///< their mean, angstrom
   std::function<void()> Left;  ///< the computed profile is gone by then
 };
 
@@ -36,7 +38,7 @@ class Form30 final : public Form {
 
   WindowContext context_;
   ComputedProfileOpening opening_;
-  bool drawn_ = false;  // there is a plot whose transform the mouse can read
+  DrawnPlot shown_;
 
   PictureBox Picture1{*this, "Picture1", TallPlotPicture()};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};

@@ -29,8 +29,11 @@ namespace {
 
 constexpr double LargestDegreeStep = 0.97;  // a larger step is one of channels
 
-/// A buffer may have been emptied, or have become a card, since its curve was shown.
-bool HoldsCurve(const ProfileBuffer& buffer) { return buffer.PermNpts > 0 && !buffer.IsCard(); }
+/// A buffer may have been emptied, or have become a card, since its curve was shown; and a zoom or an
+/// operation may have left no point of it.
+bool HoldsCurve(const ProfileBuffer& buffer) {
+  return buffer.PermNpts > 0 && buffer.WorkNpts > 0 && !buffer.IsCard();
+}
 
 }  // namespace
 
@@ -131,9 +134,7 @@ void Form6::OnUnload() {
   if (const auto zoom = state_.Zoom.lock()) {
     zoom->Unload();
   }
-  if (const auto arithmetic = state_.Arithmetic.lock()) {
-    arithmetic->Unload();
-  }
+  GiveUpArithmetic();
 }
 
 void Form6::EnterMode(DisplayMode mode) {
@@ -145,7 +146,7 @@ void Form6::EnterMode(DisplayMode mode) {
 bool Form6::ShowProfile(int slot) {
   const bool drawn = DrawProfile(context_.Data, slot, Picture1,
                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
-  state_.Drawn = drawn && context_.Data.Plot.ScaleY != 0;
+  state_.Shown.Keep(context_.Data, drawn);
   if (!drawn) {
     return false;
   }
@@ -167,6 +168,7 @@ void Form6::RedrawProfile() {
   Picture1.Cls();
   ShowProfile(context_.Data.CurBuf);
   if (Frame4.Visible) {
+    KeepExplorerScale();
     MarkPeaks();
   }
 }
@@ -252,7 +254,8 @@ void Form6::AcceptWavelength() {
 }
 
 void Form6::Print() {
-  if (HasPlot()) {
+  if (HasPlot() && HasCurve()) {
+    state_.Shown.PutBack(context_.Data);
     PrintProfile(context_);
   }
 }
@@ -265,13 +268,13 @@ void Form6::SaveBitmap() {
 
 /// Tells the user where there is none.
 bool Form6::HasPlot() {
-  if (!state_.Drawn) {
+  if (!state_.Shown.Readable()) {
     Desk().Host().MsgBox({.Text = "There is no plot.\r\nDisplay a profile with a range of X and of intensity "
                                   "first.",
                           .Title = "Warning",
                           .Icon = MessageIcon::Information});
   }
-  return state_.Drawn;
+  return state_.Shown.Readable();
 }
 
 void Form6::StartArithmetic() {
@@ -283,13 +286,26 @@ void Form6::StartArithmetic() {
   state_.Arithmetic = Desk().Find("Form8");
 }
 
+/// A selection or the explorer holds on to points and scales that an operation would change under it.
+void Form6::GiveUpArithmetic() {
+  if (const auto arithmetic = state_.Arithmetic.lock()) {
+    arithmetic->Unload();
+  }
+}
+
+/// Tells the user where it doesn't.
+bool Form6::HasCurve() {
+  if (HoldsCurve(Buffer())) {
+    return true;
+  }
+  Desk().Host().MsgBox(ErrorMessage("Buffer " + Buffer().BufLetter +
+                                    " holds no points that could be saved or printed.\r\n"
+                                    "Display a profile first."));
+  return false;
+}
+
 void Form6::SaveProfile() {
-  if (!HoldsCurve(Buffer())) {
-    Desk().Host().MsgBox({.Text = "Buffer " + Buffer().BufLetter +
-                                  " holds no profile any more, so nothing can be saved to it.\r\n"
-                                  "Display a profile first.",
-                          .Title = "Error",
-                          .Icon = MessageIcon::Stop});
+  if (!HasCurve()) {
     return;
   }
   EnterMode(DisplayMode::Saved);

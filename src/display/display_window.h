@@ -7,6 +7,7 @@
 #include <string>
 
 #include "display/display_modes.h"
+#include "display/drawn_plot.h"
 #include "display/edit_portion.h"
 #include "display/peak_picking.h"
 #include "display/plot_transform.h"
@@ -50,9 +51,11 @@ class Form6 final : public Form {
   [[nodiscard]] bool LacksCalibration() const;
   [[nodiscard]] bool AskForCalibration();
   [[nodiscard]] bool HasPlot();
+  [[nodiscard]] bool HasCurve();
   void Print();
   void SaveBitmap();
   void StartArithmetic();
+  void GiveUpArithmetic();
   void SaveProfile();
   void ShowNewTitle();
   void ReturnToMainMenu();
@@ -104,6 +107,7 @@ class Form6 final : public Form {
   void ShowPick(const PeakPick& pick);
   void EraseLastPeak();
   void ClearPeakList();
+  void KeepExplorerScale();
   void MarkPeaks();
   void RubOutPeak(int peak);
   void RubOutPeaks();
@@ -121,7 +125,7 @@ class Form6 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    bool Drawn = false;       ///< there is a plot whose transform the mouse can read
+    DrawnPlot Shown;
     bool DragActive = false;  ///< the rubber band follows the mouse
     bool EditMode = false;    ///< an edit selection is under way
     bool IgnoreUp = false;    ///< the press fell outside the plot: the next release is swallowed
@@ -136,7 +140,6 @@ class Form6 final : public Form {
     bool SavedExplEnabled = false;
     EditRange Edited;   ///< the portion in the list of Edit mode
     PeakPick AtCursor;  ///< what the explorer has read last; empty before the mouse has moved
-    PlotTransform PlotUnderZoom;
     std::weak_ptr<Form15> Zoom;
     std::weak_ptr<Form> Arithmetic;
   };

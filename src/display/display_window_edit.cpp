@@ -101,6 +101,7 @@ void Form6::RejectChanges() {
 }
 
 std::optional<int> Form6::Apply(EditDrawing drawing) {
+  state_.Shown.PutBack(context_.Data);
   std::string box = Text8.Text;
   const auto bad_line = ApplyEdit(context_.Data, context_.Data.CurBuf, state_.Edited, drawing, box, Picture1,
                                   [this](const Message& message) { Desk().Host().MsgBox(message); });
@@ -109,13 +110,12 @@ std::optional<int> Form6::Apply(EditDrawing drawing) {
 }
 
 void Form6::AcceptChanges() {
-  Picture1.Cls();
   for (Button* command : {&cmdZoom, &cmdSave, &cmdMod, &cmdMain, &cmdEdit}) {
     command->Enabled = false;
   }
   MousePointer = Pointer::Hourglass;
   AcceptEdit(context_.Data, context_.Data.CurBuf, state_.Edited);
-  ShowProfile(context_.Data.CurBuf);
+  RedrawProfile();
   MousePointer = Pointer::Arrow;
 }
 
@@ -123,7 +123,9 @@ void Form6::ChangeAll() {
   const std::optional<float> k = AskForConstant(Desk().Host(), "Y = K");
   const std::optional<EditRange> range = k ? SelectedPortion() : std::nullopt;
   if (range) {
+    MousePointer = Pointer::Hourglass;
     ShowEditList(*range, ChangeAllY(context_.Data, context_.Data.CurBuf, *range, *k));
+    MousePointer = Pointer::Arrow;
   }
 }
 

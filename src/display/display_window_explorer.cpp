@@ -34,6 +34,7 @@ Message NothingToZoom() {
 bool Form6::ExplorerPaused() const { return cmdManExpl.Caption == ResumeCaption; }
 
 void Form6::StartExplorer() {
+  GiveUpArithmetic();
   const bool ask_wavelength = Buffer().Wavelength == 0;
   Frame3.Visible = ask_wavelength;
   if (!ask_wavelength) {
@@ -53,6 +54,7 @@ void Form6::StartExplorer() {
   ResetCursorLine();
   optNO.Value = false;
   optOK.Value = false;
+  KeepExplorerScale();
   MarkPeaks();
 }
 
@@ -151,13 +153,15 @@ void Form6::ClearPeakList() {
   EnableListCommands();
 }
 
-/// Draws the markers of the peaks within the plot, whose scale the explorer keeps.
+void Form6::KeepExplorerScale() {
+  context_.Data.ExplorerScaleX = ShownPlot().ScaleX;
+  context_.Data.ExplorerScaleY = ShownPlot().ScaleY;
+}
+
+/// Draws the markers of the peaks within the plot.
 void Form6::MarkPeaks() {
-  Workspace& data = context_.Data;
-  data.ExplorerScaleX = data.Plot.ScaleX;
-  data.ExplorerScaleY = data.Plot.ScaleY;
   const XRange range{Buffer().WorkXMin, Buffer().WorkXMax};
-  for (int i = 1; state_.Drawn && i <= Buffer().NPeaks; ++i) {
+  for (int i = 1; state_.Shown.Readable() && i <= Buffer().NPeaks; ++i) {
     const PeakPosition peak = PositionOf(Buffer(), i);
     if (range.Holds(peak.X)) {
       DrawMarker(ShownPlot(), Origin(), peak, MarkerLength, Picture1);
@@ -166,7 +170,7 @@ void Form6::MarkPeaks() {
 }
 
 void Form6::RubOutPeak(int peak) {
-  if (!state_.Drawn) {
+  if (!state_.Shown.Readable()) {
     return;
   }
   EraseMarker(ShownPlot(), Origin(), PositionOf(Buffer(), peak), Picture1);
@@ -196,9 +200,6 @@ void Form6::ZoomFromExplorer() {
   Shape1.Width = Shape1.Height = AcceptedBandSize;
   optOK.Visible = optNO.Visible = false;
   Workspace& data = context_.Data;
-  state_.PlotUnderZoom = data.Plot;
-  state_.PlotUnderZoom.ScaleX = data.ExplorerScaleX;
-  state_.PlotUnderZoom.ScaleY = data.ExplorerScaleY;
   const int count =
       CopyRange({Buffer().WorkX, Buffer().WorkY, Buffer().WorkNpts}, range, data.ScratchX, data.ScratchY);
   state_.Zoom = OpenZoomWindow(
@@ -211,8 +212,11 @@ void Form6::ZoomFromExplorer() {
 }
 
 void Form6::ReturnFromZoom() {
-  context_.Data.Plot = state_.PlotUnderZoom;
-  context_.Data.ZoomMode = false;
+  Workspace& data = context_.Data;
+  state_.Shown.PutBack(data);
+  data.Plot.ScaleX = data.ExplorerScaleX;
+  data.Plot.ScaleY = data.ExplorerScaleY;
+  data.ZoomMode = false;
   HideSelection();
   EnterMode(DisplayMode::ExplorerZoomLeft);
   EnableListCommands();
@@ -233,8 +237,6 @@ bool Form6::ZoomIsOpen() const {
   return zoom && zoom->Loaded();
 }
 
-const PlotTransform& Form6::ShownPlot() const {
-  return ZoomIsOpen() ? state_.PlotUnderZoom : context_.Data.Plot;
-}
+const PlotTransform& Form6::ShownPlot() const { return state_.Shown.Transform(); }
 
 }  // namespace koprax

@@ -11,11 +11,12 @@ namespace koprax {
 // The selection with the rubber band.
 
 void Form6::StartSelection(DisplayMode mode) {
-  if (!state_.Drawn) {
+  if (!state_.Shown.Readable()) {
     Desk().Host().MsgBox(NothingToSelectFrom());
     return;
   }
   CloseZoom();
+  GiveUpArithmetic();
   if (!Selecting()) {
     state_.SavedYMax = Buffer().WorkYMax;
     state_.SavedText6 = Text6.Text;
@@ -131,6 +132,7 @@ void Form6::UndoZoom() {
 // The mouse over the picture.
 
 void Form6::MousePressed(MouseButton button, float x, float y) {
+  state_.Shown.PutBack(context_.Data);
   if (Selecting()) {
     PressInSelection(x, y);
   } else if (context_.Data.ExplorerMode && !Frame3.Visible) {
@@ -143,7 +145,8 @@ void Form6::MousePressed(MouseButton button, float x, float y) {
 }
 
 void Form6::MouseMoved(float x, float y) {
-  if (state_.Drawn) {
+  state_.Shown.PutBack(context_.Data);
+  if (state_.Shown.Readable()) {
     ShowReadOut(x, y);
   }
   if (state_.DragActive && Selecting()) {
@@ -152,6 +155,7 @@ void Form6::MouseMoved(float x, float y) {
 }
 
 void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
+  state_.Shown.PutBack(context_.Data);
   if (button == MouseButton::Right) {
     return;
   }
@@ -166,7 +170,7 @@ void Form6::ShowReadOut(float x, float y) {
   const PlotTransform& plot = ShownPlot();
   const float picture_x = ClampedX(plot, x);
   const float value = DataX(plot, picture_x, Buffer().WorkXMin);
-  Text3.Text = "x = " + GeneralText(RoundDecimals(value, 4));
+  Text3.Text = "x = " + RoundedText(value, 4);
   const float base = PlotBase(plot, Buffer().WorkYMin < 0);
   Text4.Text = "y = " + GeneralText(DataY(plot, ClampedY(plot, y), base));
   if (context_.Data.ExplorerMode && Buffer().Wavelength != 0) {

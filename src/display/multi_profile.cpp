@@ -54,21 +54,19 @@ float MeanWavelength(const Workspace& data, const std::vector<int>& slots) {
   return slots.empty() ? 0 : sum / static_cast<float>(slots.size());
 }
 
-Message Refusal(const std::string& text, const std::string& title = "Error") {
-  return {.Text = text, .Title = title, .Icon = MessageIcon::Stop};
-}
-
 std::optional<Message> WavelengthProblem(const Workspace& data, const std::vector<int>& slots, double mean) {
   bool mismatch = false;
   for (const int slot : slots) {
     const ProfileBuffer& buffer = data.Buffer(slot);
     if (buffer.Wavelength == 0) {
-      return Refusal("Undefined wave length for profile in buffer " + buffer.BufLetter, "Warning");
+      return Message{.Text = "Undefined wave length for profile in buffer " + buffer.BufLetter,
+                     .Title = "Warning",
+                     .Icon = MessageIcon::Stop};
     }
     mismatch |= !(std::abs(mean - buffer.Wavelength) / buffer.Wavelength < LargestDeviation);
   }
   if (mismatch) {
-    return Refusal(
+    return ErrorMessage(
         "Profiles collected with radiation of different \r\n"
         "wavelengths cannot be displayed on the same figure.");
   }
@@ -78,7 +76,7 @@ std::optional<Message> WavelengthProblem(const Workspace& data, const std::vecto
 std::optional<Message> AxisProblem(const Workspace& data, const std::vector<int>& slots) {
   const auto in_channels = [&](int slot) { return data.Buffer(slot).InChannels(); };
   if (std::ranges::any_of(slots, in_channels) && !std::ranges::all_of(slots, in_channels)) {
-    return Refusal(
+    return ErrorMessage(
         "Error!!\r\nProfiles in 2-theta cannot co-exsist with profiles in 'channels'.\r\n"
         "Change 'channel' units in 2-theta units prior to any common displaying.");
   }
@@ -87,7 +85,7 @@ std::optional<Message> AxisProblem(const Workspace& data, const std::vector<int>
 
 std::optional<Message> RangeProblem(const PlotLimits& limits) {
   if (!SpansX(limits)) {
-    return Refusal(
+    return ErrorMessage(
         "The profiles have no common range of X in which they could be displayed.\r\n"
         "Select profiles whose X runs upward.");
   }
@@ -145,7 +143,7 @@ void TakeMultiProfile(Workspace& data, const MultiProfile& plot) {
   }
 }
 
-std::vector<int> ShownSlots(const Workspace& data) {
+std::vector<int> SlotsInPlot(const Workspace& data) {
   std::vector<int> slots;
   for (int place = 1; place <= NumBuffers; ++place) {
     if (data.Buffer(place).SelList != 0) {
@@ -160,17 +158,17 @@ void DrawMultiProfile(Workspace& data, Surface& picture, const TellUser& tell) {
   if (!DrawAxes(data, limits, picture)) {
     tell(NoYSpan());
   }
-  ShareFrame(data, limits);
+  const std::vector<int> slots = SlotsInPlot(data);
+  ShareFrame(data, slots, limits);
   bool channels = false;
-  for (const int slot : ShownSlots(data)) {
+  for (const int slot : slots) {
     DrawBuffer(data, data.Buffer(slot), picture);
     channels |= data.Buffer(slot).InChannels();
   }
   PrintAxisLabels({.Channels = channels, .ThetaSize = 12, .ChannelX = 101, .ChannelY = 9}, picture);
 }
 
-void DrawLegend(const Workspace& data, Surface& legend) {
-  const std::vector<int> slots = ShownSlots(data);
+void DrawLegend(const Workspace& data, const std::vector<int>& slots, Surface& legend) {
   for (std::size_t k = 1; k <= slots.size(); ++k) {
     const ProfileBuffer& buffer = data.Buffer(slots[k - 1]);
     const auto line = 3.0 * static_cast<double>(k);
@@ -187,8 +185,8 @@ void DrawLegend(const Workspace& data, Surface& legend) {
   }
 }
 
-void ShareFrame(Workspace& data, const PlotLimits& limits) {
-  for (const int slot : ShownSlots(data)) {
+void ShareFrame(Workspace& data, const std::vector<int>& slots, const PlotLimits& limits) {
+  for (const int slot : slots) {
     data.Buffer(slot).NegativeY = ReachesBelowZero(limits) ? 1 : 0;
   }
 }

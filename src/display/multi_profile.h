@@ -36,20 +36,21 @@ struct MultiProfile {
 /// unless MultiOp tells that one of them has just been changed. SumWavelength becomes the mean of two.
 void TakeMultiProfile(Workspace& data, const MultiProfile& plot);
 
-/// The slots in SelList. An erased buffer may have cleared one of them.
-[[nodiscard]] std::vector<int> ShownSlots(const Workspace& data);
+/// The slots in SelList, as TakeMultiProfile has set it. An erasing may clear one of them, shown or not, so a
+/// window that goes on showing them keeps them.
+[[nodiscard]] std::vector<int> SlotsInPlot(const Workspace& data);
 
 /// Draws the temporary copies of the buffers in SelList in one frame with its labels, profiles as curves and
 /// cards as sticks. NegativeY of all of them, and of CurBuf, becomes that of the frame. Limits that span no Y
 /// are told; the curves are then drawn in the scale of the last drawing. The picture is not cleared before.
 void DrawMultiProfile(Workspace& data, Surface& picture, const TellUser& tell);
 
-/// Writes a line for each buffer of SelList: its colour, letter and title, and as one of two its name in
+/// Writes a line for each of the buffers: its colour, letter and title, and as one of two its name in
 /// formulas.
-void DrawLegend(const Workspace& data, Surface& legend);
+void DrawLegend(const Workspace& data, const std::vector<int>& slots, Surface& legend);
 
 /// All buffers of one plot stand on the base of its frame.
-void ShareFrame(Workspace& data, const PlotLimits& limits);
+void ShareFrame(Workspace& data, const std::vector<int>& slots, const PlotLimits& limits);
 
 /// Takes points 1 to WorkNpts and the limits of X of the temporary copy into the permanent copy, whose number
 /// of points stays. The limits of Y of both copies are found by comparing with 100000 and -10000.

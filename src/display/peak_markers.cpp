@@ -14,7 +14,7 @@ void DrawBar(const PlotTransform& plot, const CurveOrigin& origin, const PeakPos
              float length, Colour colour, Surface& picture) {
   const float px = PictureX(plot, peak.X, origin.XMin);
   const float py = PictureY(plot, peak.Y, origin.Base);
-  const float top = std::min(py + gap + length, plot.FrameTop);
+  const float top = std::min(py + (gap + length), plot.FrameTop);
   picture.Line(px, py + gap, px, top, colour);
 }
 

@@ -29,7 +29,7 @@ TwoThetaAtX TwoThetaAt(const ProfileBuffer& buffer, float step, float x) {
 }
 
 std::string SpacingText(const ProfileBuffer& buffer, float two_theta) {
-  return GeneralText(RoundDecimals(SpacingOf(two_theta, buffer.Wavelength), 4));
+  return RoundedText(SpacingOf(two_theta, buffer.Wavelength), 4);
 }
 
 /// A text in its field, cut to it before and after it is aligned.
@@ -52,7 +52,7 @@ std::size_t IndexOf(int peak) { return static_cast<std::size_t>(peak); }
 
 PeakPick ReadOutAt(const ProfileBuffer& buffer, float x) {
   const TwoThetaAtX two_theta = TwoThetaAt(buffer, buffer.PermX[2] - buffer.PermX[1], x);
-  const std::string shown = GeneralText(RoundDecimals(x, 4));
+  const std::string shown = RoundedText(x, 4);
   return {.Theta = two_theta.FromChannel ? GeneralText(two_theta.Value) : shown,
           .D = SpacingText(buffer, two_theta.Value),
           .Channel = shown,
@@ -63,7 +63,7 @@ PeakPick ZoomedReadOutAt(const ProfileBuffer& buffer, float step, float x) {
   const float rounded = RoundDecimals(x, 3);
   const TwoThetaAtX two_theta = TwoThetaAt(buffer, step, rounded);
   const std::string shown = GeneralText(rounded);
-  return {.Theta = two_theta.FromChannel ? GeneralText(RoundDecimals(two_theta.Value, 4)) : shown,
+  return {.Theta = two_theta.FromChannel ? RoundedText(two_theta.Value, 4) : shown,
           .D = SpacingText(buffer, two_theta.Value),
           .Channel = shown,
           .Y = {}};

@@ -114,9 +114,9 @@ void SetPlotScale(Workspace& data, const PlotLimits& limits) {
   FixTransform(ScreenPlace, data.Plot, limits);
 }
 
-bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& picture) {
+bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& surface, const PlotPlace& place) {
   NoteNegativeY(data, limits);
-  return DrawFrameAt(ScreenPlace, data.Plot, limits, picture);
+  return DrawFrameAt(place, data.Plot, limits, surface);
 }
 
 bool DrawFrameAt(const PlotPlace& place, PlotTransform& plot, const PlotLimits& limits, Surface& surface) {

@@ -39,12 +39,13 @@ inline constexpr PlotPlace ScreenPlace{.FrameLeft = 5,
 /// must differ.
 void SetPlotScale(Workspace& data, const PlotLimits& limits);
 
-/// Draws the frame on the picture and fixes the transform; the picture is not cleared before. Sets NegativeY
+/// Draws the frame on the surface and fixes the transform; nothing is cleared before. Sets NegativeY
 /// of CurBuf. False when the limits span no Y: then only the outer frame is drawn and the scale of Y stays
 /// that of the last drawing. XMin and XMax must differ.
-[[nodiscard]] bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& picture);
+[[nodiscard]] bool DrawAxes(Workspace& data, const PlotLimits& limits, Surface& surface,
+                            const PlotPlace& place = ScreenPlace);
 
-/// The same at any place of a surface, for a transform of one's own; sets no NegativeY.
+/// The same for a transform of one's own; sets no NegativeY.
 [[nodiscard]] bool DrawFrameAt(const PlotPlace& place, PlotTransform& plot, const PlotLimits& limits,
                                Surface& surface);
 

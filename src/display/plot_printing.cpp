@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "display/curve.h"
-#include "display/multi_profile.h"
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 
@@ -109,10 +109,8 @@ void PrintPage(const WindowContext& context, const std::function<void(Printer&)>
   }
   draw(printer);
   if (const auto failure = host.PrintDocument(printer)) {
-    host.MsgBox({.Text = "The page could not be printed: " + *failure +
-                         ".\r\nCheck the printer, or the place of the file, and print again.",
-                 .Title = "Error",
-                 .Icon = MessageIcon::Stop});
+    host.MsgBox(ErrorMessage("The page could not be printed: " + *failure +
+                             ".\r\nCheck the printer, or the place of the file, and print again."));
   }
 }
 
@@ -120,20 +118,22 @@ void PrintPlotPage(const WindowContext& context, const std::function<void(Printe
   PrintPage(context, [&](Printer& printer) {
     printer.SetScaleMode(PrinterScale::Millimetres);
     printer.SetOrientation(PageOrientation::Landscape);
-    const PlotTransform on_screen = context.Data.Plot;
+    Workspace& data = context.Data;
+    const PlotTransform plot_on_screen = data.Plot;
+    const std::int16_t negative_on_screen = data.Current().NegativeY;
     draw(printer);
-    context.Data.Plot = on_screen;
+    data.Plot = plot_on_screen;
+    data.Current().NegativeY = negative_on_screen;
   });
 }
 
 void PrintAxes(Workspace& data, const PlotLimits& limits, Printer& printer, float left, float top,
                const TellUser& tell) {
-  ProfileBuffer& buffer = data.Current();
-  buffer.NegativeY = ReachesBelowZero(limits) ? 1 : 0;
-  if (!DrawFrameAt(PaperPlace(left, top), data.Plot, limits, printer)) {
+  if (!DrawAxes(data, limits, printer, PaperPlace(left, top))) {
     tell(NoYSpan("Reurn"));
     return;
   }
+  const ProfileBuffer& buffer = data.Current();
   PrintLabels(data.Plot, buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep, printer);
 }
 
@@ -142,10 +142,10 @@ void PrintProfile(const WindowContext& context) {
       context, [&](Printer& printer) { DrawPermanentCopy(context.Data, context.Data.Current(), printer); });
 }
 
-void PrintSeveralProfiles(const WindowContext& context) {
+void PrintSeveralProfiles(const WindowContext& context, const std::vector<int>& slots) {
   const Workspace& data = context.Data;
   PrintScreenPlot(context, [&](Printer& printer) {
-    for (const int slot : ShownSlots(data)) {
+    for (const int slot : slots) {
       DrawWholeProfile(data, data.Buffer(slot), printer);
     }
   });

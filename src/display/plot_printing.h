@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "display/plot_transform.h"
 #include "files/read_outcome.h"
@@ -27,7 +28,7 @@ void PrintAxes(Workspace& data, const PlotLimits& limits, Printer& printer, floa
 /// Prints the permanent copy of CurBuf in the limits of the drawing on the screen.
 void PrintProfile(const WindowContext& context);
 
-/// Prints the buffers of SelList, each in its colour, in the limits of the drawing on the screen.
-void PrintSeveralProfiles(const WindowContext& context);
+/// Prints the buffers of these slots, each in its colour, in the limits of the drawing on the screen.
+void PrintSeveralProfiles(const WindowContext& context, const std::vector<int>& slots);
 
 }  // namespace koprax

@@ -29,6 +29,8 @@ struct PlotLimits {
   return span >= 0.00001 && span <= std::numeric_limits<float>::max();
 }
 
+inline constexpr double TwipsPerMillimetre = 56.69;  ///< of the design grid of all pictures
+
 /// A plot picture: x from 0 at its left edge, y from 98 at its top edge and growing upward, in
 /// millimetres of the design grid; 6975 x 5415 twips.
 [[nodiscard]] inline PictureSetup PlotPicture() {

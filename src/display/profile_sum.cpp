@@ -202,10 +202,6 @@ void Combine(const ProfileBuffer& y1, const ProfileBuffer& y2, float shared_star
 
 // ---- What stands in the way --------------------------------------------------------------------------
 
-Message Refusal(const std::string& text) {
-  return {.Text = text, .Title = "Error", .Icon = MessageIcon::Stop};
-}
-
 std::optional<Message> WhyNotCombined(const ProfileBuffer& y1, const ProfileBuffer& y2,
                                       TwoProfileOperation operation) {
   if (y1.IsCard() || y2.IsCard()) {
@@ -215,8 +211,8 @@ std::optional<Message> WhyNotCombined(const ProfileBuffer& y1, const ProfileBuff
   }
   for (const ProfileBuffer* buffer : {&y1, &y2}) {
     if (buffer->PermNpts == 0) {
-      return Refusal("There are no points in buffer " + buffer->BufLetter +
-                     ".\r\nDisplay two profiles that have points.");
+      return ErrorMessage("There are no points in buffer " + buffer->BufLetter +
+                          ".\r\nDisplay two profiles that have points.");
     }
   }
   return std::nullopt;
@@ -224,16 +220,16 @@ std::optional<Message> WhyNotCombined(const ProfileBuffer& y1, const ProfileBuff
 
 std::optional<Message> WhyNoResult(const ResultPoints& result) {
   if (result.TooMany()) {
-    return Refusal(
+    return ErrorMessage(
         "The result would have more than " + std::to_string(MaxPoints) +
         " points.\r\nCut the first profile to a smaller range before: display it alone, zoom and save.");
   }
   if (!result.Finite()) {
-    return Refusal(
+    return ErrorMessage(
         "The result has intensities beyond 3.4E+38.\r\nMultiply both profiles by a small number first.");
   }
   if (result.Count() == 0) {
-    return Refusal("The two profiles have no common X.\r\nDisplay two profiles whose ranges overlap.");
+    return ErrorMessage("The two profiles have no common X.\r\nDisplay two profiles whose ranges overlap.");
   }
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 // in several_profiles_zoom.cpp.
 #include "display/several_profiles_window.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -22,17 +23,13 @@ namespace koprax {
 
 namespace {
 
-/// The buffers that the plot at work shows, as a selection.
-BufferSelection ShownSelection(const Workspace& data) {
+/// Slots as a selection like SelBuf.
+BufferSelection SelectionOf(const std::vector<int>& slots) {
   BufferSelection selection{};
-  for (const int slot : ShownSlots(data)) {
+  for (const int slot : slots) {
     selection[static_cast<std::size_t>(slot)] = 1;
   }
   return selection;
-}
-
-Message Refusal(std::string text) {
-  return {.Text = std::move(text), .Title = "Error", .Icon = MessageIcon::Stop};
 }
 
 }  // namespace
@@ -67,7 +64,7 @@ void Form2::ConnectHandlers() {
   cmdZoom.OnClick = [this] { StartSelection(); };
   cmdMod.OnClick = [this] { StartArithmetic(); };
   cmdSave.OnClick = [this] { SaveBuffer(); };
-  Command1.OnClick = [this] { PrintSeveralProfiles(context_); };
+  Command1.OnClick = [this] { Print(); };
   cmdBitMap.OnClick = [this] { OpenBitmapWindow(context_, 2); };
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
   optOK.OnClick = [this] { AcceptSelection(); };
@@ -79,6 +76,7 @@ void Form2::ConnectHandlers() {
 
 void Form2::OnLoad() {
   HideSelection();
+  state_.Slots = SlotsInPlot(context_.Data);
   EnableArithmetic();
 }
 
@@ -86,8 +84,8 @@ void Form2::ShowPlot() {
   Workspace& data = context_.Data;
   Show();
   DrawMultiProfile(data, Picture1, [this](const Message& message) { Tell(message); });
-  DrawLegend(data, Picture2);
-  state_.Drawn = data.Plot.ScaleY != 0;
+  DrawLegend(data, state_.Slots, Picture2);
+  state_.Shown.Keep(data, true);
   ShowRange({.Low = data.PlotXMin, .High = data.PlotXMax});
 }
 
@@ -101,7 +99,7 @@ void Form2::OnUnload() {
 }
 
 /// The formulas are made for two profiles.
-void Form2::EnableArithmetic() { cmdMod.Enabled = ShownSlots(context_.Data).size() <= 2; }
+void Form2::EnableArithmetic() { cmdMod.Enabled = state_.Slots.size() <= 2; }
 
 void Form2::EnableOutput(bool enabled) { Command1.Enabled = cmdBitMap.Enabled = cmdSave.Enabled = enabled; }
 
@@ -117,25 +115,35 @@ void Form2::ReturnToMainMenu() {
   context_.Main.ShowMainMenu();
 }
 
+void Form2::Print() {
+  const auto erased = [&](int slot) { return context_.Data.Buffer(slot).Empty(); };
+  if (std::ranges::all_of(state_.Slots, erased)) {
+    Tell(ErrorMessage("The profiles of this plot have been erased.\r\nDisplay others first."));
+    return;
+  }
+  state_.Shown.PutBack(context_.Data);
+  PrintSeveralProfiles(context_, state_.Slots);
+}
+
 void Form2::Tell(const Message& message) const { Desk().Host().MsgBox(message); }
 
 // Arithmetic, and saving what it has changed.
 
 void Form2::StartArithmetic() {
   Workspace& data = context_.Data;
-  const std::vector<int> slots = ShownSlots(data);
-  if (slots.size() != 2) {
+  const auto erased = [&](int slot) { return data.Buffer(slot).Empty(); };
+  if (std::ranges::any_of(state_.Slots, erased)) {
     Tell(
-        Refusal("Arithmetic takes two profiles, and one of this plot has been erased.\r\n"
-                "Display two profiles first."));
+        ErrorMessage("Arithmetic takes two profiles, and one of this plot has been erased.\r\n"
+                     "Display two profiles first."));
     return;
   }
   CloseZoom();
-  data.SelBuf = ShownSelection(data);  // a picker that has been opened meanwhile has its own idea of it
+  data.SelBuf = SelectionOf(state_.Slots);  // a picker that has been opened meanwhile has its own idea of it
   const auto while_loaded = [this](void (Form2::*act)()) {
     return WhileLoaded(std::function<void()>([this, act] { (this->*act)(); }));
   };
-  OpenArithmetic(context_, {.Profiles = static_cast<int>(slots.size()),
+  OpenArithmetic(context_, {.Profiles = static_cast<int>(state_.Slots.size()),
                             .Opener = weak_from_this(),
                             .Redraw = while_loaded(&Form2::DrawAgain),
                             .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
@@ -148,8 +156,8 @@ void Form2::DrawAgain() {
   CloseZoom();
   Picture1.Cls();
   Picture2.Cls();
-  state_.Drawn = false;
-  const auto plan = PlanMultiProfile(data, ShownSelection(data));
+  state_.Shown = {};
+  const auto plan = PlanMultiProfile(data, SelectionOf(state_.Slots));
   if (const auto* refusal = std::get_if<Message>(&plan)) {
     Tell(*refusal);
     return;
@@ -158,14 +166,21 @@ void Form2::DrawAgain() {
   ShowPlot();
 }
 
-/// The window of a result has drawn over the transform, on a base of its own.
 void Form2::LeaveResult() {
   Show();
   cmdMain.Enabled = cmdZoom.Enabled = true;
   EnableArithmetic();
+  TakePlotBack();
+}
+
+/// Another window has drawn over the transform, on a base of its own.
+void Form2::TakePlotBack() {
+  state_.Shown.PutBack(context_.Data);
   const PlotLimits limits = LimitsOfDrawing(context_.Data);
-  SetPlotScale(context_.Data, limits);
-  ShareFrame(context_.Data, limits);
+  if (SpansX(limits)) {
+    SetPlotScale(context_.Data, limits);
+    ShareFrame(context_.Data, state_.Slots, limits);
+  }
 }
 
 bool Form2::PickBuffer() {
@@ -179,11 +194,11 @@ bool Form2::PickBuffer() {
 std::optional<Message> Form2::WhyNotSaved() const {
   const ProfileBuffer& buffer = context_.Data.Current();
   const std::string name = "Buffer " + buffer.BufLetter;
-  if (ShownSelection(context_.Data)[static_cast<std::size_t>(context_.Data.CurBuf)] == 0) {
-    return Refusal(name + " is none of those shown in this plot.\r\nChoose one of the plot.");
+  if (std::ranges::find(state_.Slots, context_.Data.CurBuf) == state_.Slots.end()) {
+    return ErrorMessage(name + " is none of those shown in this plot.\r\nChoose one of the plot.");
   }
   if (buffer.Empty() || buffer.WorkNpts == 0) {
-    return Refusal(name + " holds no points that could be saved.\r\nChoose another one of the plot.");
+    return ErrorMessage(name + " holds no points that could be saved.\r\nChoose another one of the plot.");
   }
   return std::nullopt;
 }

@@ -5,8 +5,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "display/curve.h"
+#include "display/drawn_plot.h"
 #include "display/plot_transform.h"
 #include "forms/form.h"
 #include "workspace/help_button.h"
@@ -41,11 +43,13 @@ class Form2 final : public Form {
   void EnableOutput(bool enabled);
   void ShowRange(const XRange& range);
   void ReturnToMainMenu();
+  void Print();
 
   // Arithmetic, and saving what it has changed.
   void StartArithmetic();
   void DrawAgain();
   void LeaveResult();
+  void TakePlotBack();
   [[nodiscard]] bool PickBuffer();
   void SaveBuffer();
   [[nodiscard]] std::optional<Message> WhyNotSaved() const;
@@ -56,7 +60,6 @@ class Form2 final : public Form {
   void MouseMoved(float x, float y);
   void MouseReleased(float x);
   [[nodiscard]] PlotLimits SelectedLimits() const;
-  [[nodiscard]] std::optional<Message> WhyNoZoom() const;
   void AcceptSelection();
   void CancelSelection();
   void HideSelection();
@@ -68,7 +71,8 @@ class Form2 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    bool Drawn = false;       ///< there is a plot whose transform the mouse can read
+    DrawnPlot Shown;
+    std::vector<int> Slots;   ///< of the buffers in the plot
     bool DragActive = false;  ///< the rubber band follows the mouse
     bool ZoomSelecting = false;
     bool IgnoreUp = false;  ///< the press fell outside the plot: the next release is swallowed

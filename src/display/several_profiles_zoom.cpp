@@ -1,6 +1,5 @@
 // What the mouse does over the picture of the Multiprofile window: the read-out, and the selection of the
 // part that opens in the zoom window.
-#include <cstddef>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -10,6 +9,7 @@
 #include "display/profile_sum.h"
 #include "display/rubber_band.h"
 #include "display/several_profiles_window.h"
+#include "display/zoom.h"
 #include "display/zoom_window.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -21,18 +21,12 @@ namespace {
 
 /// The points of the temporary copy that lie within the range.
 ZoomedCurve ZoomedPart(const ProfileBuffer& buffer, const XRange& range) {
-  ZoomedCurve part{.X = PointTable(1),
-                   .Y = PointTable(1),
+  ZoomedCurve part{.X = PointTable(MaxPoints + 1),
+                   .Y = PointTable(MaxPoints + 1),
                    .Count = 0,
                    .CurveColour = static_cast<Colour>(buffer.BufColor),
                    .Sticks = buffer.IsCard()};
-  for (std::size_t i = 1; i <= static_cast<std::size_t>(buffer.WorkNpts); ++i) {
-    if (range.Holds(buffer.WorkX[i])) {
-      part.X.push_back(buffer.WorkX[i]);
-      part.Y.push_back(buffer.WorkY[i]);
-      ++part.Count;
-    }
-  }
+  part.Count = CopyRange({buffer.WorkX, buffer.WorkY, buffer.WorkNpts}, range, part.X, part.Y);
   return part;
 }
 
@@ -43,7 +37,7 @@ XRange InDecimals(const XRange& range, int decimals) {
 }  // namespace
 
 void Form2::StartSelection() {
-  if (!state_.Drawn) {
+  if (!state_.Shown.Readable()) {
     Tell(NothingToSelectFrom());
     return;
   }
@@ -63,6 +57,7 @@ void Form2::StartSelection() {
 }
 
 void Form2::MousePressed(float x, float y) {
+  state_.Shown.PutBack(context_.Data);
   state_.DragActive = true;
   optOK.Visible = optNO.Visible = false;
   Picture1.MoveTo(x, y);
@@ -72,15 +67,16 @@ void Form2::MousePressed(float x, float y) {
 }
 
 void Form2::MouseMoved(float x, float y) {
-  if (!state_.Drawn) {
+  if (!state_.Shown.Readable()) {
     return;
   }
+  state_.Shown.PutBack(context_.Data);
   const Workspace& data = context_.Data;
   const PlotTransform& plot = data.Plot;
   const float picture_x = ClampedX(plot, x);
   const double value = data.PlotXMin + (static_cast<double>(picture_x) - plot.PlotLeft) / plot.ScaleX;
   Text3.Text = "x = " + GeneralText(value);
-  const float base = PlotBase(plot, context_.Data.Current().NegativeY == 1);
+  const float base = PlotBase(plot, ReachesBelowZero(state_.Shown.Limits()));
   Text4.Text = "y = " + GeneralText(DataY(plot, ClampedY(plot, y), base));
   if (state_.DragActive && state_.ZoomSelecting) {
     FollowMouse(plot, Shape1, picture_x);
@@ -90,6 +86,7 @@ void Form2::MouseMoved(float x, float y) {
 void Form2::MouseReleased(float x) {
   state_.DragActive = false;
   if (!state_.ZoomSelecting) {
+    Picture1.MousePointer = Pointer::Arrow;
     return;
   }
   if (state_.IgnoreUp) {
@@ -98,6 +95,7 @@ void Form2::MouseReleased(float x) {
   }
   optOK.Visible = optNO.Visible = true;
   Picture1.MousePointer = Pointer::Arrow;
+  state_.Shown.PutBack(context_.Data);
   const Workspace& data = context_.Data;
   const XRange range = AsShown(SelectedX(data.Plot, Shape1, x, data.PlotXMin, data.PlotXMax));
   state_.SelXLow = range.Low;
@@ -109,28 +107,18 @@ void Form2::MouseReleased(float x) {
 PlotLimits Form2::SelectedLimits() const {
   return {.XMin = state_.SelXLow,
           .XMax = state_.SelXHigh,
-          .YMin = context_.Data.PlotYMin,
+          .YMin = state_.Shown.Limits().YMin,
           .YMax = state_.SelYTop};
 }
 
-/// A press on the X axis, or a drag to the left, selects a part that no plot can show.
-std::optional<Message> Form2::WhyNoZoom() const {
-  const PlotLimits limits = SelectedLimits();
-  const bool spans_x = limits.XMin < limits.XMax;
-  const bool spans_y = limits.YMax > (ReachesBelowZero(limits) ? limits.YMin : 0);
-  if (spans_x && spans_y) {
-    return std::nullopt;
-  }
-  return Message{.Text = std::string("The selection holds no range of ") + (spans_x ? "Y" : "X") +
-                         ".\r\nDrag the mouse from the upper left corner of a part to its right end.",
-                 .Title = "Warning",
-                 .Icon = MessageIcon::Information};
-}
-
 void Form2::AcceptSelection() {
-  if (const std::optional<Message> refusal = WhyNoZoom()) {
+  if (state_.SelXLow >= state_.SelXHigh) {  // no plot can show such a part
     optOK.Value = false;
-    Tell(*refusal);
+    Tell({.Text =
+              "The selection holds no range of X.\r\nDrag the mouse from the upper left corner of a part to "
+              "its right end.",
+          .Title = "Warning",
+          .Icon = MessageIcon::Information});
     return;
   }
   state_.ZoomSelecting = false;
@@ -160,17 +148,16 @@ void Form2::OpenZoom() {
   }
   const PlotLimits limits = SelectedLimits();
   ZoomOpening opening{.Limits = limits, .Curves = {}};
-  for (const int slot : ShownSlots(data)) {
+  for (const int slot : state_.Slots) {
     MakeCurrent(context_, slot);
     opening.Curves.push_back(ZoomedPart(data.Current(), {.Low = limits.XMin, .High = limits.XMax}));
   }
   opening.Cancelled = WhileLoaded(std::function<void()>([this] { LeaveZoom(); }));
-  opening.DrawLegend = [&data](Surface& legend) { koprax::DrawLegend(data, legend); };
+  opening.DrawLegend = [&data, slots = state_.Slots](Surface& legend) { DrawLegend(data, slots, legend); };
   state_.Zoom = OpenZoomWindow(context_, std::move(opening));
-  ShareFrame(data, limits);
+  ShareFrame(data, state_.Slots, limits);
 }
 
-/// The zoom window has drawn over the transform.
 void Form2::LeaveZoom() {
   Workspace& data = context_.Data;
   Show();
@@ -180,8 +167,8 @@ void Form2::LeaveZoom() {
   cmdMain.Enabled = cmdZoom.Enabled = true;
   EnableOutput(true);
   EnableArithmetic();
+  TakePlotBack();
   const PlotLimits limits = LimitsOfDrawing(data);
-  SetPlotScale(data, limits);
   ShowRange(InDecimals({.Low = limits.XMin, .High = limits.XMax}, 3));
 }
 

@@ -25,8 +25,8 @@ Form15::Form15(const WindowContext& context, ZoomOpening opening)
   cmdCancel.OnClick = [this] { Cancel(); };
   Command1.OnClick = [this] { OpenBitmapWindow(context_, FormNumber); };
   Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
-  Picture1.OnMouseDown = [this](MouseButton button, float x, float /*y*/) {
-    if (button == MouseButton::Right && Picks() && drawn_) PickPeak(x);
+  Picture1.OnMouseDown = [this](MouseButton button, float x, float y) {
+    if (button == MouseButton::Right && Picks() && shown_.Readable()) PickPeak(x, y);
   };
 }
 
@@ -59,7 +59,7 @@ void Form15::ShowPart() {
   if (!DrawAxes(data, limits, Picture1)) {
     Desk().Host().MsgBox(NoYSpan());
   }
-  drawn_ = data.Plot.ScaleY != 0;
+  shown_.Keep(data, true);
   for (const ZoomedCurve& curve : opening_.Curves) {
     const auto draw = curve.Sticks ? DrawSticks : DrawCurve;
     draw(data.Plot, {curve.X, curve.Y, curve.Count}, Origin(), {limits.XMin, limits.XMax}, curve.CurveColour,
@@ -75,8 +75,8 @@ void Form15::ShowPart() {
 }
 
 CurveOrigin Form15::Origin() const {
-  return {.XMin = context_.Data.ZoomXMin,
-          .Base = PlotBase(context_.Data.Plot, context_.Data.Current().NegativeY == 1)};
+  return {.XMin = opening_.Limits.XMin,
+          .Base = PlotBase(shown_.Transform(), ReachesBelowZero(opening_.Limits))};
 }
 
 /// The difference of the first two X on show. The sticks of a card have none.
@@ -86,36 +86,38 @@ float Form15::Step() const {
   return curve == opening_.Curves.end() ? 0 : curve->X[2] - curve->X[1];
 }
 
-PeakPick Form15::ReadOut(float x) const {
-  const PlotTransform& plot = context_.Data.Plot;
-  return ZoomedReadOutAt(context_.Data.Current(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
-}
-
 void Form15::ShowReadOut(float x, float y) {
-  if (!drawn_) {
+  if (!shown_.Readable()) {
     return;
   }
-  const PlotTransform& plot = context_.Data.Plot;
+  shown_.PutBack(context_.Data);
+  const PlotTransform& plot = shown_.Transform();
   Line1.X1 = Line1.X2 = ClampedX(plot, x);
-  const PeakPick values = ReadOut(x);
-  Text1.Text = "X-pos = " + values.Theta;
-  Text2.Text = "d = " + values.D;
+  at_cursor_ =
+      ZoomedReadOutAt(context_.Data.Current(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
+  Text1.Text = "X-pos = " + at_cursor_.Theta;
+  Text2.Text = "d = " + at_cursor_.D;
   Text3.Text = GeneralText(RoundDecimals(DataY(plot, ClampedY(plot, y), Origin().Base), 2));
 }
 
-void Form15::PickPeak(float x) {
+void Form15::PickPeak(float x, float y) {
+  if (at_cursor_.Theta.empty()) {  // the mouse has not moved here before
+    ShowReadOut(x, y);
+  }
   ProfileBuffer& buffer = context_.Data.Current();
-  const PeakPick pick = PickedAt(buffer, ReadOut(x));
+  const PeakPick pick = PickedAt(buffer, at_cursor_);
   if (!AddPeak(buffer, pick)) {
     Desk().Host().MsgBox(PeakListIsFull());
     return;
   }
-  DrawMarker(context_.Data.Plot, Origin(), PositionOf(buffer, pick), MarkerLength, Picture1);
+  DrawMarker(shown_.Transform(), Origin(), PositionOf(buffer, pick), MarkerLength, Picture1);
   opening_.Picked(pick);
 }
 
 void Form15::ErasePeak(const PeakPosition& peak) {
-  EraseMarker(context_.Data.Plot, Origin(), peak, Picture1);
+  if (XRange{opening_.Limits.XMin, opening_.Limits.XMax}.Holds(peak.X)) {
+    EraseMarker(shown_.Transform(), Origin(), peak, Picture1);
+  }
 }
 
 void Form15::Cancel() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "display/drawn_plot.h"
 #include "display/peak_markers.h"
 #include "display/peak_picking.h"
 #include "display/plot_transform.h"
@@ -51,17 +52,17 @@ class Form15 final : public Form {
 
   void ArrangeControls();
   void ShowReadOut(float x, float y);
-  void PickPeak(float x);
+  void PickPeak(float x, float y);
   void Cancel();
   void GoBack(const std::function<void()>& follow_up);
-  [[nodiscard]] PeakPick ReadOut(float x) const;
   [[nodiscard]] bool Picks() const { return static_cast<bool>(opening_.Picked); }
   [[nodiscard]] CurveOrigin Origin() const;
   [[nodiscard]] float Step() const;
 
   WindowContext context_;
   ZoomOpening opening_;
-  bool drawn_ = false;  ///< there is a plot whose transform the mouse can read
+  DrawnPlot shown_;
+  PeakPick at_cursor_;  // what the boxes show
 
   PictureBox Picture1{*this, "Picture1", TallPlotPicture()};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};

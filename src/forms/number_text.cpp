@@ -176,6 +176,9 @@ double LongNumber(const NumberParts& parts) {
 std::string GeneralText(float value) { return GeneralTextOf(value, 7); }
 std::string GeneralText(double value) { return GeneralTextOf(value, 15); }
 
+std::string RoundedText(float value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
+std::string RoundedText(double value, int decimals) { return GeneralText(RoundDecimals(value, decimals)); }
+
 std::string FormatDigits(double value, int decimals) {
   if (const auto text = NonFiniteText(value)) return *text;
   std::string text = FixedText(std::abs(value), decimals);

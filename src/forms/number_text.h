@@ -16,6 +16,10 @@ namespace koprax {
 /// The same for a 64-bit float, with at most 15 significant digits and an exponent from 1E+15 up.
 [[nodiscard]] std::string GeneralText(double value);
 
+/// The value rounded to `decimals` decimals, in the general form.
+[[nodiscard]] std::string RoundedText(float value, int decimals);
+[[nodiscard]] std::string RoundedText(double value, int decimals);
+
 /// The value rounded to `decimals` decimals with digits only where it has them, as the pattern "#####"
 /// (0 decimals) or "####.###" (3) shows it: ".3", "3.", "12.5", "" for 0 without decimals.
 [[nodiscard]] std::string FormatDigits(double value, int decimals);

@@ -8,15 +8,7 @@ namespace koprax {
 namespace {
 
 double UnitsPerMillimetre(PrinterScale mode) {
-  switch (mode) {
-    case PrinterScale::Millimetres:
-      return 1.0;
-    case PrinterScale::HiMetric:
-      return 100.0;
-    case PrinterScale::Twips:
-      break;
-  }
-  return 1440.0 / 25.4;
+  return mode == PrinterScale::Millimetres ? 1.0 : 1440.0 / 25.4;
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 namespace koprax {
 
-enum class PrinterScale { Twips = 1, Millimetres = 6, HiMetric = 8 };
+enum class PrinterScale { Twips = 1, Millimetres = 6 };
 enum class PageOrientation { Portrait = 1, Landscape = 2 };
 
 class Printer final : public Surface {
@@ -21,7 +21,7 @@ class Printer final : public Surface {
   void SetScaleMode(PrinterScale mode);
   void SetOrientation(PageOrientation orientation);
 
-  int Copies = 1;  ///< wanted by the user; the command that prints makes them
+  int Copies = 1;  ///< wanted by the user; a document is printed once all the same
 
   [[nodiscard]] PrinterScale ScaleMode() const { return mode_; }
   [[nodiscard]] PageOrientation Orientation() const { return orientation_; }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "forms/surface.h"
@@ -26,6 +27,11 @@ struct Message {
   MessageButtons Buttons = MessageButtons::Ok;
   MessageIcon Icon = MessageIcon::None;
 };
+
+/// What stands in the way of a command, in words that also tell what would do.
+[[nodiscard]] inline Message ErrorMessage(std::string text) {
+  return {.Text = std::move(text), .Title = "Error", .Icon = MessageIcon::Stop};
+}
 
 struct InputRequest {
   std::string Prompt{};

@@ -119,6 +119,7 @@ void SurfacePainter::Paint(const ImageOperation& image) {
                      map_.ToDevice(image.X + image.Width, image.Y + image.Height));
   if (!place.isEmpty()) {
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, true);
+    painter_.setRenderHint(QPainter::LosslessImageRendering, true);
     painter_.drawImage(place, ToQImage(*image.Pixels));
   }
 }

@@ -39,7 +39,7 @@ TEST(CardWindows, IsNotChangedByTheWindowOfACurve) {
   const Json card = session.Value("buffer a");
   const Json told = session.Events("click Form6.cmdSave\n").back();  // the window of the curve that was there
   EXPECT_EQ(told["text"],
-            "Buffer a holds no profile any more, so nothing can be saved to it.\r\n"
+            "Buffer a holds no points that could be saved or printed.\r\n"
             "Display a profile first.");
   EXPECT_EQ(session.Value("buffer a"), card);
   session.Play("answer yes\nclick Form1.cmdDelBuff\nclick Form17.optA\nclick Form6.cmdSave\n");

@@ -80,7 +80,7 @@ std::vector<std::string> Drawn(const Surface& surface) {
 }
 std::vector<std::string> LegendOf(const Workspace& data) {
   Surface legend{LegendPicture().Scale};
-  DrawLegend(data, legend);
+  DrawLegend(data, SlotsInPlot(data), legend);
   EXPECT_EQ(legend.ForeColor, colours::Black);
   return Drawn(legend);
 }
@@ -95,7 +95,7 @@ TEST(MultiProfile, CurvesAndSticksStandInTheFrameOfTheProfiles) {
   Fill(data, 2, {.Curve = {{10, 0}, {15, 100}, {20, 50}}});
   Fill(data, 4, {.Curve = {{12, -50}, {18, 20}}, .YMin = -50, .YMax = 20});
   ASSERT_EQ(Take(data), "");
-  EXPECT_EQ(ShownSlots(data), (std::vector<int>{1, 2, 4}));
+  EXPECT_EQ(SlotsInPlot(data), (std::vector<int>{1, 2, 4}));
   Surface picture{PlotPicture().Scale};
   DrawMultiProfile(data, picture, Unexpected);
   std::vector<std::string> drawn = Drawn(picture);
@@ -133,7 +133,7 @@ TEST(MultiProfile, TwoHaveNamesForFormulasAndAnErasedEntryIsPassedOver) {
   EXPECT_EQ(last[last.size() - 3],
             DrawingOperation(TextOperation{101, 9, "Channel", 0, std::string(DefaultFont), 8}));
   EraseBuffer(data, 1);  // the first place of the list
-  EXPECT_EQ(ShownSlots(data), (std::vector<int>{5}));
+  EXPECT_EQ(SlotsInPlot(data), (std::vector<int>{5}));
   EXPECT_EQ(LegendOf(data).front(), "buffer  e  Title e @23,1 0");
 }
 
