@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -23,10 +24,10 @@ class ArithmeticTest : public testing::Test {
     Load('b', "10 1\r\n10.9 2\r\n12 3\r\n");
     Load('a', "10 5\r\n10.9 20\r\n12 10\r\n");
   }
-  void Load(char letter, const std::string& points) {
+  void Load(char letter, const std::string& points, const std::string& wavelength = "1.5406") {
     const std::string name(1, letter);
     Session.Play(WorkbenchSession::LoadCommands(
-        Session.File(name + ".xy", "Profile " + name + "\r\n1.5406\r\n" + points), 3, letter));
+        Session.File(name + ".xy", "Profile " + name + "\r\n" + wavelength + "\r\n" + points), 3, letter));
   }
   void DisplayOne() { Session.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n"); }
   void DisplayBoth() {
@@ -76,6 +77,30 @@ TEST_F(ArithmeticTest, AnOperationOnOneProfileShowsAtOnceAndIsNotSaved) {
                           "unloaded Form8"));
   EXPECT_EQ(Get("Form6.Text6.Text"), "xmin 0");
   EXPECT_EQ(Session.Data().Buffer(1).WorkNpts, 2);
+}
+
+TEST_F(ArithmeticTest, LogarithmAndExponentialCloseAndShow) {
+  const Json before = Session.Value("picture Form6.Picture1");
+  EXPECT_THAT(OnOne("click Form8.cmdLogY\n"), ElementsAre("unloaded Form8"));
+  EXPECT_FLOAT_EQ(Y()[1], static_cast<float>(std::log(20.0)));
+  EXPECT_FLOAT_EQ(Session.Data().Buffer(1).WorkYMax, static_cast<float>(std::log(1.2 * 20)));
+  const Json logarithm = Session.Value("picture Form6.Picture1");
+  EXPECT_NE(logarithm, before);
+  EXPECT_THAT(OnOne("click Form8.cmdExpY\n"), ElementsAre("unloaded Form8"));  // all between -10 and 10
+  EXPECT_FLOAT_EQ(Session.Data().Buffer(1).WorkYMax, 20);
+  EXPECT_NE(Session.Value("picture Form6.Picture1"), logarithm);
+}
+
+TEST_F(ArithmeticTest, WhatIsLeftWithoutPointsIsNotSavedAndASelectionEndsTheArithmetic) {
+  for (const char* command : {"cmdEdit", "cmdZoom"}) {
+    DisplayOne();
+    EXPECT_THAT(OnOne("click Form6." + std::string(command) + "\n"), testing::Contains("unloaded Form8"));
+  }
+  DisplayOne();
+  OnOne("answer yes\ninput \"-100\"\nclick Form8.cmdSumX\n");
+  EXPECT_EQ(Session.Data().Buffer(1).WorkNpts, 0);
+  EXPECT_THAT(Words("click Form6.cmdSave\n"), ElementsAre(HasSubstr("Buffer a holds no points")));
+  EXPECT_EQ(Session.Data().Buffer(1).PermNpts, 3);
 }
 
 TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
@@ -135,6 +160,9 @@ TEST_F(ArithmeticTest, OneOfTwoIsChosenAndThePlotOfBothDrawnAnew) {
   EXPECT_THAT(Y(1), ElementsAre(5, 20, 10));
   EXPECT_NE(Session.Value("picture Form2.Picture1"), before);
   EXPECT_EQ(Session.Value("state MultiOp"), 0);
+  Session.Play("click Form2.cmdMod\nclick Form8.optY1\ninput \"2\"\nclick Form8.cmdProd\n");
+  EXPECT_THAT(Y(1), ElementsAre(10, 40, 20));
+  EXPECT_THAT(Y(2), ElementsAre(4, 8, 12));
   Session.Play("click Form2.cmdMod\nclick Form8.optY1\nclick Form8.Command5\n");
   EXPECT_EQ(Session.Value("state MultiOp"), 0) << "or the next plot would keep the temporary copies";
   EXPECT_THAT(Y(2), ElementsAre(4, 8, 12));
@@ -175,6 +203,7 @@ TEST_F(ArithmeticTest, TheDifferenceOfTwoInAWindowOfItsOwn) {
   EXPECT_THAT(Words("click Form2.cmdMod\nclick Form8.Command2\n"),
               ElementsAre("shown Form30", "unloaded Form8"));
   EXPECT_THAT(Points(Session.Data().Sum.SumY), ElementsAre(4, 18, 7));
+  EXPECT_EQ(Session.Value("state CurBuf"), 1) << "Y1, though b was drawn last";
   const Json legend = Session.Value("picture Form30.Picture2");
   EXPECT_EQ(legend[1]["text"], "Y = Y1 - Y2,  no buffer yet");
   // The scale of Y is 71.25 for 18 - 4 counts: the middle of the plot lies at 37.5 / (71.25 / 14).
@@ -186,6 +215,10 @@ TEST_F(ArithmeticTest, TheDifferenceOfTwoInAWindowOfItsOwn) {
   EXPECT_EQ(Session.Value("state SumNpts"), 0);
   Session.Play("move Form2.Picture1 67.5 52.5\n");  // 71.25 for 20 counts again
   EXPECT_EQ(Get("Form2.Text4.Text").get<std::string>().substr(0, 10), "y = 10.526");
+  // From -10 to 7: 71.25 / 17 a count, 0 stands 10 counts above the bottom.
+  Session.Data().Buffer(2).WorkY[2] = 30;
+  Session.Play("click Form2.cmdMod\nclick Form8.Command2\nmove Form30.Picture1 67.5 52.5\n");
+  EXPECT_EQ(Get("Form30.Text3.Text"), "-1.05");  // 37.5 / (71.25 / 17) - 10
 }
 
 TEST_F(ArithmeticTest, ChannelsAreReadIn2ThetaOnceCalibrated) {
@@ -230,6 +263,14 @@ TEST_F(ArithmeticTest, TheResultIsSavedUnderATitleAndNeverLost) {
   EXPECT_THAT(save("click Form30.cmdCancel\n"),
               ElementsAre("front Form30", "unloaded Form30", "unloaded Form29"));
   EXPECT_EQ(Session.Data().Buffer(2).NegativeY, 0);
+  // A plot of another wavelength, shown meanwhile, changes nothing.
+  DisplayBoth();
+  Session.Play("click Form2.cmdMod\nclick Form8.Command1\n");
+  for (const char letter : {'e', 'f'}) Load(letter, "10 1\r\n12 3\r\n", "0.7107");
+  Session.Play("click Form1.cmdDisp\nclick Form11.Check5\nclick Form11.Check6\nclick Form11.Command1\n");
+  EXPECT_FLOAT_EQ(Session.Data().SumWavelength, 0.7107F);
+  save("click Form29.optD\nclick Form14.Command1\n");
+  EXPECT_FLOAT_EQ(Session.Data().Buffer(4).Wavelength, 1.5406F);
 }
 
 }  // namespace

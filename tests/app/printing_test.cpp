@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "app/command_form.h"
 #include "app/script_values.h"
-#include "app/workbench_session.h"
 #include "display/colours_window.h"
 
 namespace koprax {
@@ -36,6 +36,15 @@ class Printing : public testing::Test {
       }
     }
     return curve;
+  }
+  Json Print(const std::string& click) {
+    return session_.Events("printer " + Quoted("page.pdf") + "\nclick " + click + "\n");
+  }
+  void LoadB(const std::string& points) {
+    session_.Play(WorkbenchSession::LoadCommands(session_.File("b.xy", "B\r\n1.5406\r\n" + points), 3, 'b'));
+  }
+  void DisplayBoth() {
+    session_.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
   }
   std::string Quoted(const std::string& name) { return Json(session_.Folder() + "/" + name).dump(); }
 
@@ -67,6 +76,55 @@ TEST_F(Printing, TakesThePermanentCopyAndGivesTheTransformBack) {
   EXPECT_EQ(session_.Value("state Upward"), 1);
 }
 
+TEST_F(Printing, OfOneProfileLeavesOutWhatLiesOutsideOrPassesTheTop) {
+  ProfileBuffer& buffer = session_.Data().Buffer(1);
+  buffer.PermNpts = 6;
+  for (std::size_t i = 1; i <= 6; ++i) buffer.PermY[i] = 10 * static_cast<float>(i);
+  const std::vector<float> x{8, 9, 11, 19, 21, 22};  // in a plot from 10 to 20
+  std::copy(x.begin(), x.end(), buffer.PermX.begin() + 1);
+  Print("Form6.cmdPrint");
+  Json curve = PrintedCurve();
+  ASSERT_EQ(curve.size(), 3U) << "a segment with one end in the range stands whole";
+  EXPECT_EQ(curve[0][0], 85.5);
+  EXPECT_EQ(curve[2][2], 199.5);
+  buffer.PermY[4] = 106;  // 75 mm, the height of the plot, are 105.26 counts
+  Print("Form6.cmdPrint");
+  EXPECT_EQ(PrintedCurve().size(), 1U);
+  // 0.475 mm a count, the zero line at 130 - 50 * 0.475.
+  LoadB("10 -50\r\n20 100\r\n");
+  Print("Form6.cmdPrint");
+  EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 190, 58.75, 0}}));
+}
+
+TEST_F(Printing, OfSeveralTakesWorkYAtPermXInTheColoursOfThePlotWhole) {
+  LoadB("10 10\r\n20 40\r\n");
+  DisplayBoth();
+  ProfileBuffer& b = session_.Data().Buffer(2);
+  b.WorkX[1] = 12;
+  b.PermY[1] = 0;
+  b.PermX[2] = 25;   // beyond the frame
+  b.WorkY[2] = 200;  // above it
+  Print("Form2.Command1");
+  const Json curve = PrintedCurve();
+  ASSERT_EQ(curve.size(), 5U);
+  EXPECT_EQ(curve[0][4], 16711935);
+  EXPECT_EQ(curve[4],
+            (Json{95, 130 - 7.125, 237.5, JsonNumber(static_cast<float>(130 - 200.0 * 0.7125F)), 16711680}));
+}
+
+TEST_F(Printing, TellsWhatIsErasedAndPrintsWithoutASpanOfY) {
+  LoadB("10 0\r\n20 0\r\n");
+  session_.Data().Buffer(2).PermY[2] = 10;
+  EXPECT_THAT(WordsOf(Print("Form6.cmdPrint")).back(),
+              HasSubstr("Error, stop: For some reason the width of the window to be displayed is NULL."));
+  EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 190, JsonNumber(130 - 7.125F), 0}}));  // in the scale of before
+  DisplayBoth();
+  for (const char* letter : {"A", "B"}) {
+    session_.Play("answer yes\nclick Form1.cmdDelBuff\nclick Form17.opt" + std::string(letter) + "\n");
+  }
+  EXPECT_THAT(WordsOf(session_.Events("click Form2.Command1\n")).back(), HasSubstr("have been erased"));
+}
+
 TEST_F(Printing, ACancelPrintsNothing) {
   EXPECT_EQ(session_.Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U);
   EXPECT_EQ(session_.Value("picture Printer"), Json::array());
@@ -90,6 +148,27 @@ TEST_F(Printing, ABitmapIsSavedShownAndPrintedInScale) {
   EXPECT_NEAR(image["width"].get<double>(), 297 * 1440 / 25.4 / 2, 0.01);
   EXPECT_NEAR(image["x"].get<double>(), 297 * 1440 / 25.4 / 4, 0.01);
   EXPECT_EQ(session_.Value("get Printer")["Orientation"], 2);
+}
+
+TEST_F(Printing, EachWindowSavesItsOwnPicture) {
+  std::vector<std::vector<DrawingOperation>> saved;
+  const auto save = [&](const std::string& form, const std::string& button) {
+    const std::string name = form + ".bmp";
+    session_.Play("file " + Quoted(name) + "\nclick " + form + "." + button + "\n");
+    const auto window = session_.Desk().Find(form);
+    saved.push_back(dynamic_cast<PictureBox&>(*window->Find("Picture1")).Operations());
+    EXPECT_EQ(session_.Platform().Pictures[session_.Folder() + "/" + name], saved.back()) << form;
+  };
+  save("Form6", "Command17");
+  LoadB("10 10\r\n20 40\r\n");
+  DisplayBoth();
+  save("Form2", "cmdBitMap");
+  session_.Play(
+      "click Form2.cmdZoom\ndown Form2.Picture1 left 40 80\nmove Form2.Picture1 80 20\n"
+      "up Form2.Picture1 left 80 20\nclick Form2.optOK\n");
+  save("Form15", "Command1");
+  EXPECT_NE(saved[0], saved[1]);
+  EXPECT_NE(saved[1], saved[2]);
 }
 
 TEST_F(Printing, TheScaleOfABitmap) {
@@ -179,25 +258,63 @@ TEST_F(CardWindow, PrintsItsPage) {
     texts.push_back(Json{operation["x"], operation["y"], operation["font"], operation["text"]}.dump());
   }
   EXPECT_EQ(texts.front(), Json({30.0, 25.0, "Helvetica-narrow", session_.Data().Buffer(2).Title}).dump());
+  const std::string heading = "   H   K   L  Int.  d      2theta";
   for (const Json& line : {Json{145.0, 40.0, "courier", "Crystal Data"},  //
                            Json{145.0, 45.0, "courier", "a = 4.75936 alpha = 90 "},
+                           Json{145.0, 50.0, "courier", "b = 4.75936 beta  = 90 "},
+                           Json{10.0, 130.0, "courier", heading + "  " + heading + "  " + heading},
                            Json{145.0, 55.0, "courier", "c = 12.99231 gamma = 120 "},
                            Json{145.0, 60.0, "courier", "SpaceGroup = R-3c"},
                            Json{145.0, 65.0, "courier", "Wave length =1.54184"}}) {
     EXPECT_THAT(texts, testing::Contains(line.dump()));
   }
+  // The axes meet at (35, 110); 95 mm for the reflections and 5 degrees around, 71.25 mm for 120.
+  const ProfileBuffer& card = session_.Data().Buffer(2);
+  std::size_t i = 0;
+  for (const Json& line : page) {
+    if (line["op"] != "line" || line["y1"] != 110 || line["y2"] == 110 || line["y2"] == 35) continue;
+    ++i;
+    const double x = 35 + 95.0 / (card.PermXMax - card.PermXMin + 10) * (card.PermX[i] - card.PermXMin + 5);
+    EXPECT_NEAR(line["x1"].get<double>(), x, 1e-4);
+    EXPECT_EQ(line["x2"], line["x1"]);
+    EXPECT_NEAR(line["y2"].get<double>(), 110 - 71.25 / 120 * card.PermY[i], 1e-4);
+  }
+  EXPECT_EQ(i, static_cast<std::size_t>(card.PermNpts));
   // The rows start at the left edge, 1.2 times 8 points below each other; the last of them has what is left.
   EXPECT_EQ(page.back()["x"], 0);
   const int rows = (session_.Data().Buffer(2).PermNpts + 2) / 3;
   EXPECT_NEAR(page.back()["y"].get<double>(), 135 + (rows - 1) * 1.2 * 8 * 25.4 / 72, 1e-4);
 }
 
+TEST_F(CardWindow, PrintsBesideAPlotThatReachesBelowZero) {
+  session_.Play(
+      WorkbenchSession::LoadCommands(session_.File("a.xy", "A\r\n1.5406\r\n10 -50\r\n80 100\r\n"), 3, 'a') +
+      "click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
+  const auto read = [&] {
+    session_.Play("move Form2.Picture1 67.5 50\n");
+    return session_.Value("get Form2.Text4.Text");
+  };
+  const Json before = read();
+  session_.Data().CurBuf = 2;
+  ASSERT_EQ(session_.Data().Current().NegativeY, 1);
+  session_.Play("printer \"" + session_.Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
+  EXPECT_EQ(session_.Data().Current().NegativeY, 1);
+  EXPECT_EQ(read(), before);
+}
+
 TEST_F(CardWindow, LacksWhatTheCardLacksAndTellsWhenTheCardIsGone) {
   ProfileBuffer& card = session_.Data().Buffer(2);
   card.CardCell = {0, 4.5F, 0, 0, 0, 0, 0};
   card.CardSpaceGroup = "";
+  card.PermX[1] = 3;
+  const std::string display =
+      "click Form34.Command3\nclick Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n";
+  session_.Play(display + "move Form34.Picture1 13 20\n");
+  EXPECT_EQ(session_.Value("get Form34.Text4.Text"), "x = -2");
+  EXPECT_EQ(session_.Value("get Form34.Text12.Text"), "d = 0") << "there is none at or below 0";
+  EXPECT_EQ(session_.Value("get Form34.Label3.Caption"), "not given");
   card.Wavelength = 0;
-  session_.Play("click Form34.Command3\nclick Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
+  session_.Play(display);
   EXPECT_EQ(session_.Value("get Form34.Text7.Text"), "");
   EXPECT_EQ(session_.Value("get Form34.Text3.Text"), "");
   session_.Play("move Form34.Picture1 50 20\nprinter \"" + session_.Folder() +
@@ -207,6 +324,7 @@ TEST_F(CardWindow, LacksWhatTheCardLacksAndTellsWhenTheCardIsGone) {
   EXPECT_THAT(page, HasSubstr("\"a = 4.5 alpha =        \""));
   EXPECT_THAT(page, HasSubstr("\"b =           beta  =        \""));
   EXPECT_THAT(page, testing::Not(HasSubstr("SpaceGroup")));
+  EXPECT_THAT(page, testing::Not(HasSubstr("Wave length")));
   const Json told =
       session_.Events("answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\nclick Form34.cmdPrint\n");
   EXPECT_THAT(told.back().value("text", ""), HasSubstr("Buffer b holds no card"));

@@ -1,6 +1,8 @@
 // A computed profile as it is drawn, and as it lands in a buffer.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdint>
 #include <vector>
 
 #include "display/computed_profile_plot.h"
@@ -84,6 +86,25 @@ TEST_F(ComputedProfileTest, ASumIsScaledFrom0ADifferenceFromItsLeastValue) {
   EXPECT_EQ(Data.Buffer(2).NegativeY, 1);
 }
 
+TEST_F(ComputedProfileTest, LabelsAndLegend) {
+  Compute({50, 100}, 0, 100);
+  for (const float step : {0.5F, 1.0F}) {
+    Data.Buffer(2).WorkX[2] = step;
+    Surface picture{TallPlotPicture().Scale};
+    (void)DrawComputedProfile(Data, TwoProfileOperation::Sum, picture, [](const Message&) {});
+    EXPECT_EQ(picture.Operations().at(picture.Operations().size() - 3),
+              DrawingOperation(step < 0.97F
+                                   ? TextOperation{103, 10, "2q", colours::Black, "symbol", 12}
+                                   : TextOperation{101, 9, "Channel", colours::Black, "MS Sans Serif", 8}));
+  }
+  Surface legend{LegendPicture().Scale};
+  DrawComputedLegend(TwoProfileOperation::Sum, legend);
+  EXPECT_EQ(legend.Operations(),
+            (std::vector<DrawingOperation>{
+                LineOperation{1, 3, 16, 3, colours::Black},
+                TextOperation{18, 2, "Y = Y1 + Y2,  no buffer yet", colours::Black, "MS Sans Serif", 8}}));
+}
+
 TEST_F(ComputedProfileTest, LimitsThatSpanNothing) {
   Compute({50, 100}, 0, 100);
   Curve(TwoProfileOperation::Sum);
@@ -117,6 +138,11 @@ TEST_F(ComputedProfileTest, ItLandsInAFreeBufferOrInPlaceOfOneOfItsSources) {
     EXPECT_EQ(buffer.PermY[9], slot == 4 ? 7 : 0);
   }
   EXPECT_EQ(Data.Buffer(2).NPeaks, 1) << "the list stays with its buffer";
+  for (const auto format : std::array<std::int16_t, 5>{1, 2, 3, 4, 6}) {  // all without such a header
+    Data.Buffer(2).FormatCode = format;
+    StoreComputedProfile(Data, 5);
+    EXPECT_NE(Data.Buffer(5).UdfHeader[7], "Anode,Cu,/") << format;
+  }
 }
 
 }  // namespace

@@ -213,6 +213,45 @@ TEST_F(TwoProfiles, AlignedPointsAreAddedAndEntry0IsNone) {
   EXPECT_THAT(X(), ElementsAre(111, 111.5F));
 }
 
+TEST_F(TwoProfiles, AlmostTheSameGridStepOrPlaceIsTheSame) {
+  struct Row {
+    float A, B;
+    std::size_t Points;
+  };
+  // Step and first place of Y2: points that meet where X is equal count once, else twice between neighbours.
+  for (const auto& [step, place, points] :
+       {Row{0.500009F, 10.5F, 3}, Row{0.499991F, 10.5F, 3}, Row{0.500011F, 10.5F, 5},
+        Row{0.499989F, 10.5F, 5}, Row{0.5F, 10.50009F, 2}, Row{0.5F, 10.49991F, 2}, Row{0.5F, 10.50011F, 4},
+        Row{0.5F, 10.49989F, 5}}) {
+    Put(Y2, 10.5F, 0.5F, {1, 2, 3, 4});
+    Y2.XStep = step;
+    Y2.WorkX[1] = place;
+    EXPECT_EQ(Refusal(), "");
+    EXPECT_EQ(X().size(), points) << step << " " << place;
+  }
+  // Limits of Y2: one by one whatever its X is, else where X is equal.
+  for (const auto& [left, right, points] :
+       {Row{10.0009F, 11.5F, 4}, Row{10.0011F, 11.5F, 3}, Row{10, 11.4991F, 4}, Row{10, 11.4989F, 3},
+        Row{10.25F, 11.25F, 4}}) {
+    Put(Y2, 10, 0.5F, {1, 2, 3, 4});
+    Y2.WorkX[3] = 99;
+    Y2.PermXMin = left;
+    Y2.PermXMax = right;
+    EXPECT_EQ(Refusal(), "");
+    EXPECT_EQ(X().size(), points) << left << " " << right;
+  }
+}
+
+TEST_F(TwoProfiles, TheSearchForTheLimitsOfYStartsFromOneHundredThousand) {
+  for (const float y : {60000.0F, -60000.0F}) {
+    Put(Y1, 10, 0.5F, {y, y});
+    Y2 = Y1;
+    EXPECT_EQ(Refusal(), "");
+    EXPECT_EQ(Data.Sum.SumYMin, std::min(2 * y, 100000.0F));
+    EXPECT_EQ(Data.Sum.SumYMax, std::max(2 * y, -100000.0F));
+  }
+}
+
 TEST_F(TwoProfiles, ASmallDifferenceKeepsTheHeightOfY1) {
   Y2 = Y1;
   EXPECT_EQ(Refusal(TwoProfileOperation::Difference), "");

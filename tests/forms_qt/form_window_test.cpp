@@ -171,6 +171,9 @@ TEST_F(FormWindowTest, SymbolFontReadsAsGreek) {
   form.Text2.Text = "l = 1.54184";
   EXPECT_EQ(Widget<QLineEdit>(form.Text2).text(), QString::fromUtf8("λ = 1.54184"));
   EXPECT_EQ(form.Text2.Text, "l = 1.54184");
+  form.Label1.FontName = "symbol";
+  form.Label1.Caption = "a = b";
+  EXPECT_EQ(Widget<QLabel>(form.Label1).text(), QString::fromUtf8("α = β"));
   form.Text1.Font = "Symbol";
   auto& edit = Widget<QLineEdit>(form.Text1);
   edit.setCursorPosition(0);

@@ -1,9 +1,11 @@
 // Pictures on the screen: where the mouse is, what is painted, and what is not painted again.
 #include "forms_qt/picture_widget.h"
 
+#include <QFile>
 #include <QImage>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QTemporaryDir>
 
 #include "view_fixture.h"
 
@@ -169,6 +171,38 @@ TEST_F(PictureWidgetTest, OverlaysMoveWithoutRedrawing) {
   Settle();
   EXPECT_EQ(ColourAt(form, 60, 95), QColor(Qt::white));
   EXPECT_EQ(ColourAt(form, 60, 30), QColor(Qt::blue));
+}
+
+TEST_F(PictureWidgetTest, IsSavedAtItsDesignSizeAndReadBack) {
+  PlotForm& form = Show<PlotForm>();
+  form.Picture1.Line(20, 50, 115, 50, colours::Red);
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("plot.bmp").toStdString();
+  const auto saved = [&] {
+    EXPECT_EQ(platform_.SavePicture(form.Picture1, path), std::nullopt);
+    QFile file(QString::fromStdString(path));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  };
+  const QByteArray bytes = saved();
+  EXPECT_TRUE(bytes.startsWith("BM"));
+  EXPECT_EQ(bytes.mid(28, 2), QByteArray("\x18\x00", 2));  // bits a pixel
+  const auto image = std::get<PixelImage>(platform_.LoadPicture(path));
+  ASSERT_EQ(QSize(image.Width, image.Height), QSize(465, 361));
+  const auto at = [&](std::size_t x, std::size_t y) { return image.Pixels[y * 465 + x]; };
+  // (98 - 50) / 95.51 of 361 pixels are 181.4; 20 and 115 of 123.03 are pixels 75.6 and 434.7.
+  EXPECT_EQ(at(240, 181), colours::Red);
+  EXPECT_EQ(at(78, 181), colours::Red);
+  EXPECT_EQ(at(432, 181), colours::Red);
+  for (const std::size_t y : {179U, 183U}) EXPECT_EQ(at(240, y), colours::White);
+  EXPECT_EQ(at(72, 181), colours::White);
+  EXPECT_EQ(at(438, 181), colours::White);
+  Window(form).resize(Window(form).size() * 1.5);
+  Settle();
+  EXPECT_EQ(saved(), bytes);
+  QFile none(QString::fromStdString(path));
+  ASSERT_TRUE(none.open(QIODevice::WriteOnly) && none.write("no image") > 0 && none.flush());
+  EXPECT_FALSE(std::get<std::string>(platform_.LoadPicture(path)).empty());
 }
 
 TEST_F(PictureWidgetTest, RubberBandHangsDownFromItsTop) {

@@ -167,6 +167,13 @@ TEST_F(QtRuntimeTest, SnapshotsNeedAShownForm) {
   EXPECT_NE(platform_.Snapshot(form, folder.path().toStdString() + "/none/shot.png"), std::nullopt);
 }
 
+/// The drawing commands of the first page of a document.
+QByteArray Unpacked(const QByteArray& pdf) {
+  const auto start = pdf.indexOf("stream\n") + 7;
+  const QByteArray packed = pdf.mid(start, pdf.indexOf("endstream", start) - start);
+  return qUncompress(QByteArray("\x00\x01\x00\x00", 4) + packed);
+}
+
 TEST_F(QtRuntimeTest, DocumentsBecomePages) {
   Printer printer;
   printer.BeginDocument(210, 297, {});
@@ -183,6 +190,8 @@ TEST_F(QtRuntimeTest, DocumentsBecomePages) {
   EXPECT_TRUE(pdf.startsWith("%PDF"));
   // A4 across, in points.
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 842")) << pdf.mid(pdf.indexOf("/MediaBox"), 60).constData();
+  // The line as a filled rectangle of 1200 dots an inch: 9 dots wide around (80, 50) to (195, 50) mm.
+  EXPECT_TRUE(Unpacked(pdf).contains("3775 2358 5442 9 re")) << Unpacked(pdf).left(900).constData();
   EXPECT_NE(platform_.PrintToFile(printer, "/none/page.pdf"), std::nullopt);
 }
 

@@ -39,6 +39,20 @@ TEST(SurfacePainter, WhiteRubsACurveOutWithoutAShadeOfIt) {
   EXPECT_EQ(Painted(operations), Painted({}));
 }
 
+TEST(SurfacePainter, AnImageIsStretchedOverItsRectangle) {
+  const auto red_and_blue = std::make_shared<PixelImage>(
+      PixelImage{.Width = 2, .Height = 1, .Pixels = {colours::Red, colours::Blue}});
+  const QImage image = Painted({ImageOperation{5, 2, 10, 5, red_and_blue}});  // pixels 20 to 59, 8 to 27
+  for (const int y : {8, 27}) {
+    EXPECT_EQ(image.pixelColor(20, y), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(59, y), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(19, y), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(60, y), QColor(Qt::white));
+  }
+  EXPECT_EQ(image.pixelColor(40, 7), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(40, 28), QColor(Qt::white));
+}
+
 TEST(SurfacePainter, SymbolFontDrawsGreek) {
   EXPECT_EQ(Painted("2q", "symbol"), Painted("2θ", "MS Sans Serif"));
   EXPECT_NE(Painted("2q", "symbol"), Painted("2q", "MS Sans Serif"));
