@@ -311,17 +311,17 @@ TEST_F(DisplayWindowTest, EditSelectionTurnsAllOffAndGivesAllBack) {
   EXPECT_EQ(session_.Value("get Form6")["Loaded"], true);  // refused while Main Menu is off
   session_.Play("down Form6.Picture1 left 40 50\nup Form6.Picture1 left 60 50\n");
   EXPECT_FLOAT_EQ(session_.Value("state WorkYMax(a)").get<float>(), 35.0F / 0.07125F);
-  session_.Play("click Form6.optNO\n");
-  EXPECT_EQ(Commands(), "+++++++++");
+  session_.Play("click Form6.optOK\n");
+  EXPECT_EQ(Shown(), "Frame1 Shape1 ");
+  session_.Play("click Form6.cmdQuitEdit\n");
+  EXPECT_EQ(Commands(), "+++++-+++");  // the explorer as it was
+  EXPECT_EQ(Shown(), "");
   EXPECT_EQ(Get("Text6.Text"), "xmin 12");
 
   session_.Play(
       "click Form6.cmdEdit\ndown Form6.Picture1 left 40 50\nup Form6.Picture1 left 60 50\n"
-      "click Form6.optOK\n");
-  EXPECT_EQ(Shown(), "Frame1 Shape1 ");
-  session_.Play("click Form6.cmdQuitEdit\n");
+      "click Form6.optNO\n");
   EXPECT_EQ(Commands(), "+++++++++");
-  EXPECT_EQ(Shown(), "");
   EXPECT_EQ(Get("Text6.Text"), "xmin 12");
 }
 
@@ -350,6 +350,7 @@ TEST_F(DisplayWindowTest, ExplorerFollowsPausesResumesAndLeaves) {
   EXPECT_EQ(session_.Value("state WorkYMax(a)"), 1000.0);
 
   session_.Play("click Form6.cmdManExpl\n");
+  EXPECT_EQ(Commands(), "-----++--");
   EXPECT_EQ(Get("cmdManExpl.Caption"), "Manual Explorer");
   EXPECT_EQ(Shown(), "Frame2 Frame4 Line1 ");
   // Leaving in the middle of a selection gives that up, too.

@@ -139,6 +139,8 @@ TEST_F(EditTest, ATooLongPortionIsToldWhileTheWindowIsBusy) {
             "For speeding up operations it is better to chose one short portion at a time.");
   session_.Play("click Form6.cmdEditOK\nclick Form6.cmdAccept\n");
   EXPECT_EQ(WorkY(1100), 100);
+  EXPECT_THAT(session_.Events("input \"123456.75\"\nclick Form6.Command15\n").dump(),
+              HasSubstr("A too long"));
 
   session_.Desk().Find("Form6")->MousePointer = Pointer::Hourglass;
   session_.Play("click Form6.cmdQuitEdit\n");

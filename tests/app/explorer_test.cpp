@@ -54,6 +54,15 @@ class ExplorerTest : public testing::Test {
     }
     return markers;
   }
+  /// The pieces of a curve: the lines in black that run to the right, without the axes and their ticks.
+  int Segments(const std::string& form) {
+    int count = 0;
+    for (const Json& line : session_.Value("picture " + form + ".Picture1")) {
+      const double width = line["op"] == "line" ? line["x2"].get<double>() - line["x1"].get<double>() : 0;
+      count += width > 0 && width < 10 && line["x1"] >= 20.0 && line["colour"] == 0 ? 1 : 0;
+    }
+    return count;
+  }
   std::size_t Drawn(const std::string& form = "Form6") {
     return session_.Value("picture " + form + ".Picture1").size();
   }
@@ -160,6 +169,9 @@ TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
   EXPECT_EQ(session_.Value("state ZoomXMin"), 11.5);
   EXPECT_EQ(session_.Value("state ZoomXMax"), 15.5);
   EXPECT_EQ(session_.Value("state WorkNpts(a)"), 101);  // nothing is cut
+  EXPECT_EQ(session_.Value("state WorkYMax(a)"), 1000.0);
+  EXPECT_EQ(Get("Form15.Line1.Visible"), true);
+  EXPECT_EQ(Segments("Form15"), 40);  // 41 points, both ends in
   // 23.75 units a degree; the top at 90 was 1052.63 counts: 0.0676875 a count. The markers are 7 long.
   EXPECT_EQ(Markers("Form15", 0), (Texts{"33.0625: 45.075 to 52.075", "103.125: 85.6875 to 92.6875"}));
 
@@ -172,9 +184,10 @@ TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
   const std::size_t zoomed = Drawn("Form15");
   session_.Play("down Form15.Picture1 right 79.375 50\n");
   EXPECT_EQ(List(), RowA + RowB + RowC + "  4) 14        6.3207      0  \r\n");
-  // What is erased meanwhile goes from both pictures, and the window below keeps its own read-out.
-  session_.Play("click Form6.cmdErsLaIt\nmove Form6.Picture1 " + At(15) + "\n");
-  EXPECT_EQ(Markers("Form6", plot), (Texts{"58: 18 to 28", "58: 17.5 off 28.5"}));
+  // What is erased meanwhile goes from both pictures where it stands there, and the window below keeps its
+  // own read-out.
+  session_.Play("click Form6.cmdErsLaIt\nclick Form6.cmdErsLaIt\nmove Form6.Picture1 " + At(15) + "\n");
+  EXPECT_EQ(Markers("Form6", plot), (Texts{"58: 18 to 28", "58: 17.5 off 28.5", "86.5: 74.5 off 85.5"}));
   EXPECT_EQ(Markers("Form15", zoomed), (Texts{"79.375: 18 to 28", "79.375: 17.5 off 28.5"}));
   EXPECT_EQ(Get("Form6.Text3.Text"), "x = 15");
 
@@ -188,8 +201,8 @@ TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
   EXPECT_EQ(Get("Form6.Text7.Text"), "xmax 20");
   session_.Play("click Form6.cmdManExpl\n");
   Pick(13);
-  EXPECT_EQ(List(), RowA + RowB + RowC + RowD);
-  EXPECT_EQ(Markers("Form6", plot + 2), Texts{"48.5: 18 to 28"});
+  EXPECT_EQ(List(), RowA + RowB + "  3" + RowD.substr(3));
+  EXPECT_EQ(Markers("Form6", plot + 3), Texts{"48.5: 18 to 28"});
 }
 
 TEST_F(ExplorerTest, TheReturnGivesTheWholeTransformBackAndTurnsTheListOn) {
@@ -197,8 +210,11 @@ TEST_F(ExplorerTest, TheReturnGivesTheWholeTransformBackAndTurnsTheListOn) {
   const PlotTransform before = session_.Data().Plot;
   session_.Play("click Form6.cmdManExpl\n");
   Pause();
-  Zoom(10.5, 14, 60);
+  Zoom(10.5, 14, 38.75);
   EXPECT_NE(session_.Data().Plot.ZeroY, before.ZeroY);
+  // 23.75 above the axis are 50 counts: 100 in all, 0.7125 each, the zero line at 50.625.
+  session_.Play("move Form15.Picture1 50 64.875\n");
+  EXPECT_EQ(Get("Form15.Text3.Text"), "20");
   const std::size_t plot = Drawn();
   Press("Form15.Picture1", "right", At(10));  // on the Y axis: 10.5
   EXPECT_EQ(Markers("Form6", plot),
@@ -221,10 +237,10 @@ TEST_F(ExplorerTest, ChannelsAreReadByTheCalibrationInTheZoom) {
   session_.Play("move Form15.Picture1 77.0019 50\n");
   EXPECT_EQ(Get("Form15.Text1.Text"), "X-pos = 26.0002");  // channel 30.001
   EXPECT_EQ(Get("Form15.Text2.Text"), "d = 3.334");        // 1.5 / (2 sin 13.0001 degrees) = 3.33404
-  session_.Play("down Form15.Picture1 right 77 50\n");
-  EXPECT_EQ(List(), "  1)      30   3.3341      9  \r\n");
-  EXPECT_EQ(session_.Value("state PeakTheta(b)")[1], "26");
-  EXPECT_EQ(session_.Value("state PeakChannel(b)")[1], "30");
+  session_.Play("down Form15.Picture1 right 50 50\n");     // what the boxes show is picked
+  EXPECT_EQ(List(), "  1)  30.001   3.334       9  \r\n");
+  EXPECT_EQ(session_.Value("state PeakTheta(b)")[1], "26.0002");
+  EXPECT_EQ(session_.Value("state PeakChannel(b)")[1], "30.001");
 }
 
 TEST_F(ExplorerTest, WhatActsForTheWindowGoesWithIt) {
@@ -232,20 +248,28 @@ TEST_F(ExplorerTest, WhatActsForTheWindowGoesWithIt) {
                               "click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n"}) {
     session_.Play("click Form6.cmdManExpl\n");
     Pause();
-    Zoom(14, 16, 90);
+    Zoom(14, 16, 50);
     EXPECT_TRUE(IsLoaded("Form15"));
+    EXPECT_EQ(Segments("Form15"), 18);  // of 20; the peak is too high
     session_.Play(command);
     EXPECT_FALSE(IsLoaded("Form15")) << command;
     EXPECT_EQ(session_.Data().Plot.ScaleX, 9.5F);
     EXPECT_EQ(session_.Value("state ZoomMode"), 0);
   }
-  // Arithmetic draws the plot anew, with the markers of the explorer.
-  session_.Play("click Form6.cmdMod\nclick Form6.cmdManExpl\n");
+  // Arithmetic would change the points under the explorer or a selection.
+  for (const char* command : {"cmdManExpl\nclick Form6.cmdExiManExp", "cmdEdit"}) {
+    session_.Play("click Form6.cmdMod\nclick Form6." + std::string(command) + "\n");
+    EXPECT_FALSE(IsLoaded("Form8")) << command;
+  }
+}
+
+TEST_F(ExplorerTest, AnAcceptedEditIsDrawnWithTheMarkers) {
+  session_.Data().Buffer(1).Wavelength = 0;  // the answer to the prompt turns Edit on
+  session_.Play("click Form6.cmdManExpl\nset Form6.Combo1 \"1.5406\"\nclick Form6.cmdComboOK\n");
   Pick(15);
-  session_.Play("input \"2\"\nclick Form8.cmdProd\n");
-  EXPECT_EQ(Markers("Form6", 0), Texts{"67.5: 53.625 to 63.625"});  // 1000 of 2000
-  session_.Play("click Form6.cmdExiManExp\nclick Form6.cmdMod\nclick Form6.cmdMain\n");
-  EXPECT_FALSE(IsLoaded("Form8"));
+  session_.Play("click Form6.cmdEdit\ndown Form6.Picture1 left " + At(12) + "\nup Form6.Picture1 left " +
+                At(13) + "\nclick Form6.optOK\nclick Form6.cmdEditOK\nclick Form6.cmdAccept\n");
+  EXPECT_EQ(Markers("Form6", 0), Texts{"67.5: 89.25 to 95"});
 }
 
 TEST_F(ExplorerTest, ACancelledCalibrationEmptiesTheListAndThePicture) {

@@ -96,6 +96,10 @@ TEST(MultiProfile, CurvesAndSticksStandInTheFrameOfTheProfiles) {
   Fill(data, 4, {.Curve = {{12, -50}, {18, 20}}, .YMin = -50, .YMax = 20});
   ASSERT_EQ(Take(data), "");
   EXPECT_EQ(SlotsInPlot(data), (std::vector<int>{1, 2, 4}));
+  std::vector<float> colours_taken;
+  for (const ProfileBuffer& buffer : data.Buffers) colours_taken.push_back(buffer.BufColor);
+  colours_taken.erase(colours_taken.begin());  // the place before buffer a
+  EXPECT_EQ(colours_taken, (std::vector<float>{16711935, 16711680, 255, 32768, 16776960, 0}));
   Surface picture{PlotPicture().Scale};
   DrawMultiProfile(data, picture, Unexpected);
   std::vector<std::string> drawn = Drawn(picture);
