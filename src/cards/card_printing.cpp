@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <string>
 
-#include "cards/card_plot.h"
 #include "cards/card_table.h"
 #include "display/curve.h"
 #include "display/plot_printing.h"
@@ -30,9 +29,8 @@ std::string ValueOrBlanks(float value, std::size_t blanks) {
   return value == 0 ? std::string(blanks, ' ') : GeneralText(value) + " ";
 }
 
-void PrintPattern(const WindowContext& context, Printer& printer) {
+void PrintPattern(const WindowContext& context, const PlotLimits& limits, Printer& printer) {
   const ProfileBuffer& card = context.Data.Current();
-  const PlotLimits limits = CardLimits(card);
   PrintAxes(context.Data, limits, printer, PlotLeftOnPage, PlotTopOnPage,
             [&](const Message& message) { context.Desk.Host().MsgBox(message); });
   const PlotTransform& plot = context.Data.Plot;
@@ -71,12 +69,12 @@ void PrintReflections(const ProfileBuffer& card, Printer& printer) {
 
 }  // namespace
 
-void PrintCard(const WindowContext& context) {
+void PrintCard(const WindowContext& context, const PlotLimits& limits) {
   PrintPlotPage(context, [&](Printer& printer) {
     const ProfileBuffer& card = context.Data.Current();
     printer.FontName = "Helvetica-narrow";
     PrintAt(printer, 30, 25, card.Title);
-    PrintPattern(context, printer);
+    PrintPattern(context, limits, printer);
     PrintCrystalData(card, printer);
     PrintReflections(card, printer);
   });

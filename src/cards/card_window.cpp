@@ -10,6 +10,7 @@
 #include "forms/fixed_text.h"
 #include "forms/number_text.h"
 #include "workspace/bragg.h"
+#include "workspace/buffer_commands.h"
 
 namespace koprax {
 
@@ -42,6 +43,7 @@ void Form34::ArrangeControls() {
 }
 
 void Form34::OnLoad() {
+  slot_ = context_.Data.CurBuf;
   const ProfileBuffer& card = context_.Data.Current();
   ShowCrystalData(card);
   Text13.Text = card.Title;
@@ -81,20 +83,21 @@ void Form34::ShowReadOut(float x, float y) {
   const float two_theta = DataX(plot_, ClampedX(plot_, x), limits_.XMin);
   const auto intensity = static_cast<float>(DataY(plot_, ClampedY(plot_, y), plot_.PlotBottom));
   // The limits reach below 0, where there is no d.
-  const float spacing = two_theta > 0 ? SpacingOf(two_theta, context_.Data.Current().Wavelength) : 0;
+  const float spacing = two_theta > 0 ? SpacingOf(two_theta, context_.Data.Buffer(slot_).Wavelength) : 0;
   Text4.Text = "x = " + RoundedText(two_theta, 4);
   Text5.Text = "y = " + RoundedText(intensity, 1);
   Text12.Text = "d = " + RoundedText(spacing, 4);
 }
 
 void Form34::Print() {
-  const ProfileBuffer& card = context_.Data.Current();
+  const ProfileBuffer& card = context_.Data.Buffer(slot_);
   if (!card.IsCard() || !drawn_) {
     Desk().Host().MsgBox(ErrorMessage("Buffer " + card.BufLetter +
                                       " holds no card that could be printed.\r\nDisplay the card first."));
     return;
   }
-  PrintCard(context_);
+  MakeCurrent(context_, slot_);
+  PrintCard(context_, limits_);
 }
 
 }  // namespace koprax

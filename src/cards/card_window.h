@@ -26,6 +26,7 @@ class Form34 final : public Form {
   void Print();
 
   WindowContext context_;
+  int slot_ = 0;        // of the card on show
   PlotTransform plot_;  // of the pattern: no other plot's
   PlotLimits limits_{};
   bool drawn_ = false;

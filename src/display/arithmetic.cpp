@@ -118,6 +118,10 @@ void TakeNewX(Workspace& data, ProfileBuffer& buffer, const OperationResult& res
       buffer.WorkY[kept] = buffer.WorkY[i];
     }
   }
+  const auto lost = static_cast<std::size_t>(buffer.WorkNpts) - kept;
+  for (PointTable* table : {&buffer.WorkX, &buffer.WorkY}) {
+    std::fill_n(table->begin() + 1 + static_cast<std::ptrdiff_t>(kept), lost, 0.0F);
+  }
   if (kept > 0) {
     buffer.WorkXMin = buffer.WorkX[1];
   }

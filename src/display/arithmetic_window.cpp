@@ -62,6 +62,7 @@ void Form8::Cancel() {
 void Form8::Act(const std::function<void()>& command) {
   const auto opener = opening_.Opener.lock();
   if (opener && opener->Loaded()) {
+    opening_.TakeUp();
     command();
   } else {
     Unload();

@@ -21,6 +21,7 @@ namespace koprax {
 struct ArithmeticOpening {
   int Profiles;                        ///< shown by the opener, 1 or 2
   std::weak_ptr<Form> Opener{};        ///< once it is gone, the commands only close the window
+  std::function<void()> TakeUp{};      ///< before each command: the opener's plot is at work again
   std::function<void()> Redraw{};      ///< one profile has changed: the opener draws anew
   std::function<void()> ComeBack{};    ///< the opener comes to the front
   std::function<void()> ResultLeft{};  ///< the result of two profiles has been left

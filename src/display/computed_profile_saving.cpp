@@ -74,7 +74,10 @@ void StoreComputedProfile(Workspace& data, int slot) {
   TakePoints(buffer, data.Sum);
   buffer.Wavelength = data.SumWavelength;
   buffer.XStep = data.Sum.SumXStep;
-  buffer.FormatCode = facts.FormatCode;
+  // The source may have been erased, or have become a card, since the sum was made.
+  const bool changed = facts.FormatCode == static_cast<std::int16_t>(FormatCodes::None) ||
+                       facts.FormatCode == static_cast<std::int16_t>(FormatCodes::Card);
+  buffer.FormatCode = changed ? static_cast<std::int16_t>(FormatCodes::TwoColumns) : facts.FormatCode;
   buffer.NegativeY = facts.NegativeY;
   buffer.Latin1Text = facts.Latin1Text;
   if (facts.FormatCode == static_cast<std::int16_t>(FormatCodes::Philips)) {

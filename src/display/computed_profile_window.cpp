@@ -51,7 +51,7 @@ void Form30::ShowReadOut(float x, float y) {
   }
   shown_.PutBack(context_.Data);
   const Workspace& data = context_.Data;
-  const ProfileBuffer& buffer = context_.Data.Current();
+  const ProfileBuffer& buffer = context_.Data.Buffer(opening_.Sources.First);
   const bool channels = data.Sum.SumX[2] - data.Sum.SumX[1] > LargestDegreeStep;
   const bool calibrated = buffer.CalPar[1] != 0;
   const float position = RoundDecimals(DataX(data.Plot, ClampedX(data.Plot, x), data.PlotXMin), 3);
@@ -59,7 +59,7 @@ void Form30::ShowReadOut(float x, float y) {
   if (channels && calibrated) {
     two_theta = RoundDecimals(TwoThetaOfChannel(buffer.CalPar, position), 4);
   }
-  const double height = DataY(data.Plot, ClampedY(data.Plot, y), PlotBase(data.Plot, buffer.NegativeY == 1));
+  const double height = DataY(data.Plot, ClampedY(data.Plot, y), PlotBase(data.Plot, data.Sum.SumYMin < 0));
   Text1.Text = "X-pos = " + GeneralText(channels && calibrated ? two_theta : position);
   Text2.Text = "d = " + RoundedText(SpacingOf(two_theta, buffer.Wavelength), 4);
   Text3.Text = RoundedText(height, 2);

@@ -21,6 +21,7 @@
 #include "forms/desktop.h"
 #include "forms/fixed_text.h"
 #include "forms/number_text.h"
+#include "workspace/buffer_commands.h"
 #include "workspace/temporary_copy.h"
 
 namespace koprax {
@@ -83,34 +84,55 @@ void Form6::ArrangeControls() {
             true);
 }
 
+template <class Command>
+std::function<void()> Form6::OnItsProfile(Command command) {
+  return [this, command] {
+    TakeUp();
+    command();
+  };
+}
+
 void Form6::ConnectHandlers() {
-  cmdZoom.OnClick = [this] { StartSelection(DisplayMode::ZoomSelection); };
-  cmdUnzoom.OnClick = [this] { UndoZoom(); };
-  cmdEdit.OnClick = [this] { StartSelection(DisplayMode::EditSelection); };
-  cmdSave.OnClick = [this] { SaveProfile(); };
+  cmdZoom.OnClick = OnItsProfile([this] { StartSelection(DisplayMode::ZoomSelection); });
+  cmdUnzoom.OnClick = OnItsProfile([this] { UndoZoom(); });
+  cmdEdit.OnClick = OnItsProfile([this] { StartSelection(DisplayMode::EditSelection); });
+  cmdSave.OnClick = OnItsProfile([this] { SaveProfile(); });
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
-  cmdMod.OnClick = [this] { StartArithmetic(); };
-  cmdPrint.OnClick = [this] { Print(); };
+  cmdMod.OnClick = OnItsProfile([this] { StartArithmetic(); });
+  cmdPrint.OnClick = OnItsProfile([this] { Print(); });
   Command17.OnClick = [this] { SaveBitmap(); };
-  cmdManExpl.OnClick = [this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); };
-  cmdErsLaIt.OnClick = [this] { EraseLastPeak(); };
-  cmdClearPeaks.OnClick = [this] { ClearPeakList(); };
-  cmdSavePeaks.OnClick = [this] { SavePeakListSorted(context_); };
-  cmdExiManExp.OnClick = [this] { QuitExplorer(); };
-  cmdEditOK.OnClick = [this] { ShowChanges(); };
-  cmdEditNO.OnClick = [this] { RejectChanges(); };
-  cmdAccept.OnClick = [this] { AcceptChanges(); };
-  Command15.OnClick = [this] { ChangeAll(); };
-  cmdQuitEdit.OnClick = [this] { QuitEdit(); };
-  cmdComboOK.OnClick = [this] { AcceptWavelength(); };
-  optOK.OnClick = [this] { AcceptSelection(); };
-  optNO.OnClick = [this] { CancelSelection(); };
+  cmdManExpl.OnClick = OnItsProfile([this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); });
+  cmdErsLaIt.OnClick = OnItsProfile([this] { EraseLastPeak(); });
+  cmdClearPeaks.OnClick = OnItsProfile([this] { ClearPeakList(); });
+  cmdSavePeaks.OnClick = OnItsProfile([this] { SavePeakListSorted(context_); });
+  cmdExiManExp.OnClick = OnItsProfile([this] { QuitExplorer(); });
+  cmdEditOK.OnClick = OnItsProfile([this] { ShowChanges(); });
+  cmdEditNO.OnClick = OnItsProfile([this] { RejectChanges(); });
+  cmdAccept.OnClick = OnItsProfile([this] { AcceptChanges(); });
+  Command15.OnClick = OnItsProfile([this] { ChangeAll(); });
+  cmdQuitEdit.OnClick = OnItsProfile([this] { QuitEdit(); });
+  cmdComboOK.OnClick = OnItsProfile([this] { AcceptWavelength(); });
+  optOK.OnClick = OnItsProfile([this] { AcceptSelection(); });
+  optNO.OnClick = OnItsProfile([this] { CancelSelection(); });
   Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
   Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
   Picture1.OnMouseUp = [this](MouseButton button, float x, float y) { MouseReleased(button, x, y); };
 }
 
+ProfileBuffer& Form6::Buffer() const {
+  Workspace& data = context_.Data;
+  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
+}
+
+void Form6::TakeUp() {
+  if (context_.Data.CurBuf != 0) {
+    MakeCurrent(context_, state_.Slot);
+  }
+  state_.Shown.PutBack(context_.Data);
+}
+
 void Form6::OnLoad() {
+  state_.Slot = context_.Data.CurBuf;
   context_.Data.ZoomMode = context_.Data.ExplorerMode = false;
   for (Control* hidden :
        {static_cast<Control*>(&Line1), static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
@@ -144,6 +166,7 @@ void Form6::EnterMode(DisplayMode mode) {
 }
 
 bool Form6::ShowProfile(int slot) {
+  state_.Slot = slot;
   const bool drawn = DrawProfile(context_.Data, slot, Picture1,
                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
   state_.Shown.Keep(context_.Data, drawn);
@@ -255,7 +278,6 @@ void Form6::AcceptWavelength() {
 
 void Form6::Print() {
   if (HasPlot() && HasCurve()) {
-    state_.Shown.PutBack(context_.Data);
     PrintProfile(context_);
   }
 }
@@ -269,21 +291,32 @@ void Form6::SaveBitmap() {
 /// Tells the user where there is none.
 bool Form6::HasPlot() {
   if (!state_.Shown.Readable()) {
-    Desk().Host().MsgBox({.Text = "There is no plot.\r\nDisplay a profile with a range of X and of intensity "
-                                  "first.",
-                          .Title = "Warning",
-                          .Icon = MessageIcon::Information});
+    Desk().Host().MsgBox(NoPlot());
   }
   return state_.Shown.Readable();
 }
 
 void Form6::StartArithmetic() {
+  if (!HoldsProfile()) {
+    return;
+  }
   OpenArithmetic(context_, {.Profiles = 1,
                             .Opener = weak_from_this(),
+                            .TakeUp = WhileLoaded(std::function<void()>([this] { TakeUp(); })),
                             .Redraw = WhileLoaded(std::function<void()>([this] { RedrawProfile(); })),
                             .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
                             .ResultLeft = {}});
   state_.Arithmetic = Desk().Find("Form8");
+}
+
+/// Whether the buffer still holds what was shown, which may have been erased or become a card; told if not.
+bool Form6::HoldsProfile() {
+  const bool holds = Buffer().PermNpts > 0 && !Buffer().IsCard();
+  if (!holds) {
+    Desk().Host().MsgBox(ErrorMessage("Buffer " + Buffer().BufLetter +
+                                      " holds no profile any more.\r\nDisplay a profile first."));
+  }
+  return holds;
 }
 
 /// A selection or the explorer holds on to points and scales that an operation would change under it.

@@ -2,6 +2,7 @@
 // temporary copy of CurBuf; only cmdSave writes it back to the permanent copy.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,6 +53,7 @@ class Form6 final : public Form {
   [[nodiscard]] bool AskForCalibration();
   [[nodiscard]] bool HasPlot();
   [[nodiscard]] bool HasCurve();
+  [[nodiscard]] bool HoldsProfile();
   void Print();
   void SaveBitmap();
   void StartArithmetic();
@@ -121,10 +123,16 @@ class Form6 final : public Form {
   /// The transform of Picture1, also while the zoom has one of its own.
   [[nodiscard]] const PlotTransform& ShownPlot() const;
 
-  [[nodiscard]] ProfileBuffer& Buffer() const { return context_.Data.Current(); }
+  /// The profile on show. Another one may be at work meanwhile; with none at work it is that of slot 0.
+  [[nodiscard]] ProfileBuffer& Buffer() const;
+  /// Before a command: the profile on show, its scale and its base are the ones at work again.
+  void TakeUp();
+  template <class Command>
+  [[nodiscard]] std::function<void()> OnItsProfile(Command command);
 
   /// What stands as long as the window is loaded.
   struct State {
+    int Slot = 0;  ///< of the profile on show
     DrawnPlot Shown;
     bool DragActive = false;  ///< the rubber band follows the mouse
     bool EditMode = false;    ///< an edit selection is under way

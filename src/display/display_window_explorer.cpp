@@ -5,6 +5,7 @@
 
 #include "display/display_window.h"
 #include "display/peak_markers.h"
+#include "display/plot_axes.h"
 #include "display/zoom.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -15,13 +16,6 @@ namespace {
 
 constexpr const char* ResumeCaption = "Resume";
 constexpr const char* ExplorerCaption = "Manual Explorer";
-
-Message NoWavelength() {
-  return {
-      .Text = "There is no wave length, so no peak can be picked.\r\nStart the explorer again and give one.",
-      .Title = "Warning",
-      .Icon = MessageIcon::Information};
-}
 
 Message NothingToZoom() {
   return {.Text = "The selected range is too narrow to be shown.\r\nSelect a wider one.",
@@ -34,6 +28,9 @@ Message NothingToZoom() {
 bool Form6::ExplorerPaused() const { return cmdManExpl.Caption == ResumeCaption; }
 
 void Form6::StartExplorer() {
+  if (!HoldsProfile()) {
+    return;
+  }
   GiveUpArithmetic();
   const bool ask_wavelength = Buffer().Wavelength == 0;
   Frame3.Visible = ask_wavelength;
@@ -111,18 +108,15 @@ void Form6::PickPeak(float x, float y) {
   if (!HasPlot()) {
     return;
   }
-  if (Buffer().Wavelength == 0) {
-    Desk().Host().MsgBox(NoWavelength());
+  if (const auto refusal = WhyNotPicked(Buffer())) {
+    Desk().Host().MsgBox(*refusal);
     return;
   }
   if (state_.AtCursor.Theta.empty()) {
     ShowReadOut(x, y);
   }
   const PeakPick pick = PickedAt(Buffer(), state_.AtCursor);
-  if (!AddPeak(Buffer(), pick)) {
-    Desk().Host().MsgBox(PeakListIsFull());
-    return;
-  }
+  AddPeak(Buffer(), pick);
   EnableListCommands();
   ShowPick(pick);
 }
@@ -186,7 +180,8 @@ void Form6::RubOutPeaks() {
 }
 
 CurveOrigin Form6::Origin() const {
-  return {.XMin = Buffer().WorkXMin, .Base = PlotBase(ShownPlot(), Buffer().NegativeY == 1)};
+  const PlotLimits& limits = state_.Shown.Limits();
+  return {.XMin = limits.XMin, .Base = PlotBase(ShownPlot(), ReachesBelowZero(limits))};
 }
 
 // The zoom of a paused explorer.

@@ -1,6 +1,7 @@
 // What the mouse does over the picture of the Display and Work window: the read-out, and the selection for
 // zoom and edit. Manual Explorer stands in display_window_explorer.cpp.
 #include "display/display_window.h"
+#include "display/plot_axes.h"
 #include "display/zoom.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -15,8 +16,15 @@ void Form6::StartSelection(DisplayMode mode) {
     Desk().Host().MsgBox(NothingToSelectFrom());
     return;
   }
+  if (!HoldsProfile()) {
+    return;
+  }
   CloseZoom();
   GiveUpArithmetic();
+  const bool from_pause = mode == DisplayMode::ZoomSelection && ExplorerPaused();
+  if (Frame4.Visible && !from_pause) {
+    QuitExplorer();  // which runs on the whole profile alone
+  }
   if (!Selecting()) {
     state_.SavedYMax = Buffer().WorkYMax;
     state_.SavedText6 = Text6.Text;
@@ -59,7 +67,7 @@ void Form6::ReleaseInSelection(float x) {
   optOK.Visible = optNO.Visible = true;
   Picture1.MousePointer = Pointer::Arrow;
   const PlotTransform& plot = context_.Data.Plot;
-  const XRange range = SelectedX(plot, Shape1, x, Buffer().WorkXMin, Buffer().WorkXMax);
+  const XRange range = SelectedX(plot, Shape1, x, state_.Shown.Limits().XMin, state_.Shown.Limits().XMax);
   if (range.Low >= range.High) {
     optOK.Visible = optNO.Visible = false;
     return;
@@ -132,7 +140,7 @@ void Form6::UndoZoom() {
 // The mouse over the picture.
 
 void Form6::MousePressed(MouseButton button, float x, float y) {
-  state_.Shown.PutBack(context_.Data);
+  TakeUp();
   if (Selecting()) {
     PressInSelection(x, y);
   } else if (context_.Data.ExplorerMode && !Frame3.Visible) {
@@ -155,7 +163,7 @@ void Form6::MouseMoved(float x, float y) {
 }
 
 void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
-  state_.Shown.PutBack(context_.Data);
+  TakeUp();
   if (button == MouseButton::Right) {
     return;
   }
@@ -169,9 +177,9 @@ void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
 void Form6::ShowReadOut(float x, float y) {
   const PlotTransform& plot = ShownPlot();
   const float picture_x = ClampedX(plot, x);
-  const float value = DataX(plot, picture_x, Buffer().WorkXMin);
+  const float value = DataX(plot, picture_x, state_.Shown.Limits().XMin);
   Text3.Text = "x = " + RoundedText(value, 4);
-  const float base = PlotBase(plot, Buffer().WorkYMin < 0);
+  const float base = PlotBase(plot, ReachesBelowZero(state_.Shown.Limits()));
   Text4.Text = "y = " + GeneralText(DataY(plot, ClampedY(plot, y), base));
   if (context_.Data.ExplorerMode && Buffer().Wavelength != 0) {
     FollowExplorer(picture_x, value);

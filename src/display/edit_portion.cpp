@@ -126,9 +126,9 @@ std::optional<int> ReadBox(Workspace& data, std::string_view box, int count, con
 
 void DrawPortion(const Workspace& data, int slot, const CurvePoints& points, Colour colour,
                  Surface& picture) {
-  const ProfileBuffer& buffer = data.Buffer(slot);
   const PlotTransform& plot = data.Plot;
-  const CurveOrigin origin{.XMin = buffer.WorkXMin, .Base = PlotBase(plot, buffer.NegativeY == 1)};
+  const CurveOrigin origin{.XMin = data.Buffer(slot).WorkXMin,
+                           .Base = PlotBase(plot, data.Buffer(slot).NegativeY == 1)};
   // Numbers that a person types may lie anywhere; a place beyond 32 bits is none that can be drawn.
   const auto drawable = [&](float x, float picture_y) {
     return !IsAboveTop(plot, picture_y) && std::isfinite(picture_y) &&

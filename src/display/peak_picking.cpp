@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "forms/fixed_text.h"
 #include "forms/number_text.h"
@@ -84,10 +85,27 @@ PeakPick PickedAt(const ProfileBuffer& buffer, PeakPick read_out) {
   return read_out;
 }
 
-bool AddPeak(ProfileBuffer& buffer, const PeakPick& pick) {
-  if (buffer.NPeaks >= MaxPeaks) {
-    return false;
+std::optional<Message> WhyNotPicked(const ProfileBuffer& buffer) {
+  const auto refusal = [](std::string text) {
+    return Message{.Text = std::move(text), .Title = "Warning", .Icon = MessageIcon::Information};
+  };
+  if (buffer.Empty() || buffer.IsCard()) {
+    return refusal("Buffer " + buffer.BufLetter +
+                   " holds no profile any more, so no peak can be picked.\r\nDisplay a profile first.");
   }
+  if (buffer.Wavelength == 0) {
+    return refusal(
+        "There is no wave length, so no peak can be picked.\r\nStart the explorer again and give one.");
+  }
+  if (buffer.NPeaks >= MaxPeaks) {
+    return refusal("The list holds " + std::to_string(MaxPeaks) +
+                   " peaks already, so this one is not taken.\r\nErase some of them, or save the list and "
+                   "clear it.");
+  }
+  return std::nullopt;
+}
+
+void AddPeak(ProfileBuffer& buffer, const PeakPick& pick) {
   const std::size_t n = IndexOf(++buffer.NPeaks);
   buffer.PeakTheta[n] = pick.Theta;
   buffer.PeakY[n] = pick.Y;
@@ -95,15 +113,6 @@ bool AddPeak(ProfileBuffer& buffer, const PeakPick& pick) {
   if (buffer.InChannels()) {
     buffer.PeakChannel[n] = pick.Channel;
   }
-  return true;
-}
-
-Message PeakListIsFull() {
-  return {.Text = "The list holds " + std::to_string(MaxPeaks) +
-                  " peaks already, so this one is not taken.\r\nErase some of them, or save the list and "
-                  "clear it.",
-          .Title = "Warning",
-          .Icon = MessageIcon::Information};
 }
 
 void RemoveLastPeak(ProfileBuffer& buffer) {

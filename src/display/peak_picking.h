@@ -2,6 +2,7 @@
 // with its rows on the screen. Drawing the peaks is left to the markers.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,10 +36,11 @@ struct PeakPick {
 /// The pick at a position that has been read, with the height found there.
 [[nodiscard]] PeakPick PickedAt(const ProfileBuffer& buffer, PeakPick read_out);
 
-/// Adds a pick at the end of the list; false, and nothing is changed, when the list holds MaxPeaks already.
-[[nodiscard]] bool AddPeak(ProfileBuffer& buffer, const PeakPick& pick);
-/// What the user is told then.
-[[nodiscard]] Message PeakListIsFull();
+/// Why no peak can be picked now, in words for the user: the buffer has been emptied, has no wavelength, or
+/// the list holds MaxPeaks already.
+[[nodiscard]] std::optional<Message> WhyNotPicked(const ProfileBuffer& buffer);
+/// Adds a pick at the end of a list that has room for it.
+void AddPeak(ProfileBuffer& buffer, const PeakPick& pick);
 
 /// Removes the last peak of a list that isn't empty.
 void RemoveLastPeak(ProfileBuffer& buffer);

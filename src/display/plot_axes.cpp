@@ -150,6 +150,12 @@ void PrintAxisLabels(const AxisLabels& labels, Surface& picture) {
   picture.Print("Intensity\r\n        (counts)");
 }
 
+Message NoPlot() {
+  return {.Text = "There is no plot.\r\nDisplay a profile with a range of X and of intensity first.",
+          .Title = "Warning",
+          .Icon = MessageIcon::Information};
+}
+
 Message NoYSpan(std::string_view return_word) {
   return {.Text =
               "For some reason the width of the window to be displayed is NULL. This leads to an error "

@@ -62,6 +62,9 @@ void PrintAxisLabels(const AxisLabels& labels, Surface& picture);
 /// Whether a plot of these limits has a zero line of its own, above the X axis.
 [[nodiscard]] inline bool ReachesBelowZero(const PlotLimits& limits) { return limits.YMin < 0; }
 
+/// What the user is told where a command wants a plot and there is none.
+[[nodiscard]] Message NoPlot();
+
 /// What the user is told about limits that span no Y; the word that sends him back differs on paper.
 [[nodiscard]] Message NoYSpan(std::string_view return_word = "Return");
 

@@ -85,7 +85,8 @@ void PrintScreenPlot(const WindowContext& context, const std::function<void(Prin
 
 void DrawPermanentCopy(const Workspace& data, const ProfileBuffer& buffer, Printer& printer) {
   const PlotTransform& plot = data.Plot;
-  const CurveOrigin origin{.XMin = data.PlotXMin, .Base = PlotBase(plot, buffer.NegativeY == 1)};
+  const CurveOrigin origin{.XMin = data.PlotXMin,
+                           .Base = PlotBase(plot, ReachesBelowZero(LimitsOfDrawing(data)))};
   DrawSegments(plot, {buffer.PermX, buffer.PermY, buffer.PermNpts}, origin, colours::Black, printer,
                [&](const CurveSegment& segment) {
                  return !(segment.X2 < data.PlotXMin || segment.X1 > data.PlotXMax) &&
@@ -94,7 +95,8 @@ void DrawPermanentCopy(const Workspace& data, const ProfileBuffer& buffer, Print
 }
 
 void DrawWholeProfile(const Workspace& data, const ProfileBuffer& buffer, Printer& printer) {
-  const CurveOrigin origin{.XMin = data.PlotXMin, .Base = PlotBase(data.Plot, buffer.NegativeY == 1)};
+  const CurveOrigin origin{.XMin = data.PlotXMin,
+                           .Base = PlotBase(data.Plot, ReachesBelowZero(LimitsOfDrawing(data)))};
   DrawSegments(data.Plot, {buffer.PermX, buffer.WorkY, buffer.WorkNpts}, origin,
                static_cast<Colour>(buffer.BufColor), printer, [](const CurveSegment&) { return true; });
 }

@@ -65,7 +65,9 @@ void Form2::ConnectHandlers() {
   cmdMod.OnClick = [this] { StartArithmetic(); };
   cmdSave.OnClick = [this] { SaveBuffer(); };
   Command1.OnClick = [this] { Print(); };
-  cmdBitMap.OnClick = [this] { OpenBitmapWindow(context_, 2); };
+  cmdBitMap.OnClick = [this] {
+    if (HasPlot()) OpenBitmapWindow(context_, 2);
+  };
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
   optOK.OnClick = [this] { AcceptSelection(); };
   optNO.OnClick = [this] { CancelSelection(); };
@@ -116,6 +118,9 @@ void Form2::ReturnToMainMenu() {
 }
 
 void Form2::Print() {
+  if (!HasPlot()) {
+    return;
+  }
   const auto erased = [&](int slot) { return context_.Data.Buffer(slot).Empty(); };
   if (std::ranges::all_of(state_.Slots, erased)) {
     Tell(ErrorMessage("The profiles of this plot have been erased.\r\nDisplay others first."));
@@ -123,6 +128,14 @@ void Form2::Print() {
   }
   state_.Shown.PutBack(context_.Data);
   PrintSeveralProfiles(context_, state_.Slots);
+}
+
+/// Tells the user where there is none.
+bool Form2::HasPlot() const {
+  if (!state_.Shown.Readable()) {
+    Tell(NoPlot());
+  }
+  return state_.Shown.Readable();
 }
 
 void Form2::Tell(const Message& message) const { Desk().Host().MsgBox(message); }
@@ -145,6 +158,7 @@ void Form2::StartArithmetic() {
   };
   OpenArithmetic(context_, {.Profiles = static_cast<int>(state_.Slots.size()),
                             .Opener = weak_from_this(),
+                            .TakeUp = while_loaded(&Form2::TakePlotBack),
                             .Redraw = while_loaded(&Form2::DrawAgain),
                             .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
                             .ResultLeft = while_loaded(&Form2::LeaveResult)});
@@ -199,6 +213,11 @@ std::optional<Message> Form2::WhyNotSaved() const {
   }
   if (buffer.Empty() || buffer.WorkNpts == 0) {
     return ErrorMessage(name + " holds no points that could be saved.\r\nChoose another one of the plot.");
+  }
+  if (buffer.WorkNpts != buffer.PermNpts) {  // the buffer would become a mixture of both
+    return ErrorMessage(name + " holds " + std::to_string(buffer.PermNpts) + " points, of which only " +
+                        std::to_string(buffer.WorkNpts) +
+                        " are left.\r\nDisplay it alone to cut it and save it there.");
   }
   return std::nullopt;
 }

@@ -44,6 +44,7 @@ class Form2 final : public Form {
   void ShowRange(const XRange& range);
   void ReturnToMainMenu();
   void Print();
+  [[nodiscard]] bool HasPlot() const;
 
   // Arithmetic, and saving what it has changed.
   void StartArithmetic();

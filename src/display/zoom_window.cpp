@@ -9,6 +9,7 @@
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
+#include "workspace/buffer_commands.h"
 
 namespace koprax {
 
@@ -19,7 +20,10 @@ constexpr int FormNumber = 15;
 }  // namespace
 
 Form15::Form15(const WindowContext& context, ZoomOpening opening)
-    : Form(context.Desk, "Form15", "Zoom"), context_(context), opening_(std::move(opening)) {
+    : Form(context.Desk, "Form15", "Zoom"),
+      context_(context),
+      opening_(std::move(opening)),
+      slot_(context.Data.CurBuf) {
   ArrangeControls();
   cmdRet.OnClick = [this] { GoBack(opening_.Returned); };
   cmdCancel.OnClick = [this] { Cancel(); };
@@ -79,11 +83,12 @@ CurveOrigin Form15::Origin() const {
           .Base = PlotBase(shown_.Transform(), ReachesBelowZero(opening_.Limits))};
 }
 
-/// The difference of the first two X on show. The sticks of a card have none.
+/// The difference of the first two X on show, or of the profile where fewer are. The sticks of a card have
+/// none.
 float Form15::Step() const {
   const auto curve = std::ranges::find_if(
       opening_.Curves, [](const ZoomedCurve& shown) { return !shown.Sticks && shown.Count >= 2; });
-  return curve == opening_.Curves.end() ? 0 : curve->X[2] - curve->X[1];
+  return curve == opening_.Curves.end() ? Profile().PermX[2] - Profile().PermX[1] : curve->X[2] - curve->X[1];
 }
 
 void Form15::ShowReadOut(float x, float y) {
@@ -93,8 +98,7 @@ void Form15::ShowReadOut(float x, float y) {
   shown_.PutBack(context_.Data);
   const PlotTransform& plot = shown_.Transform();
   Line1.X1 = Line1.X2 = ClampedX(plot, x);
-  at_cursor_ =
-      ZoomedReadOutAt(context_.Data.Current(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
+  at_cursor_ = ZoomedReadOutAt(Profile(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
   Text1.Text = "X-pos = " + at_cursor_.Theta;
   Text2.Text = "d = " + at_cursor_.D;
   Text3.Text = GeneralText(RoundDecimals(DataY(plot, ClampedY(plot, y), Origin().Base), 2));
@@ -104,12 +108,14 @@ void Form15::PickPeak(float x, float y) {
   if (at_cursor_.Theta.empty()) {  // the mouse has not moved here before
     ShowReadOut(x, y);
   }
-  ProfileBuffer& buffer = context_.Data.Current();
-  const PeakPick pick = PickedAt(buffer, at_cursor_);
-  if (!AddPeak(buffer, pick)) {
-    Desk().Host().MsgBox(PeakListIsFull());
+  if (const auto refusal = WhyNotPicked(Profile())) {
+    Desk().Host().MsgBox(*refusal);
     return;
   }
+  MakeCurrent(context_, slot_);
+  ProfileBuffer& buffer = context_.Data.Current();
+  const PeakPick pick = PickedAt(buffer, at_cursor_);
+  AddPeak(buffer, pick);
   DrawMarker(shown_.Transform(), Origin(), PositionOf(buffer, pick), MarkerLength, Picture1);
   opening_.Picked(pick);
 }

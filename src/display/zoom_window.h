@@ -58,9 +58,11 @@ class Form15 final : public Form {
   [[nodiscard]] bool Picks() const { return static_cast<bool>(opening_.Picked); }
   [[nodiscard]] CurveOrigin Origin() const;
   [[nodiscard]] float Step() const;
+  [[nodiscard]] const ProfileBuffer& Profile() const { return context_.Data.Buffer(slot_); }
 
   WindowContext context_;
   ZoomOpening opening_;
+  int slot_;  // of the profile that is read and picked in
   DrawnPlot shown_;
   PeakPick at_cursor_;  // what the boxes show
 

@@ -216,7 +216,8 @@ void PlaceReflections(ProfileReading& reading) {
                           "All successive diffraction peaks will be ignored.",
                   .Title = "Warning"});
   }
-  if (placed > 0) buffer.FileXMin = buffer.PermX[1];
+  if (placed == 0) buffer.PermX[1] = 0;  // nothing of an earlier profile counts as its range
+  buffer.FileXMin = buffer.PermX[1];
   buffer.FileXMax = buffer.PermX[placed];
   buffer.PermNpts = static_cast<std::int16_t>(placed);
 }
