@@ -183,6 +183,7 @@ TEST_F(ArithmeticTest, ACommandForAWindowThatIsGoneOnlyCloses) {
   Session.Data().SelBuf[2] = 0;
   OpenArithmetic(services.Context, {.Profiles = 2,
                                     .Opener = Session.Desk().Find("Form2"),
+                                    .TakeUp = [] {},
                                     .Redraw = {},
                                     .ComeBack = {},
                                     .ResultLeft = {}});
