@@ -263,13 +263,15 @@ TEST_F(ExplorerTest, WhatActsForTheWindowGoesWithIt) {
   }
 }
 
-TEST_F(ExplorerTest, AnAcceptedEditIsDrawnWithTheMarkers) {
-  session_.Data().Buffer(1).Wavelength = 0;  // the answer to the prompt turns Edit on
+TEST_F(ExplorerTest, ArithmeticDrawsTheMarkersAnewAndAnEditEndsTheExplorer) {
+  session_.Data().Buffer(1).Wavelength = 0;  // the answer to the prompt turns both on
   session_.Play("click Form6.cmdManExpl\nset Form6.Combo1 \"1.5406\"\nclick Form6.cmdComboOK\n");
   Pick(15);
-  session_.Play("click Form6.cmdEdit\ndown Form6.Picture1 left " + At(12) + "\nup Form6.Picture1 left " +
-                At(13) + "\nclick Form6.optOK\nclick Form6.cmdEditOK\nclick Form6.cmdAccept\n");
-  EXPECT_EQ(Markers("Form6", 0), Texts{"67.5: 89.25 to 95"});
+  session_.Play("click Form6.cmdMod\ninput \"2\"\nclick Form8.cmdProd\n");
+  EXPECT_EQ(Markers("Form6", 0), Texts{"67.5: 53.625 to 63.625"});  // 1000 of 2000
+  session_.Play("click Form6.cmdEdit\n");
+  EXPECT_EQ(Get("Form6.Frame4.Visible"), false);
+  EXPECT_EQ(session_.Value("state ExplorerMode"), 0);
 }
 
 TEST_F(ExplorerTest, ACancelledCalibrationEmptiesTheListAndThePicture) {
