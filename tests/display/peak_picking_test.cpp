@@ -101,10 +101,13 @@ TEST(PeakPicking, RowsHaveTheirNumbersInColumns) {
 
 TEST(PeakPicking, TheListHoldsAHundredInTheOrderOfPicking) {
   ProfileBuffer buffer = WithPoints({}, FormatCodes::CpsChannels);
+  buffer.Title = "Full";
+  buffer.Wavelength = 1.5F;
   for (int i = 1; i <= 100; ++i) {
-    ASSERT_TRUE(AddPeak(buffer, {std::to_string(200 - i), "2", std::to_string(i) + ".5", "7"}));
+    EXPECT_FALSE(WhyNotPicked(buffer));
+    AddPeak(buffer, {std::to_string(200 - i), "2", std::to_string(i) + ".5", "7"});
   }
-  EXPECT_FALSE(AddPeak(buffer, {"1", "1", "1", "1"}));
+  EXPECT_TRUE(WhyNotPicked(buffer));
   EXPECT_EQ(buffer.NPeaks, 100);
   EXPECT_EQ(buffer.PeakTheta[100], "100");
   // In a list that is built anew channels stand with their period in line.
