@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "files/card_format.h"
@@ -27,6 +28,13 @@ class ColumnFormats : public ReaderTest {
   void ExpectLimitFailure(ReaderFunction reader, const std::string& text) {
     ReaderTest::ExpectLimitFailure(reader, text);
     EXPECT_NE(Buffer().Wavelength, 0);  // stays, as the file or the buffer had it
+  }
+  std::vector<float> Intensities() {
+    return {Buffer().PermY.begin() + 1, Buffer().PermY.begin() + 1 + Buffer().PermNpts};
+  }
+  /// The first and the last X, the step, the least and the greatest Y.
+  std::vector<float> Limits() {
+    return {Buffer().FileXMin, Buffer().FileXMax, Buffer().XStep, Buffer().PermYMin, Buffer().PermYMax};
   }
 };
 
@@ -57,39 +65,32 @@ TEST_F(ColumnFormats, AFileThatCannotBeReadTouchesNothingButTheFormat) {
 }
 
 TEST_F(ColumnFormats, TitlesAreCutAt80CharactersAndLoseTheirQuotes) {
-  const std::string long_title = "\"Al2O3\" \xC3\x85 " + std::string(90, 'x');
-  Load(ReadTwoColumns, long_title + "\r\n1.54\r\n1 2\r\n");
-  EXPECT_EQ(Buffer().Title, " Al2O3  \xC3\x85 " + std::string(70, 'x'));
-  EXPECT_FALSE(Buffer().Latin1Text);
-  Load(ReadOneColumn, "\xC5 title\r\n1 1 1\r\n5\r\n");
-  EXPECT_EQ(Title(), "\xC3\x85 title");
-  EXPECT_TRUE(Buffer().Latin1Text);
-  Load(ReadOneColumn, "plain\r\n1 1 1\r\n5\r\n");
-  EXPECT_FALSE(Buffer().Latin1Text);
-  Load(ReadItalDat, "\xEF\xBB\xBF\xC5\r\n0\r\n1 1 1\r\n");  // marked, but no UTF-8 behind it
-  EXPECT_TRUE(Buffer().Latin1Text);
-  EXPECT_EQ(Title(), "\xC3\x85");
-  Load(ReadTwoColumns, "t " + std::string(1 << 20, 'x') + "\n1.54\n1 2\r");
-  EXPECT_EQ(Buffer().Title, "t " + std::string(78, 'x'));
+  const std::string records = "\r\n1 1 1\r\n5\r\n";
+  const std::vector<std::tuple<std::string, std::string, bool>> cases{
+      {"\"Al2O3\" \xC3\x85 " + std::string(90, 'x'), " Al2O3  \xC3\x85 " + std::string(70, 'x'), false},
+      {"\xC5 title", "\xC3\x85 title", true},
+      {"plain", "plain", false},
+      {"\xEF\xBB\xBF\xC5", "\xC3\x85", true},  // marked, but no UTF-8 behind it
+      {"t " + std::string(1 << 20, 'x'), "t " + std::string(78, 'x'), false}};
+  for (const auto& [line, title, latin1] : cases) {
+    Load(ReadOneColumn, line + records);
+    EXPECT_EQ(Title(), title);
+    EXPECT_EQ(Buffer().Latin1Text, latin1) << title;
+  }
+  Load(ReadTwoColumns, "t\n1.54\n1 2\r");
   EXPECT_EQ(Y(1), 2);
 }
 
-TEST_F(ColumnFormats, TheLastRecordStandsInTheWordTables) {
-  Load(ReadOneColumn, "title\r\n1 1 1\r\n5\r\n6 abc 7");
-  EXPECT_EQ(Data.Words.WordVal[1], 6);
-  EXPECT_EQ(Data.Words.WordVal[2], 7);
-  EXPECT_EQ(Data.Words.WordVal[3], 0);
+TEST_F(ColumnFormats, TheLastRecordStandsInTheWordTablesAndTooManyWordsAreOnlyReported) {
+  std::string many;
+  for (int i = 1; i <= 25; ++i) many += std::to_string(i) + " ";
+  Load(ReadTwoColumns, "title\r\n1.54\r\n" + many + "\r\n2 5\r\n" + many + "\r\n6 abc 7");
+  EXPECT_EQ(Told.size(), 2U);
+  EXPECT_EQ(Buffer().PermNpts, 4);
+  EXPECT_EQ(std::vector(&Data.Words.WordVal[1], &Data.Words.WordVal[4]), (std::vector<float>{6, 7, 0}));
   EXPECT_EQ(Data.Words.WordStr[1], FixedField("abc", 24));
   EXPECT_EQ(Data.Words.LineChars[3], "a");
   EXPECT_EQ(Data.Words.LineChars[8], " ");
-}
-
-TEST_F(ColumnFormats, TooManyWordsAreOnlyReported) {
-  std::string many;
-  for (int i = 1; i <= 25; ++i) many += std::to_string(i) + " ";
-  Load(ReadTwoColumns, "title\r\n1.54\r\n" + many + "\r\n2 5\r\n" + many + "\r\n");
-  EXPECT_EQ(Told.size(), 2U);
-  EXPECT_EQ(Buffer().PermNpts, 3);
 }
 
 // ---- ITAL STRUCTURES -------------------------------------------------------------------------------
@@ -99,14 +100,10 @@ TEST_F(ColumnFormats, ItalDatReadsHeaderPointsAndWavelength) {
        "Silicon\r\n 3\r\n10, 10.04 0.02\r\n5\r\n17.5 9\r\nno number\r\n17.5 0\r\n1.5406\r\nrest\r\n");
   EXPECT_EQ(Buffer().FormatCode, 3);
   EXPECT_EQ(Title(), "Silicon");
-  EXPECT_EQ(Buffer().PermNpts, 3);
-  EXPECT_EQ(Buffer().FileXMin, 10.0F);
-  EXPECT_EQ(Buffer().FileXMax, 10.04F);
-  EXPECT_EQ(Buffer().XStep, 0.02F);
+  EXPECT_EQ(Limits(), (std::vector{10.0F, 10.04F, 0.02F, 0.0F, 17.5F}));
   EXPECT_EQ(Buffer().Wavelength, 1.5406F);
-  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3), Y(4)}), (std::vector<float>{5, 17.5F, 0, stale}));
-  EXPECT_EQ(Buffer().PermYMax, 17.5F);
-  EXPECT_EQ(Buffer().PermYMin, 0);
+  EXPECT_EQ(Intensities(), (std::vector<float>{5, 17.5F, 0}));
+  EXPECT_EQ(Y(4), stale);
   EXPECT_EQ(Buffer().PeakTheta[1], "28.44");
 }
 
@@ -129,25 +126,19 @@ TEST_F(ColumnFormats, ItalDatGoesByTheRecordBehindTheLastPoint) {
   }
 }
 
-TEST_F(ColumnFormats, ItalDatThatEndsEarlyKeepsItsCount) {
-  Load(ReadItalDat, "t\r\n4\r\n1 4 1\r\n5\r\n6");
-  EXPECT_EQ(Buffer().PermNpts, 4);
-  EXPECT_EQ(Y(2), 6);
-  EXPECT_EQ(Y(3), stale);
-  EXPECT_EQ(Buffer().Wavelength, 0.7F);
-}
-
-TEST_F(ColumnFormats, ItalDatReadsItsHeaderInFreeFormat) {
-  Load(ReadItalDat, "t\r\n\r\n2 1\r\n\r\n  2,1\r\n7\r\n8\r\n");
-  EXPECT_EQ(Buffer().PermNpts, 2);
-  EXPECT_EQ(Buffer().FileXMin, 1);
-  EXPECT_EQ(Buffer().FileXMax, 2);
-  EXPECT_EQ(Y(1), 7);
-  Load(ReadItalDat, "t\r\n2\r\n1 2 1 9 rest of the line\r\n8\r\n");
-  EXPECT_EQ(Y(1), 9);
-  EXPECT_EQ(Y(2), 8);
-  Load(ReadItalDat, "t\r\n2.5\r\n1 2 1\r\n");
-  EXPECT_EQ(Buffer().PermNpts, 2);
+TEST_F(ColumnFormats, ItalDatReadsItsHeaderInFreeFormatAndKeepsItsCount) {
+  const std::vector<std::pair<std::string, std::vector<float>>> cases{
+      {"\r\n2 1\r\n\r\n  2,1\r\n7\r\n8\r\n", {7, 8}},
+      {"2.5\r\n1 2 1 9 rest of the line\r\n8\r\n", {9, 8}},
+      {"4\r\n1 2 1\r\n5\r\n6", {5, 6, stale, stale}}};  // it ends early
+  for (const auto& [text, intensities] : cases) {
+    Buffer().PermY.assign(MaxPoints + 1, stale);
+    Load(ReadItalDat, "t\r\n" + text);
+    EXPECT_EQ(Intensities(), intensities) << text;
+    EXPECT_EQ(Buffer().FileXMin, 1);
+    EXPECT_EQ(Buffer().FileXMax, 2);
+    EXPECT_EQ(Buffer().Wavelength, 0.7F);
+  }
 }
 
 TEST_F(ColumnFormats, ItalDatTakesNoMoreThan8000Points) {
@@ -170,38 +161,24 @@ TEST_F(ColumnFormats, OneColumnReadsWithAndWithoutTitle) {
   Load(ReadOneColumn, "Sample 3\r\n10 0.5 1.54\r\n5\r\n\r\n7 8\r\n");
   EXPECT_EQ(Buffer().FormatCode, 1);
   EXPECT_EQ(Title(), "Sample 3");
-  EXPECT_EQ(Buffer().PermNpts, 3);
-  EXPECT_EQ((std::vector<float>{X(1), X(2), X(3)}), (std::vector<float>{10, 10.5F, 11}));
-  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3)}), (std::vector<float>{5, 0, 7}));
+  EXPECT_EQ(Points(), (std::vector<float>{10, 5, 10.5F, 0, 11, 7}));
   EXPECT_EQ(Buffer().Wavelength, 1.54F);
-  EXPECT_EQ(Buffer().FileXMin, 10);
-  EXPECT_EQ(Buffer().FileXMax, 11);
+  EXPECT_EQ(Limits(), (std::vector{10.0F, 11.0F, 0.5F, 0.0F, 7.0F}));
   Load(ReadOneColumn, "10 0.5\r\n5\r\n");
   EXPECT_EQ(Buffer().Title, FixedField(" File without title ", 80));
   EXPECT_EQ(Buffer().Wavelength, 0);
   EXPECT_EQ(Buffer().PermNpts, 1);
   Load(ReadOneColumn, "1 1\r\n-200000\r\n-150000\r\n");
-  EXPECT_EQ(Buffer().PermYMax, -100000);  // where the running limits start
-  EXPECT_EQ(Buffer().PermYMin, -200000);
-}
-
-TEST_F(ColumnFormats, OneColumnTakesNoMoreThan8000Records) {
-  Load(ReadOneColumn, "t\r\n0 1 0\r\n" + Records(8000, "3"));
-  EXPECT_EQ(Buffer().PermNpts, 8000);
-  EXPECT_EQ(X(8000), 7999);
-  ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 1.5\r\n" + Records(8000, "3") + "\r\n");
+  EXPECT_EQ(Limits(), (std::vector<float>{1, 2, 1, -200000, -100000}));  // where the running limits start
 }
 
 // ---- Two columns -----------------------------------------------------------------------------------
 
 TEST_F(ColumnFormats, TwoColumnsFindsTitleAndWavelength) {
-  struct Case {
-    std::string Head;
-    std::string Title;
-    float Wavelength;
-    float FirstX;
-  };
-  const std::vector<Case> cases{
+  const struct {
+    std::string Head, Title;
+    float Wavelength, FirstX;
+  } cases[]{
       {"Sample\r\n1.54\r\n1 10\r\n", "Sample", 1.54F, 1},
       {"Sample\r\nLambda 1.54\r\n1 10\r\n", "Sample", 1.54F, 1},
       {"Sample\r\n1 10\r\n", "Sample", 0, 1},
@@ -212,7 +189,7 @@ TEST_F(ColumnFormats, TwoColumnsFindsTitleAndWavelength) {
       {"1 2 3\r\n1.54\r\n1 10\r\n", "1 2 3", 1.54F, 1},
       {"\r\n1.54\r\n1 10\r\n", "", 1.54F, 1},
   };
-  for (const Case& each : cases) {
+  for (const auto& each : cases) {
     Buffer().Wavelength = 0.7F;
     Load(ReadTwoColumns, each.Head + "2 20\r\n3 30\r\n");
     EXPECT_EQ(Buffer().FormatCode, 2);
@@ -226,12 +203,8 @@ TEST_F(ColumnFormats, TwoColumnsFindsTitleAndWavelength) {
 
 TEST_F(ColumnFormats, TwoColumnsTakesPointsOfOneOrManyNumbers) {
   Load(ReadTwoColumns, "t\r\n1.5\r\n3\r\n2 20 99\r\n1,10\r\n");
-  EXPECT_EQ(Buffer().PermNpts, 3);
-  EXPECT_EQ((std::vector<float>{X(1), X(2), X(3)}), (std::vector<float>{3, 2, 1}));
-  EXPECT_EQ((std::vector<float>{Y(1), Y(2), Y(3)}), (std::vector<float>{0, 20, 10}));
-  EXPECT_EQ(Buffer().XStep, -1);
-  EXPECT_EQ(Buffer().FileXMin, 3);
-  EXPECT_EQ(Buffer().FileXMax, 1);
+  EXPECT_EQ(Points(), (std::vector<float>{3, 0, 2, 20, 1, 10}));
+  EXPECT_EQ(Limits(), (std::vector<float>{3, 1, -1, 0, 20}));
 }
 
 TEST_F(ColumnFormats, TwoColumnsEndsAtASmallXFromTheThirdPointOn) {
@@ -262,13 +235,16 @@ TEST_F(ColumnFormats, TwoColumnsJudgesTheStepByThreeDecimals) {
   }
 }
 
-TEST_F(ColumnFormats, TwoColumnsTakesNoMoreThan8000Points) {
-  const std::string full = "t\r\n1.5\r\n" + Records(8000, "3 4");
-  Load(ReadTwoColumns, full);
+TEST_F(ColumnFormats, ColumnsTakeNoMoreThan8000Points) {
+  for (const auto& [reader, head] : std::vector<std::pair<ReaderFunction, std::string>>{
+           {ReadOneColumn, "t\r\n0 1 1.5\r\n"}, {ReadTwoColumns, "t\r\n1.5\r\n"}}) {
+    Load(reader, head + Records(8000, "3 4"));
+    EXPECT_EQ(Buffer().PermNpts, 8000);
+    ExpectLimitFailure(reader, head + Records(8000, "3 4") + "3");
+  }
+  Load(ReadTwoColumns, "t\r\n1.5\r\n" + Records(8000, "3 4") + "\r\n");
   EXPECT_EQ(Buffer().PermNpts, 8000);
-  Load(ReadTwoColumns, full + "\r\n");
-  EXPECT_EQ(Buffer().PermNpts, 8000);
-  ExpectLimitFailure(ReadTwoColumns, full + "3 4");
+  ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 1.5\r\n" + Records(8000, "3") + "\r\n");
 }
 
 // ---- Anything --------------------------------------------------------------------------------------
