@@ -4,7 +4,9 @@
 
 #include <fstream>
 #include <iterator>
+#include <numeric>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "app/workbench_session.h"
@@ -34,7 +36,7 @@ class SaveSequence : public testing::Test {
     buffer.Wavelength = 1.5406F;
     buffer.XStep = step;
     buffer.PermNpts = buffer.WorkNpts = static_cast<std::int16_t>(points);
-    for (int i = 1; i <= points; ++i) buffer.PermX[static_cast<std::size_t>(i)] = static_cast<float>(i);
+    std::iota(buffer.PermX.begin() + 1, buffer.PermX.begin() + 1 + points, 1.0F);
     buffer.PermXMin = 1;
     buffer.PermXMax = static_cast<float>(points);
     buffer.UdfHeader[1] = "RawScan";
@@ -49,6 +51,11 @@ class SaveSequence : public testing::Test {
   }
   Json ModeOut() { return Session.Value("state ModeOut"); }
   [[nodiscard]] Json Shown() { return Session.Value("forms"); }
+  static Json MessageEvent(const std::string& text, const std::string& title, const std::string& icon,
+                           const std::string& buttons = "ok", const std::string& answer = "ok") {
+    return {{"event", "message"}, {"text", text}, {"title", title},
+            {"buttons", buttons}, {"icon", icon}, {"answer", answer}};
+  }
   static std::string Contents(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -88,11 +95,9 @@ TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
 
 TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
   const std::string path = Session.File("there.dat", "as it was");
-  const Json question = Start(path, "answer no\n")[2];
-  EXPECT_EQ(question["text"], "file  " + path + "  already exists!!\r\n\r\nOverwrite ?");
-  EXPECT_EQ(question["title"], "Information");
-  EXPECT_EQ(question["buttons"], "yesno");
-  EXPECT_EQ(question["icon"], "information");
+  EXPECT_EQ(Start(path, "answer no\n")[2],
+            MessageEvent("file  " + path + "  already exists!!\r\n\r\nOverwrite ?", "Information",
+                         "information", "yesno", "no"));
   EXPECT_EQ(ModeOut(), 0);
   EXPECT_EQ(Shown(), Json{"Form1"});
   Start(path, "answer yes\n");
@@ -103,66 +108,59 @@ TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
 
 TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
   const std::string path = Session.Folder() + "/never.dat";
-  const std::string start = "file " + Json(path).dump() + "\nclick Form1.cmdOut\nclick Form10.optB\n";
-  const std::string load =
-      "file " + Json(Session.File("x", "1 2\r\n2 3\r\n")).dump() + "\nclick Form1.cmdInp\n";
+  const std::string pick = "click Form1.cmdOut\nclick Form10.optB\n";
+  const std::string start = "file " + Json(path).dump() + "\n" + pick;
+  const std::string other_load = "file " + Json(Session.File("x", "1 2\r\n2 3\r\n")).dump() +
+                                 "\nclick Form1.cmdInp\nclick Form4.cmdCancel\n";
   for (const std::string& given_up :
-       {std::string("click Form1.cmdOut\nclose Form10\n"),
-        std::string("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n"),
-        std::string("file \"\"\nclick Form1.cmdOut\nclick Form10.optB\n"), start + "close Form7\n",
-        // a load that is started instead
-        "click Form1.cmdOut\n" + load + "click Form4.cmdCancel\n",
-        start + load + "click Form4.cmdCancel\n"}) {
+       {"click Form1.cmdOut\nclose Form10\n" + std::string(), "file cancel\n" + pick, "file \"\"\n" + pick,
+        start + "close Form7\n", "click Form1.cmdOut\n" + other_load, start + other_load}) {
     Session.Play(given_up);
     EXPECT_EQ(ModeOut(), 0) << given_up;
     EXPECT_EQ(Shown(), Json{"Form1"}) << given_up;
   }
   // A card is refused before any dialog.
   Fill(FormatCodes::Card, 0, 3);
-  const Json events = Session.Events("click Form1.cmdOut\nclick Form10.optB\n");
-  EXPECT_EQ(events[0]["text"], "PDS files (*.aid) cannot be saved");
-  EXPECT_EQ(events[0]["title"], "Warning");
-  EXPECT_EQ(events[1], UnloadedEvent("Form10"));
+  EXPECT_EQ(Session.Events(pick), (Json{MessageEvent("PDS files (*.aid) cannot be saved", "Warning", "none"),
+                                        UnloadedEvent("Form10")}));
   EXPECT_EQ(ModeOut(), 0);
   EXPECT_EQ(Contents(path), "");
 }
 
 TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
   const std::string there = Session.File("there.xy", "1 2\r\n2 3\r\n");
-  const std::string other = Session.File("other.xy", "5 6\r\n7 8\r\n");
-  Session.Play(WorkbenchSession::LoadCommands(other, 3, 'c'));
+  const std::string list = "file " + Json(Session.Folder() + "/list.pks").dump() + "\n";
+  const std::string display = "click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n";
+  Session.Play(WorkbenchSession::LoadCommands(Session.File("other.xy", "5 6\r\n7 8\r\n"), 3, 'c'));
   const auto load_to = [&](const std::string& window) {
     Session.Play("file " + Json(there).dump() + "\nclick Form1.cmdInp\n");
     if (window == "Form7") Session.Play("click Form4.cmdOK\n");
     EXPECT_EQ(Shown()[0], window);
   };
-  const auto unused = [&](const std::string& window) {
-    EXPECT_EQ(Session.Value("get " + window)["Loaded"], false) << window;
+  const auto start_new = [&] { Start(Session.Folder() + "/new.xy"); };
+  const auto ends = [&](const std::string& script, const std::string& window = "Form7") {
+    Session.Play(script);
+    EXPECT_EQ(Session.Value("get " + window)["Loaded"], false) << script;
     EXPECT_EQ(Contents(there), "1 2\r\n2 3\r\n");
   };
   for (const char* window : {"Form4", "Form7"}) {  // a save that is started while a load waits
     load_to(window);
-    Session.Play("click Form1.cmdOut\n");
-    unused(window);
+    ends("click Form1.cmdOut\n", window);
     Session.Play("close Form10\n");
   }
-  Start(Session.Folder() + "/new.xy");
-  Session.Play("click Form1.cmdOut\n");  // a second save
-  unused("Form7");
+  start_new();
+  ends("click Form1.cmdOut\n");  // a second save
   Session.Play("close Form10\n");
   EXPECT_EQ(ModeOut(), 0);
 
   Session.Data().Buffer(2).NPeaks = 1;
-  Session.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\nclick Form6.cmdManExpl\n");
-  const std::string list = Session.Folder() + "/list.pks";
-  Start(Session.Folder() + "/new.xy");
-  Session.Play("file " + Json(list).dump() + "\nclick Form6.cmdSavePeaks\n");
-  unused("Form7");  // which would write the profile over the list now
+  Session.Play(display + "click Form6.cmdManExpl\n");
+  start_new();
+  ends(list + "click Form6.cmdSavePeaks\n");  // else Form7 would write the profile over the list now
   Session.Data().Buffer(2).Wavelength = 0;
-  Session.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
-  Start(Session.Folder() + "/new.xy");
-  Session.Play("file " + Json(list).dump() + "\nclick Form6.cmdComboOK\n");
-  unused("Form7");
+  Session.Play(display);
+  start_new();
+  ends(list + "click Form6.cmdComboOK\n");
   EXPECT_EQ(ModeOut(), 0);
   Session.Play("close Form4\n");
   load_to("Form7");
@@ -173,106 +171,84 @@ TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
   for (const std::string pick : {"click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n",
                                  "answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"}) {
     Start(there, "answer yes\n");
-    Session.Play(pick);  // the buffer is not the one any more whose file may be overwritten
-    unused("Form7");
+    ends(pick);  // the buffer is not the one any more whose file may be overwritten
     EXPECT_EQ(ModeOut(), 0);
   }
 }
 
 TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {
-  const std::vector<int> index_of_code{1, 1, 1, 1, 3, 4, 5};
-  for (std::size_t code = 0; code < index_of_code.size(); ++code) {
-    Fill(static_cast<FormatCodes>(code), 1, 3);
+  int code = 0;
+  for (const int index : {1, 1, 1, 1, 3, 4, 5}) {
+    Fill(static_cast<FormatCodes>(code++), 1, 3);
     const Json events = Session.Events("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n");
-    EXPECT_EQ(events[0]["filterIndex"], index_of_code[code]) << code;
+    EXPECT_EQ(events[0]["filterIndex"], index) << code;
   }
 }
 
-struct RefusalRow {
-  FormatCodes Code;
-  float Step;
-  int Points;
-  int Option;
-  std::string Text;
-  std::string Title;
-  std::string Icon;
-  bool Stays;
-};
-
-class SaveRefusals : public SaveSequence, public testing::WithParamInterface<RefusalRow> {};
-
-TEST_P(SaveRefusals, TellWhyAndWriteNothing) {
-  const RefusalRow& row = GetParam();
-  Fill(row.Code, row.Step, row.Points);
-  const std::string path = Session.Folder() + "/refused";
-  Start(path);
-  const std::string option = "Form7.Option" + std::to_string(row.Option);
-  const Json events = Session.Events("click " + option + "\n");
-  EXPECT_EQ(events[0], (Json{{"event", "message"},
-                             {"text", row.Text},
-                             {"title", row.Title},
-                             {"buttons", "ok"},
-                             {"icon", row.Icon},
-                             {"answer", "ok"}}));
-  EXPECT_EQ(ModeOut(), row.Stays ? -1 : 0);
-  EXPECT_EQ(Shown(), row.Stays ? (Json{"Form7", "Form1"}) : Json{"Form1"});
-  EXPECT_FALSE(std::ifstream(path).is_open());
-  if (row.Stays) {
-    EXPECT_EQ(Session.Value("get " + option + ".Value"), false);
-    Session.Play((row.Code == FormatCodes::CpsChannels ? "input \"n\"\n" : "") +
-                 std::string("click Form7.Option3\n"));
-    EXPECT_THAT(Contents(path), HasSubstr("Quartz"));
-    EXPECT_EQ(ModeOut(), 0);
-  }
-}
-
-const std::string OwnFormat =
-    "File type \"CPS-120 (4096 channels)\" can be saved ONLY with its own format \r\n"
-    "or in TWO COLUMNS format.";
 const std::string WholeRange =
     "Data files with CPS-120 format can ONLY be saved as '4096 channels' sized files.\r\n"
     "Files organized in 'channels' but with different dimensions, can be saved in TWO COLUMNS format.";
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, SaveRefusals,
-    testing::Values(
-        RefusalRow{FormatCodes::TwoColumns, 0, 3, 1,
-                   "Profile with variable step cannot be saved as an ITAL STRUCTURES data file.",
-                   "Variable step", "none", false},
-        RefusalRow{FormatCodes::CpsChannels, 1, 4096, 1,
-                   " CPS-120 data cannot be saved as ITAL STRUCTURES data", "Error", "none", false},
-        RefusalRow{FormatCodes::CpsChannels, 1, 4096, 2, OwnFormat, "Error", "none", false},
-        RefusalRow{FormatCodes::TwoColumns, 0, 3, 2,
-                   "Data with variable step cannot be saved as a \"one column\" file.", "Error", "none",
-                   false},
-        RefusalRow{FormatCodes::Siemens, 1, 4096, 4,
-                   "Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.",
-                   "Error", "none", true},
-        RefusalRow{FormatCodes::CpsChannels, 1, 4095, 4, WholeRange, "Warning", "stop", true},
-        RefusalRow{FormatCodes::CpsChannels, 1, 4104, 4, WholeRange, "Warning", "stop", true},
-        RefusalRow{FormatCodes::Siemens, 1, 3, 5,
-                   "Data files loaded with PHILIPS format ONLY be saved in this way.", "Warning", "stop",
-                   true},
-        RefusalRow{FormatCodes::Philips, 1, 3, 6,
-                   "Data files loaded with D0005 format ONLY be saved in this way.", "Warning", "stop",
-                   true}));
+TEST_F(SaveSequence, RefusalsTellWhyAndWriteNothing) {
+  using Code = FormatCodes;
+  const struct {
+    Code From;
+    float Step;
+    int Points, Option;
+    std::string Text, Title, Icon;
+    bool Stays;
+  } rows[] = {{Code::TwoColumns, 0, 3, 1,
+               "Profile with variable step cannot be saved as an ITAL STRUCTURES data file.", "Variable step",
+               "none", false},
+              {Code::CpsChannels, 1, 4096, 1, " CPS-120 data cannot be saved as ITAL STRUCTURES data",
+               "Error", "none", false},
+              {Code::CpsChannels, 1, 4096, 2,
+               "File type \"CPS-120 (4096 channels)\" can be saved ONLY with its own format \r\n"
+               "or in TWO COLUMNS format.",
+               "Error", "none", false},
+              {Code::TwoColumns, 0, 3, 2, "Data with variable step cannot be saved as a \"one column\" file.",
+               "Error", "none", false},
+              {Code::Siemens, 1, 4096, 4,
+               "Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.", "Error",
+               "none", true},
+              {Code::CpsChannels, 1, 4095, 4, WholeRange, "Warning", "stop", true},
+              {Code::CpsChannels, 1, 4104, 4, WholeRange, "Warning", "stop", true},
+              {Code::Siemens, 1, 3, 5, "Data files loaded with PHILIPS format ONLY be saved in this way.",
+               "Warning", "stop", true},
+              {Code::Philips, 1, 3, 6, "Data files loaded with D0005 format ONLY be saved in this way.",
+               "Warning", "stop", true}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.Text);
+    Fill(row.From, row.Step, row.Points);
+    const std::string option = "Form7.Option" + std::to_string(row.Option);
+    const std::string path = Session.Folder() + "/" + option + std::to_string(row.Points);
+    Start(path);
+    EXPECT_EQ(Session.Events("click " + option + "\n")[0], MessageEvent(row.Text, row.Title, row.Icon));
+    EXPECT_EQ(ModeOut(), row.Stays ? -1 : 0);
+    EXPECT_EQ(Shown(), row.Stays ? (Json{"Form7", "Form1"}) : Json{"Form1"});
+    EXPECT_FALSE(std::ifstream(path).is_open());
+    if (row.Stays) {
+      EXPECT_EQ(Session.Value("get " + option + ".Value"), false);
+      Session.Play((row.From == Code::CpsChannels ? "input \"n\"\n" : "") +
+                   std::string("click Form7.Option3\n"));
+      EXPECT_THAT(Contents(path), HasSubstr("Quartz"));
+      EXPECT_EQ(ModeOut(), 0);
+    }
+  }
+}
 
 TEST_F(SaveSequence, WhatIsNotRefusedIsWritten) {
-  struct Row {
-    FormatCodes Code;
-    float Step;
-    int Option;
-  };
-  const std::vector<Row> rows{{FormatCodes::OneColumn, 0, 2},  {FormatCodes::TwoColumns, 0.5F, 2},
-                              {FormatCodes::ItalDat, 0.5F, 1}, {FormatCodes::CpsChannels, 1, 4},
-                              {FormatCodes::Philips, 0.5F, 5}, {FormatCodes::Siemens, 0, 6},
-                              {FormatCodes::Philips, 0.5F, 3}, {FormatCodes::None, 0, 3}};
-  for (const Row& row : rows) {
-    Fill(row.Code, row.Step, row.Code == FormatCodes::CpsChannels ? 4096 : 3);
+  using Code = FormatCodes;
+  const std::vector<std::tuple<Code, float, int>> rows{{Code::OneColumn, 0, 2},  {Code::TwoColumns, 0.5F, 2},
+                                                       {Code::ItalDat, 0.5F, 1}, {Code::CpsChannels, 1, 4},
+                                                       {Code::Philips, 0.5F, 5}, {Code::Siemens, 0, 6},
+                                                       {Code::Philips, 0.5F, 3}, {Code::None, 0, 3}};
+  for (const auto& [code, step, option] : rows) {
+    Fill(code, step, code == Code::CpsChannels ? 4096 : 3);
     const std::string path =
-        Session.Folder() + "/" + std::to_string(static_cast<int>(row.Code)) + std::to_string(row.Option);
+        Session.Folder() + "/" + std::to_string(static_cast<int>(code)) + std::to_string(option);
     Start(path);
-    const Json events = Session.Events("click Form7.Option" + std::to_string(row.Option) + "\n");
+    const Json events = Session.Events("click Form7.Option" + std::to_string(option) + "\n");
     EXPECT_EQ(events[0], UnloadedEvent("Form7")) << path;
     EXPECT_GT(Contents(path).size(), 3U) << path;
   }
