@@ -12,7 +12,7 @@ namespace {
 using namespace koprax;
 
 void FillBuffer(ProfileBuffer& buffer, double start, double step) {
-  buffer.PermNpts = MaxPoints;
+  buffer.PermNpts = buffer.WorkNpts = MaxPoints;
   buffer.XStep = static_cast<float>(step);
   for (std::size_t i = 1; i <= MaxPoints; ++i) {
     const double x = start + step * static_cast<double>(i - 1);

@@ -128,7 +128,10 @@ void Form6::TakeUp() {
   if (context_.Data.CurBuf != 0) {
     MakeCurrent(context_, state_.Slot);
   }
-  state_.Shown.PutBack(context_.Data);
+  if (state_.Shown.Readable()) {
+    state_.Shown.PutBack(context_.Data);
+    Buffer().NegativeY = ReachesBelowZero(state_.Shown.Limits()) ? 1 : 0;
+  }
 }
 
 void Form6::OnLoad() {
@@ -166,7 +169,9 @@ void Form6::EnterMode(DisplayMode mode) {
 }
 
 bool Form6::ShowProfile(int slot) {
-  state_.Slot = slot;
+  if (slot != 0) {
+    state_.Slot = slot;
+  }
   const bool drawn = DrawProfile(context_.Data, slot, Picture1,
                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
   state_.Shown.Keep(context_.Data, drawn);

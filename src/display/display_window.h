@@ -63,9 +63,9 @@ class Form6 final : public Form {
   void ReturnToMainMenu();
 
   // The selection with the rubber band, for zoom and edit.
-  [[nodiscard]] bool Selecting() const {
-    return (context_.Data.ZoomMode || state_.EditMode) && !ZoomIsOpen();
-  }
+  [[nodiscard]] bool Selecting() const { return (state_.ZoomSelecting || state_.EditMode) && !ZoomIsOpen(); }
+  /// Both flags of a selection; ZoomMode is read outside, too.
+  void SetSelection(bool zoom, bool edit);
   void StartSelection(DisplayMode mode);
   void PressInSelection(float x, float y);
   void ReleaseInSelection(float x);
@@ -87,6 +87,7 @@ class Form6 final : public Form {
   void ShowEditList(const EditRange& range, const EditList& list);
   std::optional<int> Apply(EditDrawing drawing);
   void EnableDecision(bool enabled);
+  [[nodiscard]] bool PortionIsThere();
 
   // The mouse over the picture.
   void MousePressed(MouseButton button, float x, float y);
@@ -134,9 +135,10 @@ class Form6 final : public Form {
   struct State {
     int Slot = 0;  ///< of the profile on show
     DrawnPlot Shown;
-    bool DragActive = false;  ///< the rubber band follows the mouse
-    bool EditMode = false;    ///< an edit selection is under way
-    bool IgnoreUp = false;    ///< the press fell outside the plot: the next release is swallowed
+    bool DragActive = false;     ///< the rubber band follows the mouse
+    bool ZoomSelecting = false;  ///< a zoom selection is under way here
+    bool EditMode = false;       ///< an edit selection is under way
+    bool IgnoreUp = false;       ///< the press fell outside the plot: the next release is swallowed
     float SelXLow = 0;
     float SelXHigh = 0;
     float SelYTop = 0;
@@ -146,8 +148,9 @@ class Form6 final : public Form {
     std::string SavedText7;
     bool SavedUnzoomEnabled = false;
     bool SavedExplEnabled = false;
-    EditRange Edited;   ///< the portion in the list of Edit mode
-    PeakPick AtCursor;  ///< what the explorer has read last; empty before the mouse has moved
+    EditRange Edited;            ///< the portion in the list of Edit mode
+    PortionPoints EditedPoints;  ///< its points, as this window has left them
+    PeakPick AtCursor;           ///< what the explorer has read last; empty before the mouse has moved
     std::weak_ptr<Form15> Zoom;
     std::weak_ptr<Form> Arithmetic;
   };

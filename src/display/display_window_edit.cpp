@@ -44,7 +44,7 @@ void Form6::AcceptEditRange() {
     CancelSelection();
     return;
   }
-  context_.Data.ZoomMode = state_.EditMode = false;
+  SetSelection(false, false);
   Frame1.Visible = true;
   EnableDecision(false);
   optOK.Visible = optNO.Visible = false;
@@ -68,6 +68,7 @@ std::optional<EditRange> Form6::SelectedPortion() {
 
 void Form6::ShowEditList(const EditRange& range, const EditList& list) {
   state_.Edited = range;
+  state_.EditedPoints = PointsOf(Buffer(), range);
   Text8.Text = list.Text;
   if (list.TooLong) {
     Desk().Host().MsgBox(TooLongPortion());
@@ -77,8 +78,23 @@ void Form6::ShowEditList(const EditRange& range, const EditList& list) {
   }
 }
 
+/// Whether the points of the list are still those of the profile, which another window may have changed; told
+/// if not.
+bool Form6::PortionIsThere() {
+  const bool there = PointsOf(Buffer(), state_.Edited) == state_.EditedPoints;
+  if (!there) {
+    Desk().Host().MsgBox(
+        ErrorMessage("The profile has been changed in another window since this portion was selected.\r\n"
+                     "Quit Edit and select the portion again."));
+  }
+  return there;
+}
+
 void Form6::ShowChanges() {
-  context_.Data.ZoomMode = state_.EditMode = false;
+  if (!PortionIsThere()) {
+    return;
+  }
+  SetSelection(false, false);
   MousePointer = Pointer::Hourglass;
   const std::optional<int> bad_line = Apply(EditDrawing::Changes);
   MousePointer = Pointer::Arrow;
@@ -91,8 +107,11 @@ void Form6::ShowChanges() {
 }
 
 void Form6::RejectChanges() {
+  if (!PortionIsThere()) {
+    return;
+  }
   HideSelection();
-  context_.Data.ZoomMode = state_.EditMode = false;
+  SetSelection(false, false);
   MousePointer = Pointer::Hourglass;
   Apply(EditDrawing::RubOut);  // numbers that can't be taken were never drawn
   Apply(EditDrawing::AsChosen);
@@ -110,16 +129,23 @@ std::optional<int> Form6::Apply(EditDrawing drawing) {
 }
 
 void Form6::AcceptChanges() {
+  if (!PortionIsThere()) {
+    return;
+  }
   for (Button* command : {&cmdZoom, &cmdSave, &cmdMod, &cmdMain, &cmdEdit}) {
     command->Enabled = false;
   }
   MousePointer = Pointer::Hourglass;
   AcceptEdit(context_.Data, context_.Data.CurBuf, state_.Edited);
+  state_.EditedPoints = PointsOf(Buffer(), state_.Edited);
   RedrawProfile();
   MousePointer = Pointer::Arrow;
 }
 
 void Form6::ChangeAll() {
+  if (!PortionIsThere()) {
+    return;
+  }
   const std::optional<float> k = AskForConstant(Desk().Host(), "Y = K");
   const std::optional<EditRange> range = k ? SelectedPortion() : std::nullopt;
   if (range) {

@@ -40,7 +40,7 @@ void Form6::StartExplorer() {
   }
   context_.Data.ExplorerMode = true;
   state_.AtCursor = {};
-  context_.Data.ZoomMode = state_.EditMode = false;
+  SetSelection(false, false);
   Buffer().PeakListText = PeakRows(Buffer());
   Text17.Text = Buffer().PeakListText;
   EnableListCommands();
@@ -211,7 +211,7 @@ void Form6::ReturnFromZoom() {
   state_.Shown.PutBack(data);
   data.Plot.ScaleX = data.ExplorerScaleX;
   data.Plot.ScaleY = data.ExplorerScaleY;
-  data.ZoomMode = false;
+  SetSelection(false, false);
   HideSelection();
   EnterMode(DisplayMode::ExplorerZoomLeft);
   EnableListCommands();

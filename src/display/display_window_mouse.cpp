@@ -11,6 +11,11 @@ namespace koprax {
 
 // The selection with the rubber band.
 
+void Form6::SetSelection(bool zoom, bool edit) {
+  context_.Data.ZoomMode = state_.ZoomSelecting = zoom;
+  state_.EditMode = edit;
+}
+
 void Form6::StartSelection(DisplayMode mode) {
   if (!state_.Shown.Readable()) {
     Desk().Host().MsgBox(NothingToSelectFrom());
@@ -31,8 +36,7 @@ void Form6::StartSelection(DisplayMode mode) {
     state_.SavedText7 = Text7.Text;
     state_.DragActive = state_.IgnoreUp = false;
   }
-  context_.Data.ZoomMode = mode == DisplayMode::ZoomSelection;
-  state_.EditMode = mode == DisplayMode::EditSelection;
+  SetSelection(mode == DisplayMode::ZoomSelection, mode == DisplayMode::EditSelection);
   if (state_.EditMode) {
     state_.SavedExplEnabled = cmdManExpl.Enabled;
     state_.SavedUnzoomEnabled = cmdUnzoom.Enabled;
@@ -74,7 +78,7 @@ void Form6::ReleaseInSelection(float x) {
   }
   state_.SelYTop = SelectedTop(plot, Shape1);
   state_.SelYBottom = Buffer().WorkYMin;
-  if (context_.Data.ZoomMode && !ExplorerPaused()) {
+  if (state_.ZoomSelecting && !ExplorerPaused()) {
     Buffer().WorkYMax = state_.SelYTop;
   }
   ShowSelectedRange(range);
@@ -99,7 +103,7 @@ void Form6::AcceptSelection() {
 }
 
 void Form6::AcceptZoom() {
-  context_.Data.ZoomMode = false;
+  SetSelection(false, state_.EditMode);
   HideSelection();
   Shape1.Width = Shape1.Height = AcceptedBandSize;
   CutToRange(context_.Data, state_.SelXLow, state_.SelXHigh);
@@ -109,7 +113,7 @@ void Form6::AcceptZoom() {
 
 void Form6::CancelSelection() {
   const bool from_edit = state_.EditMode;
-  context_.Data.ZoomMode = state_.EditMode = false;
+  SetSelection(false, false);
   HideSelection();
   Shape1.Width = BandSize;
   Buffer().WorkYMax = state_.SavedYMax;
@@ -128,7 +132,7 @@ void Form6::CancelSelection() {
 void Form6::HideSelection() { optOK.Visible = optNO.Visible = Shape1.Visible = false; }
 
 void Form6::UndoZoom() {
-  context_.Data.ZoomMode = false;
+  SetSelection(false, state_.EditMode);
   EnterMode(DisplayMode::UndoZoomed);
   HideSelection();
   Shape1.Width = Shape1.Height = BandSize;

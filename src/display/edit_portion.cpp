@@ -141,6 +141,15 @@ void DrawPortion(const Workspace& data, int slot, const CurvePoints& points, Col
 
 }  // namespace
 
+PortionPoints PointsOf(const ProfileBuffer& buffer, const EditRange& range) {
+  PortionPoints points;
+  for (const PointTable* table : {&buffer.WorkX, &buffer.WorkY}) {
+    const auto first = table->begin() + range.EditFirst;
+    points.insert(points.end(), first, first + range.EditCount);
+  }
+  return points;
+}
+
 std::optional<EditRange> RangeToEdit(const ProfileBuffer& buffer, const XRange& selected) {
   const auto begin = buffer.WorkX.begin() + 1;
   const auto end = begin + buffer.WorkNpts;

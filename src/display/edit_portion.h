@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "display/curve.h"
 #include "files/read_outcome.h"
@@ -27,6 +28,10 @@ struct EditList {
   bool TooLong = false;   ///< the box is full, and holds the front of the portion alone
   std::string CutNumber;  ///< the first number that is longer than its field, where its end is missing
 };
+
+/// The points of a portion, X and then Y, to tell later whether they are the same.
+using PortionPoints = std::vector<float>;
+[[nodiscard]] PortionPoints PointsOf(const ProfileBuffer& buffer, const EditRange& range);
 
 /// The points of the temporary copy that a selection takes: from the first one in the range up to the next
 /// one above it, or to the end. Nothing when no point lies in the range.

@@ -214,6 +214,10 @@ std::optional<Message> WhyNotCombined(const ProfileBuffer& y1, const ProfileBuff
       return ErrorMessage("There are no points in buffer " + buffer->BufLetter +
                           ".\r\nDisplay two profiles that have points.");
     }
+    if (buffer->WorkNpts != buffer->PermNpts) {  // points that are no more would get into the result
+      return ErrorMessage("The profile in buffer " + buffer->BufLetter +
+                          " has lost points since it was displayed.\r\nDisplay both profiles anew.");
+    }
   }
   return std::nullopt;
 }

@@ -91,10 +91,14 @@ void Form2::ShowPlot() {
   ShowRange({.Low = data.PlotXMin, .High = data.PlotXMax});
 }
 
-void Form2::OnUnload() {
+void Form2::GiveUpArithmetic() {
   if (const auto arithmetic = state_.Arithmetic.lock()) {
     arithmetic->Unload();
   }
+}
+
+void Form2::OnUnload() {
+  GiveUpArithmetic();
   if (const auto zoom = state_.Zoom.lock()) {
     zoom->Unload();
   }

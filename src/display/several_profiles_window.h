@@ -48,6 +48,7 @@ class Form2 final : public Form {
 
   // Arithmetic, and saving what it has changed.
   void StartArithmetic();
+  void GiveUpArithmetic();
   void DrawAgain();
   void LeaveResult();
   void TakePlotBack();

@@ -42,6 +42,7 @@ void Form2::StartSelection() {
     return;
   }
   CloseZoom();
+  GiveUpArithmetic();
   if (!state_.ZoomSelecting) {
     state_.DragActive = state_.IgnoreUp = false;
   }

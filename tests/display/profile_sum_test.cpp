@@ -90,7 +90,7 @@ class RandomProfiles {
 
   void Fill(ProfileBuffer& buffer, int kind) {
     const int count = Whole(1, 40);
-    buffer.PermNpts = static_cast<std::int16_t>(count);
+    buffer.PermNpts = buffer.WorkNpts = static_cast<std::int16_t>(count);
     buffer.XStep = kind == 0 ? 0.25F : kind == 1 ? Part(0.1F, 0.5F) : 0;
     const float start = kind == 0 ? 10 + 0.25F * static_cast<float>(Whole(0, 8)) : Part(8, 14);
     for (std::size_t i = 0; i < 50; ++i) {
@@ -161,7 +161,7 @@ class TwoProfiles : public testing::Test {
     Put(Y2, 10.5F, 0.25F, {1, 3, 5, 7, 9});
   }
   static void Put(ProfileBuffer& buffer, float start, float step, const std::vector<float>& y) {
-    buffer.PermNpts = static_cast<std::int16_t>(y.size());
+    buffer.PermNpts = buffer.WorkNpts = static_cast<std::int16_t>(y.size());
     buffer.XStep = step;
     for (std::size_t i = 1; i <= y.size(); ++i) {
       buffer.WorkX[i] = start + step * static_cast<float>(i - 1);
@@ -288,6 +288,8 @@ TEST_F(TwoProfiles, WithoutAResultTheOneOfBeforeStays) {
   expect("Message: PDF files cannot be subtracted!", TwoProfileOperation::Difference);
   Y2.PermNpts = 0;
   expect("no points in buffer c");
+  Y1.WorkNpts = 2;
+  expect("buffer a has lost points");
   Put(Y2, 50, 0.25F, {1, 2});
   expect("no common X");
   Y1.WorkY[3] = Y2.WorkY[3] = 3e38F;
