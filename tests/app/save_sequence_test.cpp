@@ -278,7 +278,8 @@ TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
   Start("/dev/full", "answer yes\n");
   const Json buffer = Session.Value("buffer b");
   const Json events = Session.Events("click Form7.Option3\n");
-  EXPECT_EQ(events[1]["text"], "The file /dev/full can't be written: No space left on device.");
+  EXPECT_EQ(events[1],
+            MessageEvent("The file /dev/full can't be written: No space left on device.", "Error", "stop"));
   EXPECT_EQ(Shown(), Json{"Form1"});
   EXPECT_EQ(Session.Value("buffer b"), buffer);
   EXPECT_EQ(ModeOut(), 0);
