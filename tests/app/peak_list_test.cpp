@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "app/command_form.h"
@@ -33,10 +34,8 @@ class PeakListTest : public testing::Test {
   ProfileBuffer& Buffer() { return session_.Data().Buffer(3); }
   void AddPeak(const char* theta, const char* y, const char* d, const char* channel = "") {
     const auto k = static_cast<std::size_t>(++Buffer().NPeaks);
-    Buffer().PeakTheta[k] = theta;
-    Buffer().PeakY[k] = y;
-    Buffer().PeakD[k] = d;
-    Buffer().PeakChannel[k] = channel;
+    std::tie(Buffer().PeakTheta[k], Buffer().PeakY[k], Buffer().PeakD[k], Buffer().PeakChannel[k]) =
+        std::tuple(theta, y, d, channel);
   }
   /// Channel, intensity, d and 2-theta of the list.
   std::string Peaks() {
@@ -48,23 +47,20 @@ class PeakListTest : public testing::Test {
     return peaks;
   }
 
-  std::vector<std::string> ReadForCalibration(const std::string& answers) {
+  using Reading = bool (*)(const WindowContext&, std::function<void()>, std::function<void()>);
+  std::vector<std::string> Read(Reading reading, const std::string& answers) {
     return session_.Run(
-        [this](const WindowContext& context) {
-          const auto given_up = [this] { ++given_up_; };
-          opened_ = ReadPeakListForCalibration(
-              context, [this] { ++drawn_; }, given_up);
+        [this, reading](const WindowContext& context) {
+          opened_ = reading(
+              context, [this] { ++drawn_; }, [this] { ++given_up_; });
         },
         answers);
   }
+  std::vector<std::string> ReadForCalibration(const std::string& answers) {
+    return Read(ReadPeakListForCalibration, answers);
+  }
   std::vector<std::string> ReadForCell(const std::string& answers) {
-    return session_.Run(
-        [this](const WindowContext& context) {
-          const auto given_up = [this] { ++given_up_; };
-          opened_ = ReadPeakListForCell(
-              context, [this] { ++drawn_; }, given_up);
-        },
-        answers);
+    return Read(ReadPeakListForCell, answers);
   }
   /// The answers that open a file of these contents.
   std::string Open(const std::string& contents) {
@@ -144,60 +140,52 @@ TEST_F(PeakListTest, AListForTheCellIsOneOf2ThetaOrOfChannels) {
 }
 
 TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
-  const struct {
-    const char* Answers;
-    std::vector<int> ForCell;
-  } cases[] = {{"input \"n\"\n", {0, 0, 0, 0, 1}},
-               {"input \"yes\"\n", {0, 0, 0, 0, 1}},
-               {"input cancel\n", {0, 0, 0, 0, 1}},
-               {"input \"y\"\nfile cancel\n", {0, 0, 0, 0, 1}},
-               {"input \"y\"\nfile \"/nowhere/a.pks\"\n", {0, 0, 0, 0, 1}},
-               {"input \"y\"\nfile \"\"\n", {0, 0, 0, 3, 0}}};
-  for (const auto& one : cases) {
-    const auto told = ReadForCalibration(one.Answers);
-    EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, 3, 0)) << one.Answers;
-    EXPECT_EQ(ReadForCell(one.Answers).size(), told.size()) << one.Answers;
-    EXPECT_EQ(Outcome(), one.ForCell) << one.Answers;
+  for (const std::string answers :
+       {"input \"n\"\n", "input \"yes\"\n", "input cancel\n", "input \"y\"\nfile cancel\n",
+        "input \"y\"\nfile \"/nowhere/a.pks\"\n", "input \"y\"\nfile \"\"\n"}) {
+    const auto told = ReadForCalibration(answers);
+    EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, 3, 0)) << answers;
+    EXPECT_EQ(ReadForCell(answers).size(), told.size()) << answers;
+    const bool unnamed = answers.ends_with("\"\"\n");  // an empty name ends nothing
+    EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, unnamed ? 3 : 0, unnamed ? 0 : 1)) << answers;
   }
-  for (const char* way : {".cmdCancel\n", "\n"}) {
-    const std::string act = way[0] == '.' ? "click " : "close ";
-    ReadForCalibration(Open("1 2 3\n"));
-    EXPECT_THAT(session_.Words(act + "Form25" + way), ElementsAre("unloaded Form25"));
-    EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 3, 0));
-    ReadForCell(Open("1 2 3\n"));
-    EXPECT_THAT(session_.Words(act + "Form28" + way), ElementsAre("unloaded Form28"));
-    EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 0, 0));
+  for (const std::string form : {"Form25", "Form28"}) {
+    for (const std::string& act : {"click " + form + ".cmdCancel\n", "close " + form + "\n"}) {
+      Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open("1 2 3\n"));
+      EXPECT_THAT(session_.Words(act), ElementsAre("unloaded " + form));
+      EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, form == "Form25" ? 3 : 0, 0));
+    }
   }
   EXPECT_EQ(Peaks(), "");
 }
 
 TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
-  const auto accept = [&](const std::string& form, const std::string& contents) {
-    form == "Form25" ? ReadForCalibration(Open(contents)) : ReadForCell(Open(contents));
-    return session_.Words("click " + form + ".cmdOK\n");
+  const std::string file = "The file " + path_;
+  const auto told = [&](const std::string& form, const std::string& contents) {
+    Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open(contents));
+    std::string all;
+    for (const auto& words : session_.Words("click " + form + ".cmdOK\n")) all += words + "; ";
+    return all;
   };
-  const auto too_long = [&](const std::string& limit) {
-    return "Warning, exclamation: The file " + path_ + " has " + limit +
-           " lines or more. No peak was taken.\r\nA list to be read has fewer than " + limit + " lines.";
-  };
-  for (const std::string form : {"Form25", "Form28"}) {
-    EXPECT_THAT(accept(form, "1 2 3\n2 1E39\n"),
-                ElementsAre("Error, stop: The file " + path_ +
-                            " can't be read, line 2: a number is beyond the range of 32-bit numbers, "
-                            "-3.402823E+38 to 3.402823E+38."));
+  for (const auto& [form, limit] : {std::pair("Form25", 100), std::pair("Form28", 200)}) {
+    EXPECT_EQ(told(form, "1 2 3\n2 1E39\n"),
+              "Error, stop: " + file +
+                  " can't be read, line 2: a number is beyond the range of 32-bit "
+                  "numbers, -3.402823E+38 to 3.402823E+38.; ");
     EXPECT_EQ(Peaks() + Buffer().PeakY[1], "");
-    const int limit = form == "Form25" ? 100 : 200;
-    EXPECT_THAT(accept(form, Repeated("50 1 2 3", limit)),
-                ElementsAre(too_long(std::to_string(limit)), "unloaded " + form));
+    const std::string lines = std::to_string(limit) + " lines";
+    EXPECT_EQ(told(form, Repeated("50 1 2 3", limit)),
+              "Warning, exclamation: " + file + " has " + lines +
+                  " or more. No peak was taken.\r\nA list to be read has fewer than " + lines +
+                  ".; unloaded " + form + "; ");
     EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
   }
-  EXPECT_EQ(accept("Form25", Repeated("50 1 2 3", 99)).size(), 1U);
+  EXPECT_EQ(told("Form25", Repeated("50 1 2 3", 99)), "unloaded Form25; ");
   EXPECT_EQ(Buffer().NPeaks, 99);
-  EXPECT_EQ(accept("Form28", Repeated("50 1 2 3", 100)).size(), 1U);
-  EXPECT_THAT(accept("Form28", Repeated("50 1 2 3", 101)),
-              ElementsAre("Warning, exclamation: The file " + path_ +
-                              " holds more than 100 peaks.\r\nThe first 100 were taken.",
-                          "unloaded Form28"));
+  EXPECT_EQ(told("Form28", Repeated("50 1 2 3", 100)), "unloaded Form28; ");
+  EXPECT_EQ(told("Form28", Repeated("50 1 2 3", 101)),
+            "Warning, exclamation: " + file +
+                " holds more than 100 peaks.\r\nThe first 100 were taken.; unloaded Form28; ");
   EXPECT_EQ(Buffer().NPeaks, 100);
 }
 
