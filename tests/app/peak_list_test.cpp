@@ -164,20 +164,22 @@ TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
   const auto told = [&](const std::string& form, const std::string& contents) {
     Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open(contents));
     std::string all;
-    for (const auto& words : session_.Words("click " + form + ".cmdOK\n")) all += words + "; ";
+    for (const auto& words : session_.Words("click " + form + ".cmdOK\n")) all.append(words).append("; ");
     return all;
+  };
+  const auto too_long = [&](const std::string& limit) {
+    return "Warning, exclamation: " + file + " has " + limit +
+           " lines or more. No peak was taken.\r\nA list to be read has fewer than " + limit +
+           " lines.; unloaded ";
   };
   for (const auto& [form, limit] : {std::pair("Form25", 100), std::pair("Form28", 200)}) {
     EXPECT_EQ(told(form, "1 2 3\n2 1E39\n"),
               "Error, stop: " + file +
-                  " can't be read, line 2: a number is beyond the range of 32-bit "
-                  "numbers, -3.402823E+38 to 3.402823E+38.; ");
+                  " can't be read, line 2: a number is beyond the range of 32-bit numbers, "
+                  "-3.402823E+38 to 3.402823E+38.; ");
     EXPECT_EQ(Peaks() + Buffer().PeakY[1], "");
-    const std::string lines = std::to_string(limit) + " lines";
     EXPECT_EQ(told(form, Repeated("50 1 2 3", limit)),
-              "Warning, exclamation: " + file + " has " + lines +
-                  " or more. No peak was taken.\r\nA list to be read has fewer than " + lines +
-                  ".; unloaded " + form + "; ");
+              too_long(std::to_string(limit)).append(form).append("; "));
     EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
   }
   EXPECT_EQ(told("Form25", Repeated("50 1 2 3", 99)), "unloaded Form25; ");
