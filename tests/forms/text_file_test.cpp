@@ -3,16 +3,17 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "forms/fixed_text.h"
@@ -68,20 +69,30 @@ TEST(LineReader, EndsLinesAtLineFeedsWithAllReturnsBeforeThem) {
 }
 
 TEST(LineReader, ReadsFreeFormatNumbersAcrossLinesAndGoesOnBehindTheirEnd) {
-  LineReader reader(
-      "title\r\n\r\n  100 \r\n10,20.5 , 0.02   \r\nfirst\r\n7 second\r\n8,\r\nlast\r\n1,,3\n \n \n");
-  const struct {
-    bool Number;
-    const char* Text;
-    int Line;
-  } steps[] = {{false, "title", 1}, {true, "100", 3},    {true, "10", 4}, {true, "20.5", 4},
-               {true, "0.02", 4},   {false, "first", 5}, {true, "7", 6},  {false, "second", 6},
-               {true, "8", 7},      {false, "", 7},  // what stands behind the comma
-               {false, "last", 8},  {true, "1", 9},      {true, "", 9},   {true, "3", 9}};
-  for (const auto& step : steps) {
-    EXPECT_EQ(step.Number ? reader.NextNumber() : reader.NextLine(), step.Text);
-    EXPECT_EQ(reader.LineNumber(), step.Line) << step.Text;
-  }
+  LineReader reader("title\r\n\r\n  100 \r\n10,20.5 , 0.02   \r\nfirst\r\n7 second\r\n8,\r\nlast");
+  EXPECT_EQ(reader.NextLine(), "title");
+  EXPECT_EQ(reader.NextNumber(), "100");
+  EXPECT_EQ(reader.LineNumber(), 3);
+  EXPECT_EQ(reader.NextNumber(), "10");
+  EXPECT_EQ(reader.NextNumber(), "20.5");
+  EXPECT_EQ(reader.NextNumber(), "0.02");
+  EXPECT_EQ(reader.LineNumber(), 4);
+  EXPECT_EQ(reader.NextLine(), "first");
+  EXPECT_EQ(reader.NextNumber(), "7");
+  EXPECT_EQ(reader.NextLine(), "second");
+  EXPECT_EQ(reader.LineNumber(), 6);
+  EXPECT_EQ(reader.NextNumber(), "8");
+  EXPECT_EQ(reader.NextLine(), "");  // what stands behind the comma
+  EXPECT_EQ(reader.LineNumber(), 7);
+  EXPECT_EQ(reader.NextLine(), "last");
+  EXPECT_EQ(reader.NextNumber(), std::nullopt);
+}
+
+TEST(LineReader, GivesAnEmptyNumberForACommaAlone) {
+  LineReader reader("1,,3\n \n \n");
+  EXPECT_EQ(reader.NextNumber(), "1");
+  EXPECT_EQ(reader.NextNumber(), "");
+  EXPECT_EQ(reader.NextNumber(), "3");
   EXPECT_EQ(reader.NextNumber(), std::nullopt);
   EXPECT_TRUE(reader.AtEnd());
 }
@@ -138,20 +149,17 @@ TEST(FixedText, CountsCharactersNotBytes) {
 // ---- Whole files -----------------------------------------------------------------------------------
 
 TEST_F(TextFileTest, ReadsUtf8OrElseLatin1) {
+  const auto read = [&](const std::string& bytes) { return ReadTextFile(Put("text", bytes)); };
+  const auto marked = read("\xEF\xBB\xBF\xC3\x85\r\n");
+  EXPECT_EQ(std::get<TextFile>(marked).Contents(), "\xC3\x85\r\n");
+  EXPECT_EQ(std::get<TextFile>(marked).Encoding(), TextEncoding::Utf8);
+  EXPECT_EQ(std::get<TextFile>(read("\xEF\xBB\xBF\xEF\xBB\xBFt")).Contents(), "t");
+  const auto latin = read("1.54 \xC5\r\n");
+  EXPECT_EQ(std::get<TextFile>(latin).Contents(), "1.54 \xC3\x85\r\n");
+  EXPECT_EQ(std::get<TextFile>(latin).Encoding(), TextEncoding::Latin1);
   const std::string large(300000, '\0');
-  const struct {
-    std::string Bytes, Contents;
-    TextEncoding Encoding;
-  } cases[] = {{"\xEF\xBB\xBF\xC3\x85\r\n", "\xC3\x85\r\n", TextEncoding::Utf8},
-               {"\xEF\xBB\xBF\xEF\xBB\xBFt", "t", TextEncoding::Utf8},
-               {"1.54 \xC5\r\n", "1.54 \xC3\x85\r\n", TextEncoding::Latin1},
-               {large, large, TextEncoding::Utf8},
-               {"", "", TextEncoding::Utf8}};
-  for (const auto& each : cases) {
-    const auto read = ReadTextFile(Put("text", each.Bytes));
-    EXPECT_EQ(std::get<TextFile>(read).Contents(), each.Contents);
-    EXPECT_EQ(std::get<TextFile>(read).Encoding(), each.Encoding) << each.Contents;
-  }
+  EXPECT_EQ(std::get<TextFile>(read(large)).Contents(), large);
+  EXPECT_EQ(std::get<TextFile>(read("")).Contents(), "");
 }
 
 TEST_F(TextFileTest, TellsWhyAFileCannotBeRead) {
@@ -172,12 +180,12 @@ TEST_F(TextFileTest, TellsWhyAFileCannotBeRead) {
 
 TEST_F(TextFileTest, WritesLinesThatReadBackInBothEncodings) {
   const std::vector<std::string> lines{"\xC3\x85ngstr\xC3\xB6m", "", "1 2"};
-  for (const auto& [encoding, bytes] :
-       {std::pair(TextEncoding::Utf8, "\xC3\x85ngstr\xC3\xB6m\r\n\r\n1 2\r\n"),
-        std::pair(TextEncoding::Latin1, "\xC5ngstr\xF6m\r\n\r\n1 2\r\n")}) {
-    EXPECT_FALSE(WriteTextFile(Path("file"), lines, encoding));
-    EXPECT_EQ(BytesOf(Path("file")), bytes);
-    const auto read = ReadTextFile(Path("file"));
+  EXPECT_FALSE(WriteTextFile(Path("utf8"), lines, TextEncoding::Utf8));
+  EXPECT_EQ(BytesOf(Path("utf8")), "\xC3\x85ngstr\xC3\xB6m\r\n\r\n1 2\r\n");
+  EXPECT_FALSE(WriteTextFile(Path("latin1"), lines, TextEncoding::Latin1));
+  EXPECT_EQ(BytesOf(Path("latin1")), "\xC5ngstr\xF6m\r\n\r\n1 2\r\n");
+  for (const char* name : {"utf8", "latin1"}) {
+    const auto read = ReadTextFile(Path(name));
     EXPECT_EQ(Lines(std::string(std::get<TextFile>(read).Contents())), lines);
   }
 }
@@ -230,26 +238,68 @@ TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
   EXPECT_EQ(FilesInFolder(), 1U);
 }
 
-TEST_F(TextFileTest, TheNewFileTakesThePlaceOfTheOldOneAtOnce) {
-  const std::string left = Put(".koprax-" + std::to_string(::getpid()) + "-0.tmp", "of another process");
-  fs::create_hard_link(Put("file", "old"), Path("old file"));
+TEST_F(TextFileTest, AnotherProcessMayHaveLeftATemporaryFile) {
+  const std::string left = Put(".koprax-" + std::to_string(::getpid()) + "-0.tmp", "half a file");
   EXPECT_FALSE(WriteTextFile(Path("file"), {"whole"}, TextEncoding::Utf8));
   EXPECT_EQ(BytesOf(Path("file")), "whole\r\n");
-  EXPECT_EQ(BytesOf(Path("old file")), "old");  // it was never written to, only renamed over
-  EXPECT_EQ(BytesOf(left), "of another process");
+  EXPECT_EQ(BytesOf(left), "half a file");
 }
+
+/// A process that saves two texts in turn, again and again, until it is killed.
+pid_t StartSaving(const std::string& path, const std::string& one, const std::string& other) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    for (int i = 0;; ++i) (void)WriteTextFile(path, {i % 2 == 0 ? one : other}, TextEncoding::Utf8);
+  }
+  return child;
+}
+
+TEST_F(TextFileTest, AKilledProcessLeavesTheOldFileOrTheNewOne) {
+  const std::string one(1000000, '1');
+  const std::string other(1000000, '2');
+  const std::string path = Put("file", one + "\r\n");
+  constexpr int kills = 40;
+  int between_write_and_rename = 0;
+  for (int i = 0; i < kills; ++i) {
+    const auto files_before = FilesInFolder();
+    const pid_t child = StartSaving(path, one, other);
+    ASSERT_GT(child, 0);
+    ::usleep(static_cast<useconds_t>(2000 + 137 * i));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    if (FilesInFolder() > files_before) ++between_write_and_rename;
+    const std::string bytes = BytesOf(path);
+    ASSERT_TRUE(bytes == one + "\r\n" || bytes == other + "\r\n")
+        << bytes.size() << " bytes after kill " << i;
+  }
+  EXPECT_GT(between_write_and_rename, 0);  // else the kills came at harmless moments
+}
+
+/// The rights of an ordinary user, for a test that runs as one who has all.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() {
+    if (before_ == 0) changed_ = ::seteuid(65534) == 0;
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+  ~OrdinaryUser() { EXPECT_EQ(changed_ ? ::seteuid(before_) : 0, 0); }
+
+ private:
+  uid_t before_ = ::geteuid();
+  bool changed_ = false;
+};
 
 TEST_F(TextFileTest, LeavesAProtectedFileAsItWas) {
   const std::string path = Put("protected", "old");
   fs::permissions(path, fs::perms{0444});
   fs::permissions(folder_, fs::perms{0777});
-  const uid_t before = ::geteuid();
-  const bool changed =
-      before == 0 && ::seteuid(65534) == 0;  // who may write anything tries as one who mayn't
-  const auto error = WriteTextFile(path, {"new"}, TextEncoding::Utf8);
-  EXPECT_EQ(changed ? ::seteuid(before) : 0, 0);
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->Reason, std::strerror(EACCES));
+  {
+    const OrdinaryUser user;
+    const auto error = WriteTextFile(path, {"new"}, TextEncoding::Utf8);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Reason, std::strerror(EACCES));
+  }
   EXPECT_EQ(BytesOf(path), "old");
   EXPECT_EQ(FilesInFolder(), 1U);
 }
