@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <bit>
 #include <clocale>
 #include <cmath>
@@ -14,6 +15,7 @@
 #include <random>
 #include <regex>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace koprax {
@@ -84,16 +86,32 @@ TEST(GeneralText, ShowsTheShortestTextOfA64BitFloat) {
   EXPECT_EQ(GeneralText(-1.7976931348623157e308), "-1.79769313486232E+308");
 }
 
-TEST(GeneralText, AgreesWithTrialOver32BitFloats) {
-  // Every 65537th, a prime, and the powers of two, whose neighbours lie unevenly.
-  for (const std::uint64_t stride : {65537U, 1U << 23U}) {
-    for (std::uint64_t bits = 0; bits <= 0xFFFFFFFFU; bits += stride) {
-      const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
-      if (std::isfinite(value)) {
-        ASSERT_EQ(GeneralText(value), PlainGeneralText(value, 7));
-      }
-    }
+/// Compares with the trial for every `stride`-th of all 2^32 floats; returns the first float that differs.
+std::string FirstDifference(std::uint64_t start, std::uint64_t stride) {
+  for (std::uint64_t bits = start; bits <= 0xFFFFFFFFU; bits += stride) {
+    const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
+    if (!std::isfinite(value)) continue;
+    const std::string plain = PlainGeneralText(value, 7);
+    const std::string text = GeneralText(value);
+    if (text != plain) return std::string(text).append(" instead of ").append(plain);
   }
+  return {};
+}
+
+TEST(GeneralText, AgreesWithTrialOverAll32BitFloats) {
+  // All of them when KOPRAX_EXHAUSTIVE is set, else every 65537th, a prime.
+  const std::uint64_t step = std::getenv("KOPRAX_EXHAUSTIVE") != nullptr ? 1 : 65537;
+  const std::uint64_t workers = std::max(1U, std::thread::hardware_concurrency());
+  std::vector<std::string> differences(workers);
+  std::vector<std::thread> threads;
+  for (std::uint64_t worker = 0; worker < workers; ++worker) {
+    threads.emplace_back(
+        [&, worker] { differences[worker] = FirstDifference(worker * step, workers * step); });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (const std::string& difference : differences) EXPECT_EQ(difference, "");
+  // The powers of two, whose neighbours lie unevenly.
+  EXPECT_EQ(FirstDifference(0, 1U << 23U), "");
 }
 
 TEST(GeneralText, AgreesWithTrialOver64BitFloats) {
@@ -134,9 +152,13 @@ void ExpectRoundedAsPrinted(double value, int decimals) {
 
 TEST(RoundDecimals, TakesTheExactValueAndHalvesToTheEvenDigit) {
   EXPECT_EQ(RoundDecimals(0.125, 2), 0.12);
+  EXPECT_EQ(RoundDecimals(0.375, 2), 0.38);
+  EXPECT_EQ(RoundDecimals(2.5, 0), 2.0);
   EXPECT_EQ(RoundDecimals(-3.5, 0), -4.0);
   EXPECT_EQ(RoundDecimals(0.15F, 1), 0.2F);
-  EXPECT_EQ(RoundDecimals(0.15, 1), 0.1);  // 0.1499999999999999944
+  EXPECT_EQ(RoundDecimals(0.35F, 1), 0.3F);
+  EXPECT_EQ(RoundDecimals(0.15, 1), 0.1);   // 0.1499999999999999944
+  EXPECT_EQ(RoundDecimals(1.005, 2), 1.0);  // 1.00499999999999989
   EXPECT_EQ(RoundDecimals(0.0009765625, 9), 0.000976562);
   EXPECT_EQ(RoundDecimals(0.49999999999999994, 0), 0);  // half added to it is 1 in 64 bits
   EXPECT_EQ(RoundDecimals(1e300, 3), 1e300);
@@ -161,7 +183,7 @@ TEST(RoundDecimals, AgreesWithPrintedDecimals) {
   }
 }
 
-TEST(WholeNumbers, TakeHalvesToTheEvenNeighbourOrTruncate) {
+TEST(ToInt16, TakesHalvesToTheEvenNeighbourWithinItsRange) {
   for (int quarters = -4 * 32768; quarters <= 4 * 32767; ++quarters) {
     const int below = (quarters + 4 * 40000) / 4 - 40000;
     const int rest = quarters - 4 * below;
@@ -174,6 +196,9 @@ TEST(WholeNumbers, TakeHalvesToTheEvenNeighbourOrTruncate) {
   for (const double value : {32767.5, -32769.0, 1e300, infinity64, std::nan("")}) {
     EXPECT_EQ(ToInt16(value), std::nullopt) << value;
   }
+}
+
+TEST(Fix, TruncatesTowardZero) {
   EXPECT_EQ(Fix(2.9), 2);
   EXPECT_EQ(Fix(-2.9), -2);
 }
@@ -191,10 +216,11 @@ double PlainLeadingNumber(const std::string& text) {
 
 TEST(LeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
   const std::vector<std::pair<std::string, double>> cases{
-      {"", 0},        {"-", 0},        {".", 0},        {"+-.", 0},      {"1-2", 1},
-      {"2.3.4", 2.3}, {"1.0D3", 1000}, {"1E+", 1},      {"+7", 7},       {"-1.5d-2x", -0.015},
-      {"5.", 5},      {".5", 0.5},     {"  12 34", 12}, {"\t12", 0},     {"0x10", 0},
-      {"inf", 0},     {"nan", 0},      {"1,5", 1},      {"1.5E 3", 1.5}, {".E5", 0}};
+      {"", 0},         {"-", 0},        {".", 0},        {"+-.", 0},           {"abc", 0},
+      {"1-2", 1},      {"2.3.4", 2.3},  {"1.0D3", 1000}, {"-1.5d-2x", -0.015}, {"1E", 1},
+      {"1E+", 1},      {"2e3.5", 2000}, {"+7", 7},       {".5", 0.5},          {"5.", 5},
+      {"  12 34", 12}, {"\t12", 0},     {"0x10", 0},     {"inf", 0},           {"nan", 0},
+      {"1,5", 1},      {"1.5E 3", 1.5}, {"--1", 0},      {"- 1", 0},           {".E5", 0}};
   for (const auto& [text, value] : cases) EXPECT_EQ(LeadingNumber(text), value) << text;
 }
 
@@ -216,14 +242,19 @@ TEST(LeadingNumber, GoesToInfinityOrZeroBeyondTheRange) {
 }
 
 TEST(LeadingNumber, AgreesWithThePattern) {
-  // Words of digits are where the quick conversion and the long one meet.
-  const std::string any = "00123456789999..+-EeDd x,";
-  const std::string digits = "01234567890123456789.";
+  const std::string alphabet = "00123456789999..+-EeDd x,";
   std::mt19937 random(3);
-  for (int i = 0; i < 100000; ++i) {
-    const std::string& alphabet = i % 2 == 0 ? any : digits;
+  for (int i = 0; i < 50000; ++i) {
     std::string text;
     for (auto length = random() % 26; length > 0; --length) text += alphabet[random() % alphabet.size()];
+    ASSERT_EQ(LeadingNumber(text), PlainLeadingNumber(text)) << text;
+  }
+  // Words of digits with a period at any place: the quick conversion and the long one meet here.
+  for (int i = 0; i < 50000; ++i) {
+    std::string text;
+    for (auto length = 1 + random() % 22; length > 0; --length)
+      text += static_cast<char>('0' + random() % 10);
+    text.insert(random() % (text.size() + 1), ".");
     ASSERT_EQ(LeadingNumber(text), PlainLeadingNumber(text)) << text;
   }
 }
@@ -240,18 +271,32 @@ class CommaNumbers : public std::numpunct<char> {
   [[nodiscard]] char do_decimal_point() const override { return ','; }
 };
 
-TEST(NumberTexts, DoNotDependOnTheLocale) {
-  // A comma in all numbers of the streams, and of the C functions where the machine has such a locale.
-  const auto before = std::locale::global(std::locale(std::locale::classic(), new CommaNumbers));
-  for (const char* name : {"de_DE.UTF-8", "it_IT.UTF-8", "fr_FR.UTF-8", "de_DE"}) {
-    if (std::setlocale(LC_ALL, name) != nullptr) break;
+/// Puts a comma into all numbers of the language's streams, and of its C functions where the machine has
+/// such a locale; restores the plain one.
+class CommaLocale {
+ public:
+  CommaLocale() : before_(std::locale::global(std::locale(std::locale::classic(), new CommaNumbers))) {
+    for (const char* name : {"de_DE.UTF-8", "it_IT.UTF-8", "fr_FR.UTF-8", "de_DE"}) {
+      if (std::setlocale(LC_ALL, name) != nullptr) return;
+    }
   }
+  CommaLocale(const CommaLocale&) = delete;
+  CommaLocale& operator=(const CommaLocale&) = delete;
+  ~CommaLocale() {
+    std::locale::global(before_);
+    std::setlocale(LC_ALL, "C");
+  }
+
+ private:
+  std::locale before_;
+};
+
+TEST(NumberTexts, DoNotDependOnTheLocale) {
+  const CommaLocale locale;
   EXPECT_EQ(GeneralText(0.5F), "0.5");
   EXPECT_EQ(FormatDigits(1234.5, 3), "1234.5");
   EXPECT_EQ(RoundDecimals(0.125, 2), 0.12);
   EXPECT_EQ(LeadingNumber("1.25E1,5"), 12.5);
-  std::locale::global(before);
-  std::setlocale(LC_ALL, "C");
 }
 
 }  // namespace
