@@ -144,10 +144,11 @@ void Form6::UndoZoom() {
 // The mouse over the picture.
 
 void Form6::MousePressed(MouseButton button, float x, float y) {
-  TakeUp();
   if (Selecting()) {
+    TakeUp();
     PressInSelection(x, y);
   } else if (context_.Data.ExplorerMode && !Frame3.Visible) {
+    TakeUp();
     if (button == MouseButton::Left) {
       PauseExplorer();
     } else {
@@ -167,11 +168,11 @@ void Form6::MouseMoved(float x, float y) {
 }
 
 void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
-  TakeUp();
   if (button == MouseButton::Right) {
     return;
   }
   if (Selecting()) {
+    TakeUp();
     ReleaseInSelection(x);
   } else if (!Frame3.Visible) {
     context_.Data.ExplorerMode = false;
