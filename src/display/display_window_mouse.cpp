@@ -44,9 +44,7 @@ void Form6::StartSelection(DisplayMode mode) {
     Frame1.Visible = false;
   }
   EnterMode(mode);
-  Shape1.Visible = true;
-  Shape1.Top = RestingBandEdge;
-  Shape1.Left = RestingBandEdge;
+  ShowAtRest(Shape1);
   optNO.Value = false;
   optOK.Value = false;
   Picture1.MousePointer = Pointer::Cross;

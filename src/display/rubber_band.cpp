@@ -8,6 +8,12 @@
 
 namespace koprax {
 
+void ShowAtRest(Shape& band) {
+  band.Visible = true;
+  band.Top = RestingBandEdge;
+  band.Left = RestingBandEdge;
+}
+
 bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y) {
   const float top = std::min(y, plot.PlotTop);
   if (!(x >= plot.PlotLeft && x <= plot.PlotRight && top >= plot.PlotBottom)) {

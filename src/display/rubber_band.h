@@ -15,6 +15,9 @@ inline constexpr float BandSize = 2.38F;
 inline constexpr float RestingBandEdge = 3;
 inline constexpr float AcceptedBandSize = 2;
 
+/// Shows the band where it rests until a selection is drawn.
+void ShowAtRest(Shape& band);
+
 /// Starts the band at a press; a press above the plot counts at its top. False when the press lies left
 /// of the Y axis, below the X axis, or right of the plot: then the band stays as it was.
 [[nodiscard]] bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y);

@@ -49,9 +49,7 @@ void Form2::StartSelection() {
   state_.ZoomSelecting = true;
   cmdMod.Enabled = cmdMain.Enabled = false;
   EnableOutput(false);
-  Shape1.Visible = true;
-  Shape1.Top = RestingBandEdge;
-  Shape1.Left = RestingBandEdge;
+  ShowAtRest(Shape1);
   optNO.Value = false;
   optOK.Value = false;
   Picture1.MousePointer = Pointer::Cross;
