@@ -84,11 +84,14 @@ CurveOrigin Form15::Origin() const {
 }
 
 /// The difference of the first two X on show, or of the profile where fewer are. The sticks of a card have
-/// none.
+/// none: they stand in degrees, however far apart.
 float Form15::Step() const {
   const auto curve = std::ranges::find_if(
       opening_.Curves, [](const ZoomedCurve& shown) { return !shown.Sticks && shown.Count >= 2; });
-  return curve == opening_.Curves.end() ? Profile().PermX[2] - Profile().PermX[1] : curve->X[2] - curve->X[1];
+  if (curve != opening_.Curves.end()) {
+    return curve->X[2] - curve->X[1];
+  }
+  return Profile().IsCard() ? 0 : Profile().PermX[2] - Profile().PermX[1];
 }
 
 void Form15::ShowReadOut(float x, float y) {
@@ -101,7 +104,7 @@ void Form15::ShowReadOut(float x, float y) {
   at_cursor_ = ZoomedReadOutAt(Profile(), Step(), DataX(plot, ClampedX(plot, x), Origin().XMin));
   Text1.Text = "X-pos = " + at_cursor_.Theta;
   Text2.Text = "d = " + at_cursor_.D;
-  Text3.Text = GeneralText(RoundDecimals(DataY(plot, ClampedY(plot, y), Origin().Base), 2));
+  Text3.Text = RoundedText(DataY(plot, ClampedY(plot, y), Origin().Base), 2);
 }
 
 void Form15::PickPeak(float x, float y) {

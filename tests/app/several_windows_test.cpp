@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -107,6 +108,21 @@ TEST_F(SeveralWindows, ACardInTheBufferOfACurveIsNotWorkedOnThere) {
     EXPECT_THAT(Told(std::string("click Form6.") + command + "\n"), HasSubstr("Display a profile first"))
         << command;
   }
+}
+
+TEST_F(SeveralWindows, AZoomOfCardsReadsInDegrees) {
+  for (const char letter : {'d', 'e'}) {
+    session_.Play("modal click Form33.cmdComboOK\n" +
+                  WorkbenchSession::LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, letter));
+  }
+  ShowTogether("45");
+  session_.Play(
+      "click Form2.cmdZoom\ndown Form2.Picture1 left 30 80\nmove Form2.Picture1 90 80\n"
+      "up Form2.Picture1 left 90 80\nclick Form2.optOK\nmove Form15.Picture1 60 50\n");
+  const double two_theta = std::stod(session_.Value("get Form15.Text1.Text").get<std::string>().substr(8));
+  const double d = std::stod(session_.Value("get Form15.Text2.Text").get<std::string>().substr(4));
+  // Bragg's law for copper; both are shown in decimals, d in 4 of them.
+  EXPECT_NEAR(d, 1.54184 / 2 / std::sin(two_theta / 2 * std::acos(-1.0) / 180), 1e-4);
 }
 
 }  // namespace
