@@ -12,6 +12,7 @@
 #include "files/preview_window.h"
 #include "files/save_pipeline.h"
 #include "files/title_window.h"
+#include "manipulation/manipulation_window.h"
 #include "workspace/buffer_commands.h"
 #include "workspace/buffer_picker.h"
 #include "workspace/file_dialog_window.h"
@@ -24,9 +25,10 @@ namespace koprax {
 class Workbench::Windows final : public MainServices,
                                  public FileServices,
                                  public DisplayServices,
-                                 public CardServices {
+                                 public CardServices,
+                                 public ManipulationServices {
  public:
-  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this} {}
+  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this, *this} {}
 
   void Start() {
     file_dialog_ = context_.Desk.Load<Form9>(context_.Desk, context_.Data);
@@ -100,6 +102,12 @@ class Workbench::Windows final : public MainServices,
 
   void OpenCardWindow() override { context_.Desk.Load<Form34>(context_)->Show(); }
 
+  bool OpenManipulationWindow(int slot) override {
+    const auto window = context_.Desk.Load<Form12>(context_);
+    window->Show();
+    return window->ShowProfile(slot);
+  }
+
  private:
   void CloseByBox(const char* name) {
     if (const auto window = context_.Desk.Find(name)) {
@@ -135,6 +143,7 @@ const std::vector<std::string>& Workbench::FormNames() {
       "Form9",
       pickers::Profile.Name,
       pickers::Display.Name,
+      "Form12",
       title_windows::ComputedProfile.Name,
       "Form15",
       pickers::Calibration.Name,

@@ -74,15 +74,6 @@ void PrintLabels(const PlotTransform& plot, bool channels, Printer& printer) {
   printer.Print("(counts)");
 }
 
-/// Prints the frame of the plot on the screen and what `draw_curves` adds to it.
-void PrintScreenPlot(const WindowContext& context, const std::function<void(Printer&)>& draw_curves) {
-  PrintPlotPage(context, [&](Printer& printer) {
-    PrintAxes(context.Data, LimitsOfDrawing(context.Data), printer, PlotLeftOnPage, PlotTopOnPage,
-              [&](const Message& message) { context.Desk.Host().MsgBox(message); });
-    draw_curves(printer);
-  });
-}
-
 void DrawPermanentCopy(const Workspace& data, const ProfileBuffer& buffer, Printer& printer) {
   const PlotTransform& plot = data.Plot;
   const CurveOrigin origin{.XMin = data.PlotXMin,
@@ -137,6 +128,14 @@ void PrintAxes(Workspace& data, const PlotLimits& limits, Printer& printer, floa
   }
   const ProfileBuffer& buffer = data.Current();
   PrintLabels(data.Plot, buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep, printer);
+}
+
+void PrintScreenPlot(const WindowContext& context, const std::function<void(Printer&)>& draw_curves) {
+  PrintPlotPage(context, [&](Printer& printer) {
+    PrintAxes(context.Data, LimitsOfDrawing(context.Data), printer, PlotLeftOnPage, PlotTopOnPage,
+              [&](const Message& message) { context.Desk.Host().MsgBox(message); });
+    draw_curves(printer);
+  });
 }
 
 void PrintProfile(const WindowContext& context) {

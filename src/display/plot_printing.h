@@ -25,6 +25,10 @@ void PrintPlotPage(const WindowContext& context, const std::function<void(Printe
 void PrintAxes(Workspace& data, const PlotLimits& limits, Printer& printer, float left, float top,
                const TellUser& tell);
 
+/// Prints the frame of the drawing on the screen at its place on a page, and what `draw_curves` adds by the
+/// transform of the page.
+void PrintScreenPlot(const WindowContext& context, const std::function<void(Printer&)>& draw_curves);
+
 /// Prints the permanent copy of CurBuf in the limits of the drawing on the screen.
 void PrintProfile(const WindowContext& context);
 

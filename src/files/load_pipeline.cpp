@@ -89,6 +89,9 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   ProfileBuffer& buffer = context.Data.Buffer(slot);
   TakeXLimits(buffer);
   TakeTemporaryCopy(buffer);
+  if (context.Data.ModeAnal) {
+    return context.Manipulation.OpenManipulationWindow(slot);
+  }
   if (buffer.IsCard()) {
     context.Cards.OpenCardWindow();
     return true;

@@ -189,8 +189,10 @@ PropertyList Shape::Properties() const {
 }
 
 LineShape::LineShape(PictureBox& picture, std::string name, Colour colour, float x1, float y1, float x2,
-                     float y2)
-    : Control(picture.OwnerForm(), ControlKind::Line, std::move(name)), BorderColor(colour) {
+                     float y2, int width)
+    : Control(picture.OwnerForm(), ControlKind::Line, std::move(name)),
+      BorderColor(colour),
+      BorderWidth(width) {
   SetContainer(&picture);
   Move(x1, y1, x2, y2);
 }

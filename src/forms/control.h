@@ -268,7 +268,9 @@ class Shape final : public Control {
 
 class LineShape final : public Control {
  public:
-  LineShape(PictureBox& picture, std::string name, Colour colour, float x1, float y1, float x2, float y2);
+  /// The width is that of the pen, in pixels of a screen of 96 to the inch.
+  LineShape(PictureBox& picture, std::string name, Colour colour, float x1, float y1, float x2, float y2,
+            int width = 1);
   [[nodiscard]] PropertyList Properties() const override;
 
   void Move(float x1, float y1, float x2, float y2);
@@ -278,6 +280,7 @@ class LineShape final : public Control {
   Property<float> X2{*this, PropertyName::Geometry, 0};
   Property<float> Y2{*this, PropertyName::Geometry, 0};
   const Colour BorderColor;
+  const int BorderWidth;
 };
 
 }  // namespace koprax

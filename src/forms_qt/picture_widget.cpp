@@ -121,7 +121,7 @@ void PictureWidget::PaintOverlays(QPainter& painter) const {
     }
     const QRectF place = PlaceOf(*overlay);
     if (const auto* line = dynamic_cast<const LineShape*>(overlay)) {
-      painter.setPen(QPen(ToQColor(line->BorderColor), 1));
+      painter.setPen(QPen(ToQColor(line->BorderColor), line->BorderWidth, Qt::SolidLine, Qt::FlatCap));
       const SurfaceMap map(picture_.Scale(), size());
       painter.drawLine(map.ToDevice(line->X1.Get(), line->Y1.Get()),
                        map.ToDevice(line->X2.Get(), line->Y2.Get()));
@@ -146,7 +146,10 @@ QRectF PictureWidget::PlaceOf(const Control& overlay) const {
 }
 
 QRect PictureWidget::RepaintArea(const Control& overlay) const {
-  return overlay.Visible ? PlaceOf(overlay).toAlignedRect().adjusted(-2, -2, 2, 2) : QRect();
+  const auto* const line = dynamic_cast<const LineShape*>(&overlay);
+  const int margin = line != nullptr ? line->BorderWidth + 1 : 2;
+  return overlay.Visible ? PlaceOf(overlay).toAlignedRect().adjusted(-margin, -margin, margin, margin)
+                         : QRect();
 }
 
 QPointF PictureWidget::ToPicture(QPointF position) const {

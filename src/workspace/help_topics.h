@@ -51,6 +51,19 @@ enum class HelpTopic {
   HelpDefineY,
   HelpAddProfiles,
   HelpSubtractProfiles,
+  // The profile manipulation window.
+  HelpSmoothing,
+  HelpBackground,
+  HelpDft,
+  HelpDftInverse,
+  HelpFilter,
+  HelpQuitBackground,
+  HelpZoomBackground,
+  HelpResume,
+  HelpPrintBackground,
+  HelpSubtract,
+  HelpSaveBackground,
+  HelpRescale,
 };
 
 /// The whole text of a topic. Each line ends with CR LF.

@@ -17,6 +17,11 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
     context_.Data.ModeOut = true;
     context_.Main.OpenProfilePicker();
   };
+  cmdAnal.OnClick = [this] {
+    context_.Files.GiveUpEarlierFile();
+    context_.Data.ModeAnal = true;
+    context_.Main.OpenProfilePicker();
+  };
   cmdDisp.OnClick = [this] { OpenDisplayPicker(); };
   cmdDelBuff.OnClick = [this] { OpenErasePicker(); };
   cmdStop.OnClick = [this] { Desk().Quit(); };

@@ -35,9 +35,7 @@ class Form1 final : public Form {
                  "cmdDisp",
                  {.Caption = "&Display profile(s) and work", .ToolTip = "Specified buffers are displayed"}};
   Button cmdAnal{
-      *this,
-      "cmdAnal",
-      {.Caption = "&Profile manipulation", .ToolTip = "Specified buffer is manipulated", .Enabled = false}};
+      *this, "cmdAnal", {.Caption = "&Profile manipulation", .ToolTip = "Specified buffer is manipulated"}};
   Button cmdFit{
       *this, "cmdFit", {.Caption = "&Fit", .ToolTip = "Start the peak fitting procedure", .Enabled = false}};
   Button cmdDelBuff{

@@ -84,6 +84,19 @@ class CardServices {
   virtual void OpenCardWindow() = 0;
 };
 
+/// The tools that smooth a profile and estimate its background.
+class ManipulationServices {
+ public:
+  ManipulationServices() = default;
+  ManipulationServices(const ManipulationServices&) = delete;
+  ManipulationServices& operator=(const ManipulationServices&) = delete;
+  virtual ~ManipulationServices() = default;
+
+  /// Opens the Profile manipulation window anew and draws the temporary copy of the buffer; false when there
+  /// is nothing to draw. The window stays open.
+  virtual bool OpenManipulationWindow(int slot) = 0;
+};
+
 /// What each window is handed at its making.
 struct WindowContext {
   Desktop& Desk;
@@ -92,6 +105,7 @@ struct WindowContext {
   FileServices& Files;
   DisplayServices& Display;
   CardServices& Cards;
+  ManipulationServices& Manipulation;
 };
 
 }  // namespace koprax

@@ -206,7 +206,12 @@ struct Workspace {
   std::string ProfileColourName;
   std::string BackgroundColourName;
 
-  PointTable PaddedY = PointTable(PaddedYBound + 1);
+  /// The background in hand, one value for each point of the profile; all 0 when there is none.
+  PointTable BackgroundY = PointTable(MaxPoints + 1);
+  PointTable NetY = PointTable(MaxPoints + 1);        ///< the profile less the background
+  std::int16_t BackgroundSubtracted = 0;              ///< 1: NetY is what is saved, not BackgroundY
+  PointTable PaddedY = PointTable(PaddedYBound + 1);  ///< the background between its two paddings
+  bool SaveDft = false;                               ///< the smoothed profile comes from the Fourier filter
   PointTable ScratchX = PointTable(MaxPoints + 1);
   PointTable ScratchY = PointTable(MaxPoints + 1);
 };

@@ -124,7 +124,11 @@ void VisitWorkspaceFields(Data& data, Visitor&& visit) {
   visit("BitmapSource", data.BitmapSource);
   visit("ProfileColourName", data.ProfileColourName);
   visit("BackgroundColourName", data.BackgroundColourName);
+  visit("BackgroundY", data.BackgroundY);
+  visit("NetY", data.NetY);
+  visit("BackgroundSubtracted", data.BackgroundSubtracted);
   visit("PaddedY", data.PaddedY);
+  visit("SaveDft", data.SaveDft);
   visit("ScratchX", data.ScratchX);
   visit("ScratchY", data.ScratchY);
 }

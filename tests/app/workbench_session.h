@@ -102,10 +102,14 @@ class WorkbenchSession {
 };
 
 /// The services that windows ask for, for a window that is loaded by itself: nothing comes of them.
-class SilentServices : public MainServices, public FileServices, public DisplayServices, public CardServices {
+class SilentServices : public MainServices,
+                       public FileServices,
+                       public DisplayServices,
+                       public CardServices,
+                       public ManipulationServices {
  public:
   explicit SilentServices(WorkbenchSession& session)
-      : Context{session.Desk(), session.Data(), *this, *this, *this, *this} {}
+      : Context{session.Desk(), session.Data(), *this, *this, *this, *this, *this} {}
 
   void ShowMainMenu() override {}
   void BringMainMenuToFront() override {}
@@ -121,6 +125,7 @@ class SilentServices : public MainServices, public FileServices, public DisplayS
   bool OpenDisplayWindow(int /*slot*/) override { return false; }
   void ShowSeveralProfiles() override {}
   void OpenCardWindow() override {}
+  bool OpenManipulationWindow(int /*slot*/) override { return false; }
 
   WindowContext Context;
   int TitlesGivenUp = 0;

@@ -1,0 +1,207 @@
+// Form12, "Profile manipulation": three tools for one profile, each in a frame of its own: smoothing, the
+// estimate of the background, the Fourier filter. They change the temporary copy and tables of their own; a
+// result goes into a buffer by a picker.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "display/drawn_plot.h"
+#include "display/plot_transform.h"
+#include "display/rubber_band.h"
+#include "forms/form.h"
+#include "manipulation/background_plot.h"
+#include "manipulation/dft_filter.h"
+#include "workspace/buffer_picker.h"
+#include "workspace/help_button.h"
+#include "workspace/services.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+/// The progress strip: twips, y growing downward.
+[[nodiscard]] inline PictureSetup ProgressPicture() {
+  return {.Scale = {.Left = 0, .Top = 0, .Width = 2475, .Height = 200, .UnitsPerPoint = 20},
+          .DesignWidth = 2475 / TwipsPerMillimetre,
+          .DesignHeight = 200 / TwipsPerMillimetre};
+}
+
+class Form12 final : public Form {
+ public:
+  explicit Form12(const WindowContext& context);
+
+  /// Draws the temporary copy of the slot and fills the boxes; false when there is no range of X to draw.
+  bool ShowProfile(int slot);
+
+  [[nodiscard]] bool MayClose() const override { return cmdMain.Enabled; }
+
+ private:
+  void OnLoad() override;
+  void OnUnload() override;
+  void OnCloseBox() override { ReturnToMainMenu(); }
+
+  void ArrangeControls();
+  void ConnectHandlers();
+  void FillBoxes(int slot);
+  void SaveBitmap();
+  void ReturnToMainMenu();
+
+  // Results into buffers.
+  void SaveBackground();
+  void SaveSmoothed(bool by_dft);
+  void OpenPicker(const PickerKind& kind, std::function<void(Workspace&)> save);
+
+  // The mouse over the picture, and the zoom of the background view.
+  void MousePressed(float x, float y);
+  void MouseMoved(float x, float y);
+  void MouseReleased(float x);
+  void ShowReadOut(float x, float y);
+  void ZoomOrUnzoom();
+  void StartZoom();
+  void AcceptZoom();
+  void CancelZoom();
+  void Unzoom();
+  void DrawZoomed(const PlotLimits& limits, const XRange& range);
+  void EnableBackgroundCommands(bool enabled);
+  void HideSelection();
+
+  // Point smoothing.
+  void Smooth();
+  void QuitSmoothing();
+  void EnterSmoothing();
+  [[nodiscard]] int AskForSmoothingWindow();
+  void DrawSmoothed();
+
+  // The estimate of the background.
+  void StartBackgroundMode();
+  void EstimateBackground();
+  [[nodiscard]] bool HasPointsForBackground();
+  void RunCycles(int window);
+  [[nodiscard]] int AskForWindow();
+  void ReadBackCurve();
+  void DrawCycle();
+  [[nodiscard]] bool WantsAnotherCycle();
+  void DrawBackgroundAndProfile();
+  void ResumeBackground();
+  void SubtractBackground();
+  void RescaleBackground();
+  void QuitBackground();
+  void PrintBackground();
+  void SetColoursForBackground();
+  void TakeChosenColours();
+  void EnableSubtractable(bool enabled);
+
+  // The Fourier filter.
+  void Transform();
+  void Filter();
+  void TransformInverse();
+  void SaveFiltered();
+  void QuitDft();
+  [[nodiscard]] float AskForFilterParameter();
+  void DrawCoefficients();
+  void DrawFiltered();
+  void ShowProgress(int reached, double whole, bool rounded);
+  void EndProgress();
+
+  /// The profile on show. Another one may be at work meanwhile; with none at work it is that of slot 0.
+  [[nodiscard]] ProfileBuffer& Buffer() const;
+  /// Before a command: the profile on show, its scale and its base are the ones at work again.
+  void TakeUp();
+  template <class Command>
+  [[nodiscard]] std::function<void()> OnItsProfile(Command command);
+  /// Clears the picture and draws a frame; the transform is that of the picture from now on.
+  void DrawFrame(const PlotLimits& limits);
+  [[nodiscard]] CurveOrigin Origin(float xmin) const;
+  void Tell(const Message& message);
+  [[nodiscard]] bool HasPlot();
+  [[nodiscard]] bool HoldsPoints();
+
+  /// What stands as long as the window is loaded.
+  struct State {
+    int Slot = 0;  ///< of the profile on show
+    DrawnPlot Shown;
+    std::int16_t NegativeY = 0;      ///< of the frame on show
+    bool ShowsCoefficients = false;  ///< the picture is that of the Fourier coefficients
+    bool ZoomSelect = false;         ///< a zoom is being selected or is in force
+    bool ZoomDrag = false;           ///< the mouse button is down in a selection
+    float ZoomLow = 0;               ///< the zoomed range in data units
+    float ZoomHigh = 0;
+    float ZoomTop = 0;
+    float ZoomBottom = 0;
+    std::int16_t HalfWindow = 0;  ///< of the last cycles
+    Colour ProfileColour = colours::Black;
+    Colour BackgroundColour = colours::Black;
+    DftFilter Dft;
+    std::weak_ptr<Form> Picker;
+  };
+
+  WindowContext context_;
+  State state_;
+
+  PictureBox Picture1{*this, "Picture1", PlotPicture()};
+  Shape Shape1{Picture1, "Shape1", RestingBandEdge, RestingBandEdge, BandSize, BandSize};
+  PictureBox Picture2{*this, "Picture2", ProgressPicture()};
+  LineShape Line1{Picture2, "Line1", colours::Blue, 0, 100, 2, 100, 5};
+
+  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 30}};
+  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 9}};
+  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 40}};
+  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 12}};
+  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 12}};
+  TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 12}};
+  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
+  OptionButton optOK{*this, "optOK", {.Caption = "OK"}};
+  OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
+
+  Button cmdBckg{
+      *this,
+      "cmdBckg",
+      {.Caption = "Background", .ToolTip = "Evaluate background through a ROBUST smoothing procedure"}};
+  Button cmdMain{*this, "cmdMain", {.Caption = "Main Menu", .ToolTip = "Return to main menu"}};
+  Button Command18{*this, "Command18", {.Caption = "Bitmap", .ToolTip = "Save image as a bitmap file"}};
+
+  Frame Frame3{*this, "Frame3", {.Caption = "Smoothing"}};
+  Button cmdSmo{
+      *this, "cmdSmo", {.Caption = "Smooth", .ToolTip = "Start a 5, 7 or 9 points Smoothing procedure"}};
+  Button Command14{*this, "Command14", {.Caption = "Save", .ToolTip = "Save smoothed profile on buffer"}};
+  Button Command17{*this, "Command17", {.Caption = "Quit", .ToolTip = "Quit Smoothing mode"}};
+
+  Frame Frame2{*this, "Frame2", {.Caption = "Background manipulation"}};
+  Button cmdZoom{*this, "cmdZoom", {.Caption = "Zoom"}};
+  Button cmdSave{*this, "cmdSave", {.Caption = "Save ", .ToolTip = "Save background on buffer"}};
+  Button cmdResume{*this, "cmdResume", {.Caption = "Resume"}};
+  Button cmdSubtr{*this, "cmdSubtr", {.Caption = "Subtract"}};
+  Button cmdRes{*this, "cmdRes", {.Caption = "Rescaling  bckg"}};
+  Button cmdPrint{*this, "cmdPrint", {.Caption = "Print", .ToolTip = "Print profile and background"}};
+  Button cmdQuitBckg{*this, "cmdQuitBckg", {.Caption = "Quit "}};
+
+  Frame Frame1{*this, "Frame1", {.Caption = "DFT Filtering"}};
+  Button cmdDFT{*this, "cmdDFT", {.Caption = "DFT", .ToolTip = "Calculate a Discrete Fourier Transform"}};
+  Button cmdFilter{*this, "cmdFilter", {.Caption = "Filter", .ToolTip = "Modify Fourier coefficients"}};
+  Button cmdDFTInv{*this,
+                   "cmdDFTInv",
+                   {.Caption = "DFT inv.", .ToolTip = "Calculate an inverse Discrete Fourier Transform"}};
+  Button Command7{*this, "Command7", {.Caption = "Save", .ToolTip = "Save profile on a new buffer"}};
+  Button Command16{*this, "Command16", {.Caption = "Quit", .ToolTip = "Quit DFT mode"}};
+
+  HelpButton cmdSmoGuide{*this, "cmdSmoGuide", context_.Main, HelpTopic::HelpSmoothing};
+  HelpButton Command1{*this, "Command1", context_.Main, HelpTopic::HelpBackground};
+  HelpButton Command2{*this, "Command2", context_.Main, HelpTopic::HelpDftInverse};
+  HelpButton Command3{*this, "Command3", context_.Main, HelpTopic::HelpFilter};
+  HelpButton Command4{*this, "Command4", context_.Main, HelpTopic::HelpDft};
+  HelpButton Command5{*this, "Command5", context_.Main, HelpTopic::HelpSaveBackground};
+  HelpButton Command6{*this, "Command6", context_.Main, HelpTopic::HelpSmoothing};
+  HelpButton Command8{*this, "Command8", context_.Main, HelpTopic::HelpZoomBackground};
+  HelpButton Command9{*this, "Command9", context_.Main, HelpTopic::HelpResume};
+  HelpButton Command10{*this, "Command10", context_.Main, HelpTopic::HelpPrintBackground};
+  HelpButton Command11{*this, "Command11", context_.Main, HelpTopic::HelpSubtract};
+  HelpButton Command12{*this, "Command12", context_.Main, HelpTopic::HelpQuitBackground};
+  HelpButton Command13{*this, "Command13", context_.Main, HelpTopic::HelpDft};
+  HelpButton Command15{*this, "Command15", context_.Main, HelpTopic::HelpSmoothing};
+  HelpButton Command19{*this, "Command19", context_.Main, HelpTopic::HelpBitmap};
+  HelpButton Command20{*this, "Command20", context_.Main, HelpTopic::HelpRescale};
+};
+
+}  // namespace koprax
