@@ -1,5 +1,7 @@
 #include "display/colours_window.h"
 
+#include "display/named_colours.h"
+
 namespace koprax {
 
 Form31::Form31(const WindowContext& context) : Form(context.Desk, "Form31", "Colors") {
@@ -13,7 +15,11 @@ Form31::Form31(const WindowContext& context) : Form(context.Desk, "Form31", "Col
 }
 
 ComboSetup Form31::Colours(const char* preset) {
-  return {.Text = preset, .Items = {"Black", "Red", "Cyano", "Blue", "Green"}};
+  ComboSetup setup{.Text = preset};
+  for (const NamedColour& colour : NamedColours) {
+    setup.Items.emplace_back(colour.Name);
+  }
+  return setup;
 }
 
 }  // namespace koprax

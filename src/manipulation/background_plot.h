@@ -2,12 +2,14 @@
 // its smooth background, on the screen and on paper. Frames are left to the plot engine.
 #pragma once
 
+#include <span>
+
 #include "display/curve.h"
 #include "forms/surface.h"
 
 namespace koprax {
 
-/// The number of segments of a dash for that many points.
+/// The number of segments of the first dash of a curve of that many points; the later ones have one more.
 [[nodiscard]] int DashLength(int points);
 
 /// A curve of dashes, in its colour and white in turn. A segment that passes the top of the plot is left out,
@@ -19,11 +21,12 @@ void DrawDashedCurve(const PlotTransform& plot, const CurvePoints& points, const
 void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
                     Colour colour, Surface& surface);
 
-/// Two tables over the same X.
+/// Two tables over the same X. That of the background may be a part of a larger one, its entry i being the
+/// one of point i.
 struct ProfileAndBackground {
   const PointTable& X;
   const PointTable& Profile;
-  const PointTable& Background;
+  std::span<const float> Background;
   int Count;
 };
 /// Two colours that go with them.
