@@ -22,10 +22,7 @@ class DrawnPlot {
       return;
     }
     data.Plot = plot_;
-    data.PlotXMin = limits_.XMin;
-    data.PlotXMax = limits_.XMax;
-    data.PlotYMin = limits_.YMin;
-    data.PlotYMax = limits_.YMax;
+    TakeLimitsOfDrawing(data, limits_);
   }
 
   /// Whether there is a plot whose positions can be read.

@@ -23,6 +23,14 @@ struct PlotLimits {
   return {.XMin = data.PlotXMin, .XMax = data.PlotXMax, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
 }
 
+/// Makes these the limits of the current drawing.
+inline void TakeLimitsOfDrawing(Workspace& data, const PlotLimits& limits) {
+  data.PlotXMin = limits.XMin;
+  data.PlotXMax = limits.XMax;
+  data.PlotYMin = limits.YMin;
+  data.PlotYMax = limits.YMax;
+}
+
 /// Whether the limits leave a range of X to draw: one that runs upward, is not too narrow, and fits 32 bits.
 [[nodiscard]] inline bool SpansX(const PlotLimits& limits) {
   const double span = static_cast<double>(limits.XMax) - limits.XMin;

@@ -8,11 +8,9 @@ namespace koprax {
 
 bool DrawProfile(Workspace& data, int slot, Surface& picture, const TellUser& tell) {
   const ProfileBuffer& buffer = data.Buffer(slot);
-  data.PlotXMin = buffer.WorkXMin;
-  data.PlotXMax = buffer.WorkXMax;
-  data.PlotYMin = buffer.WorkYMin;
-  data.PlotYMax = buffer.WorkYMax;
-  const PlotLimits limits = LimitsOfDrawing(data);
+  const PlotLimits limits{
+      .XMin = buffer.WorkXMin, .XMax = buffer.WorkXMax, .YMin = buffer.WorkYMin, .YMax = buffer.WorkYMax};
+  TakeLimitsOfDrawing(data, limits);
   if (!SpansX(limits)) {
     return false;
   }

@@ -14,15 +14,18 @@ void ShowAtRest(Shape& band) {
   band.Left = RestingBandEdge;
 }
 
+void PlaceRubberBand(const PlotTransform& plot, Shape& band, float x, float y) {
+  band.Left = ClampedX(plot, x);
+  band.Top = ClampedY(plot, y);
+  band.Width = std::min(band.Width.Get(), plot.PlotRight - band.Left);
+  band.Height = std::min(band.Height.Get(), band.Top - plot.PlotBottom);
+}
+
 bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y) {
-  const float top = std::min(y, plot.PlotTop);
-  if (!(x >= plot.PlotLeft && x <= plot.PlotRight && top >= plot.PlotBottom)) {
+  if (!(x >= plot.PlotLeft && x <= plot.PlotRight && y >= plot.PlotBottom)) {
     return false;
   }
-  band.Top = top;
-  band.Left = x;
-  band.Width = std::min(band.Width.Get(), plot.PlotRight - x);
-  band.Height = std::min(band.Height.Get(), top - plot.PlotBottom);
+  PlaceRubberBand(plot, band, x, y);
   return true;
 }
 

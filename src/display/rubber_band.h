@@ -18,6 +18,10 @@ inline constexpr float AcceptedBandSize = 2;
 /// Shows the band where it rests until a selection is drawn.
 void ShowAtRest(Shape& band);
 
+/// Puts the top left corner of the band where the press was; a press outside the plot counts at its edge. A
+/// band that would reach beyond the plot is cut to end there.
+void PlaceRubberBand(const PlotTransform& plot, Shape& band, float x, float y);
+
 /// Starts the band at a press; a press above the plot counts at its top. False when the press lies left
 /// of the Y axis, below the X axis, or right of the plot: then the band stays as it was.
 [[nodiscard]] bool StartRubberBand(const PlotTransform& plot, Shape& band, float x, float y);

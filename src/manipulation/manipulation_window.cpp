@@ -1,8 +1,8 @@
-// The window as a whole: its making, the plot, the ways out. Its zoom and the mouse stand in
+// The window as a whole: its making, what is on show, the ways out. The mouse and the zoom stand in
 // manipulation_window_zoom.cpp, the tools in the files named for them.
 #include "manipulation/manipulation_window.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "display/bitmap_window.h"
 #include "display/plot_axes.h"
@@ -16,12 +16,254 @@ namespace koprax {
 Form12::Form12(const WindowContext& context)
     : Form(context.Desk, "Form12", "Profile manipulatuion"), context_(context) {
   ArrangeControls();
+  ConnectHandlers();
 }
 
-void Form12::OnLoad() {}
-void Form12::OnUnload() {}
-void Form12::ArrangeControls() {}
-bool Form12::ShowProfile(int /*slot*/) { return false; }
-void Form12::ReturnToMainMenu() {}
+LayoutNode Form12::PictureLayout() {
+  return Column({
+      Row({Stretched(Text1), Text2}),
+      Text5,
+      Stretched(Picture1),
+      Row({Stretched(Text6), Stretched(Text7), Stretched(Text9)}),
+      Row({Text3, Text4, Space(), KeepingRoom(optOK), KeepingRoom(optNO)}),
+  });
+}
+
+LayoutNode Form12::ToolsLayout() {
+  return Column({
+      KeepingRoom(Framed(Frame3, Grid(4, {Stretched(cmdSmo), cmdSmoGuide, Stretched(Command14), Command6,  //
+                                          Command17, Command15}))),
+      Row({Stretched(cmdBckg), Command1}),
+      KeepingRoom(Framed(Frame2, Grid(4, {Stretched(cmdResume), Command9, Stretched(cmdZoom), Command8,  //
+                                          cmdSubtr, Command11, cmdRes, Command20,                        //
+                                          cmdSave, Command5, cmdPrint, Command10,                        //
+                                          cmdQuitBckg, Command12}))),
+      KeepingRoom(Framed(Frame1, Grid(4, {Stretched(cmdDFT), Command4, Stretched(cmdFilter), Command3,  //
+                                          cmdDFTInv, Command2, Command7, Command13,                     //
+                                          Command16}))),
+      Picture2,
+      Space(),
+      Row({Stretched(Command18), Command19, Stretched(cmdMain)}),
+  });
+}
+
+void Form12::ArrangeControls() { SetLayout(Row({Stretched(PictureLayout()), ToolsLayout()}), true); }
+
+template <class Command>
+std::function<void()> Form12::OnItsProfile(Command command) {
+  return [this, command] {
+    TakeUp();
+    command();
+  };
+}
+
+template <class Command>
+std::function<void()> Form12::WithProfile(Command command) {
+  return OnItsProfile([this, command] {
+    if (HasProfile()) {
+      command();
+    }
+  });
+}
+
+void Form12::ConnectHandlers() {
+  cmdMain.OnClick = [this] { ReturnToMainMenu(); };
+  Command18.OnClick = [this] { SaveBitmap(); };
+
+  cmdSmo.OnClick = WithProfile([this] { Smooth(); });
+  Command14.OnClick = WithProfile([this] { SaveSmoothed(false); });
+  Command17.OnClick = [this] { QuitSmoothing(); };
+
+  cmdBckg.OnClick = WithProfile([this] { EstimateBackground(); });
+  cmdResume.OnClick = WithProfile([this] { ResumeEstimate(); });
+  cmdSubtr.OnClick = WithProfile([this] { Subtract(); });
+  cmdRes.OnClick = WithProfile([this] { Rescale(); });
+  cmdZoom.OnClick = OnItsProfile([this] { cmdZoom.Caption.Get() == "Zoom" ? StartZoom() : Unzoom(); });
+  cmdPrint.OnClick = WithProfile([this] { PrintBackground(); });
+  cmdSave.OnClick = WithProfile([this] { SaveBackground(); });
+  cmdQuitBckg.OnClick = OnItsProfile([this] { QuitBackground(); });
+
+  cmdDFT.OnClick = WithProfile([this] { Transform(); });
+  cmdFilter.OnClick = OnItsProfile([this] { Filter(); });
+  cmdDFTInv.OnClick = WithProfile([this] { TransformInverse(); });
+  Command7.OnClick = WithProfile([this] { SaveFiltered(); });
+  Command16.OnClick = [this] { QuitDft(); };
+
+  optOK.OnClick = OnItsProfile([this] { AcceptZoom(); });
+  optNO.OnClick = OnItsProfile([this] { CancelZoom(); });
+  Picture1.OnMouseDown = [this](MouseButton, float x, float y) { MousePressed(x, y); };
+  Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
+  Picture1.OnMouseUp = [this](MouseButton, float x, float) { MouseReleased(x); };
+}
+
+void Form12::OnLoad() {
+  state_.Slot = context_.Data.CurBuf;
+  state_.Points = Buffer().PermNpts;
+  for (Control* hidden :
+       {static_cast<Control*>(&optOK), static_cast<Control*>(&optNO), static_cast<Control*>(&Shape1),
+        static_cast<Control*>(&Frame2), static_cast<Control*>(&Line1)}) {
+    hidden->Visible = false;
+  }
+}
+
+/// A window that is loaded anew over this one, for another profile, must not find what belongs to this one.
+void Form12::OnUnload() {
+  ClosePicker();
+  if (state_.BackgroundMode) {
+    ClearBackground();
+  }
+  context_.Data.BackgroundSubtracted = 0;
+}
+
+bool Form12::ShowProfile(int slot) {
+  Workspace& data = context_.Data;
+  const bool drawn = DrawProfile(data, slot, Picture1, [this](const Message& message) { Tell(message); });
+  state_.Shown.Keep(data, drawn);
+  state_.Plotted = drawn;
+  if (!drawn) {
+    return false;
+  }
+  state_.Whole = LimitsOfDrawing(data);
+  state_.PictureXMin = state_.Whole.XMin;
+  state_.NegativeY = Buffer().NegativeY;
+  FillBoxes(slot);
+  return true;
+}
+
+void Form12::FillBoxes(int slot) {
+  const ProfileTexts texts = TextsOf(context_.Data, slot);
+  Text6.Text = texts.XMin;
+  Text7.Text = texts.XMax;
+  Text9.Text = texts.Step;
+  Text1.Text = texts.File;
+  Text2.Text = texts.Buffer;
+  Text5.Text = texts.Title;
+}
+
+void Form12::SaveBitmap() {
+  if (HasPlot()) {
+    OpenBitmapWindow(context_, 12);
+  }
+}
+
+void Form12::ReturnToMainMenu() {
+  std::ranges::fill(context_.Data.PaddedY, 0.0F);
+  Picture1.Cls();
+  Unload();
+  context_.Main.ShowMainMenu();
+}
+
+// Results into buffers.
+
+void Form12::SaveBackground() {
+  OpenPicker(pickers::Calibration, [](Workspace& data) { SaveBackgroundResult(data); });
+}
+
+void Form12::SaveSmoothed(bool by_dft) {
+  OpenPicker(pickers::SmoothedResult, [this](Workspace& data) {
+    SaveSmoothedResult(data);
+    // The window goes on with the buffer that was saved to.
+    state_.Slot = data.CurBuf;
+    const ProfileTexts texts = TextsOf(data, data.CurBuf);
+    Text2.Text = texts.Buffer;
+    Text5.Text = texts.Title;
+  });
+  context_.Data.SaveDft = by_dft;
+}
+
+void Form12::OpenPicker(const PickerKind& kind, const std::function<void(Workspace&)>& save) {
+  ClosePicker();
+  Workspace& data = context_.Data;
+  data.SumSource = data.CurBuf;
+  PickerActions actions;
+  actions.Chosen = WhileLoaded(std::function<void(Form&, const std::vector<int>&)>(
+      [this, save, source = data.CurBuf](Form&, const std::vector<int>&) { StoreResult(source, save); }));
+  actions.GivenUp = [&data] { data.SaveDft = false; };
+  const auto picker = Desk().Load<BufferPicker>(context_, kind, std::move(actions));
+  state_.Picker = picker;
+  picker->Show();
+}
+
+void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save) {
+  Workspace& data = context_.Data;
+  data.SumSource = static_cast<std::int16_t>(source);
+  if (HasProfile()) {
+    save(data);
+  } else {
+    MakeCurrent(context_, source);
+    data.SaveDft = false;
+  }
+}
+
+void Form12::ClosePicker() {
+  if (const auto picker = state_.Picker.lock()) {
+    picker->CloseBox();
+  }
+}
+
+// What is on show.
+
+ProfileBuffer& Form12::Buffer() const {
+  Workspace& data = context_.Data;
+  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
+}
+
+void Form12::TakeUp() {
+  Workspace& data = context_.Data;
+  if (data.CurBuf != 0) {
+    MakeCurrent(context_, state_.Slot);
+  }
+  if (state_.Plotted) {
+    state_.Shown.PutBack(data);
+    TakeLimitsOfDrawing(data, state_.Whole);
+    Buffer().NegativeY = state_.NegativeY;
+  }
+}
+
+bool Form12::HasProfile() {
+  const ProfileBuffer& buffer = Buffer();
+  const char* const problem = buffer.PermNpts == 0               ? " holds no profile."
+                              : buffer.PermNpts != state_.Points ? " holds another profile by now."
+                              : buffer.WorkNpts != state_.Points ? " has been cut in another window."
+                                                                 : nullptr;
+  if (problem != nullptr) {
+    Tell(ErrorMessage("Buffer " + buffer.BufLetter + problem +
+                      "\r\nOpen a profile with \"Profile manipulation\" of the main menu."));
+    return false;
+  }
+  return HasPlot();
+}
+
+bool Form12::HasPlot() {
+  if (!state_.Plotted) {
+    Tell(NoPlot());
+  }
+  return state_.Plotted;
+}
+
+void Form12::Tell(const Message& message) { Desk().Host().MsgBox(message); }
+
+bool Form12::DrawFrame(const PlotLimits& limits) {
+  ForgetZoom();
+  Picture1.Cls();
+  const bool drawn = DrawAxes(context_.Data, limits, Picture1);
+  state_.Shown.Keep(context_.Data, drawn);
+  state_.PictureXMin = limits.XMin;
+  state_.NegativeY = Buffer().NegativeY;
+  state_.ShowsCoefficients = false;
+  if (!drawn) {
+    Tell(NoYSpan());
+  }
+  return drawn;
+}
+
+void Form12::DrawOverX(const PointTable& y, Colour colour) {
+  const ProfileBuffer& buffer = Buffer();
+  DrawWholeCurve(context_.Data.Plot, {buffer.PermX, y, buffer.WorkNpts}, Origin(), colour, Picture1);
+}
+
+CurveOrigin Form12::Origin() const {
+  return {.XMin = state_.PictureXMin, .Base = PlotBase(context_.Data.Plot, state_.NegativeY == 1)};
+}
 
 }  // namespace koprax

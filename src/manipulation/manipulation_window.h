@@ -3,8 +3,10 @@
 // result goes into a buffer by a picker.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "display/drawn_plot.h"
@@ -42,6 +44,8 @@ class Form12 final : public Form {
   void OnCloseBox() override { ReturnToMainMenu(); }
 
   void ArrangeControls();
+  [[nodiscard]] LayoutNode PictureLayout();
+  [[nodiscard]] LayoutNode ToolsLayout();
   void ConnectHandlers();
   void FillBoxes(int slot);
   void SaveBitmap();
@@ -50,86 +54,104 @@ class Form12 final : public Form {
   // Results into buffers.
   void SaveBackground();
   void SaveSmoothed(bool by_dft);
-  void OpenPicker(const PickerKind& kind, std::function<void(Workspace&)> save);
+  void OpenPicker(const PickerKind& kind, const std::function<void(Workspace&)>& save);
+  void StoreResult(int source, const std::function<void(Workspace&)>& save);
+  void ClosePicker();
 
   // The mouse over the picture, and the zoom of the background view.
   void MousePressed(float x, float y);
   void MouseMoved(float x, float y);
   void MouseReleased(float x);
   void ShowReadOut(float x, float y);
-  void ZoomOrUnzoom();
   void StartZoom();
   void AcceptZoom();
   void CancelZoom();
   void Unzoom();
-  void DrawZoomed(const PlotLimits& limits, const XRange& range);
-  void EnableBackgroundCommands(bool enabled);
+  void ForgetZoom();
   void HideSelection();
+  void EnableBackgroundCommands(bool enabled);
+  void DrawWithSmoothCurve(const PlotLimits& limits);
+  [[nodiscard]] PlotLimits SelectedLimits() const;
 
   // Point smoothing.
   void Smooth();
-  void QuitSmoothing();
-  void EnterSmoothing();
   [[nodiscard]] int AskForSmoothingWindow();
-  void DrawSmoothed();
+  void DrawSmoothedProfile();
+  void QuitSmoothing();
 
   // The estimate of the background.
-  void StartBackgroundMode();
   void EstimateBackground();
-  [[nodiscard]] bool HasPointsForBackground();
+  void EnterBackgroundMode();
+  [[nodiscard]] std::optional<int> AskForAveragingWindow();
   void RunCycles(int window);
-  [[nodiscard]] int AskForWindow();
-  void ReadBackCurve();
+  void ReadBackSmoothCurve();
   void DrawCycle();
   [[nodiscard]] bool WantsAnotherCycle();
   void DrawBackgroundAndProfile();
-  void ResumeBackground();
-  void SubtractBackground();
-  void RescaleBackground();
+  void ResumeEstimate();
+  void Subtract();
+  void Rescale();
   void QuitBackground();
+  void ClearBackground();
   void PrintBackground();
-  void SetColoursForBackground();
-  void TakeChosenColours();
-  void EnableSubtractable(bool enabled);
+  void UseBackgroundColours();
+  /// The commands that a subtraction switches off.
+  void EnableUnsubtracted(bool enabled);
 
   // The Fourier filter.
   void Transform();
   void Filter();
+  [[nodiscard]] float AskForFilterParameter();
   void TransformInverse();
+  void RunTransform(const std::function<void()>& transform);
+  void ShowProgress(float end);
   void SaveFiltered();
   void QuitDft();
-  [[nodiscard]] float AskForFilterParameter();
-  void DrawCoefficients();
-  void DrawFiltered();
-  void ShowProgress(int reached, double whole, bool rounded);
-  void EndProgress();
+  [[nodiscard]] bool HasCoefficients();
+  void ShowCoefficients();
+  void ShowFiltered();
 
-  /// The profile on show. Another one may be at work meanwhile; with none at work it is that of slot 0.
+  // What is on show.
+  /// The profile of the window. Another one may be at work meanwhile; with none at work it is that of slot 0.
   [[nodiscard]] ProfileBuffer& Buffer() const;
-  /// Before a command: the profile on show, its scale and its base are the ones at work again.
+  /// Before a command: the profile on show, its limits and scale are the ones at work again.
   void TakeUp();
   template <class Command>
   [[nodiscard]] std::function<void()> OnItsProfile(Command command);
-  /// Clears the picture and draws a frame; the transform is that of the picture from now on.
-  void DrawFrame(const PlotLimits& limits);
-  [[nodiscard]] CurveOrigin Origin(float xmin) const;
-  void Tell(const Message& message);
+  /// The same for a command that does nothing but tell the user when there is no profile to work on.
+  template <class Command>
+  [[nodiscard]] std::function<void()> WithProfile(Command command);
+  [[nodiscard]] bool HasProfile();
   [[nodiscard]] bool HasPlot();
-  [[nodiscard]] bool HoldsPoints();
+  void Tell(const Message& message);
+  /// Clears the picture and draws a frame; any zoom is over. False when the limits span nothing, which is
+  /// told.
+  bool DrawFrame(const PlotLimits& limits);
+  /// The frame of the whole profile.
+  bool DrawWholeFrame() { return DrawFrame(state_.Whole); }
+  /// A curve over X of the permanent copy in the frame on show.
+  void DrawOverX(const PointTable& y, Colour colour);
+  [[nodiscard]] CurveOrigin Origin() const;
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;  ///< of the profile on show
-    DrawnPlot Shown;
-    std::int16_t NegativeY = 0;      ///< of the frame on show
-    bool ShowsCoefficients = false;  ///< the picture is that of the Fourier coefficients
-    bool ZoomSelect = false;         ///< a zoom is being selected or is in force
-    bool ZoomDrag = false;           ///< the mouse button is down in a selection
-    float ZoomLow = 0;               ///< the zoomed range in data units
+    int Slot = 0;                ///< of the profile of the window
+    int Points = 0;              ///< of that profile as it was shown
+    PlotLimits Whole{};          ///< of the plot of the whole profile
+    bool Plotted = false;        ///< there is such a plot
+    DrawnPlot Shown;             ///< the frame on show
+    float PictureXMin = 0;       ///< its left limit
+    std::int16_t NegativeY = 0;  ///< whether it reaches below 0
+    bool ShowsCoefficients = false;
+    bool ZoomSelect = false;  ///< a zoom is being selected or is in force
+    bool Zoomed = false;      ///< the picture shows a portion
+    bool ZoomDrag = false;    ///< the mouse button is down in a selection
+    float ZoomLow = 0;        ///< the zoomed range in data units
     float ZoomHigh = 0;
     float ZoomTop = 0;
     float ZoomBottom = 0;
-    std::int16_t HalfWindow = 0;  ///< of the last cycles
+    bool BackgroundMode = false;
+    int HalfWindow = 0;  ///< half the window of the last cycles
     Colour ProfileColour = colours::Black;
     Colour BackgroundColour = colours::Black;
     DftFilter Dft;
