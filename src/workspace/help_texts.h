@@ -13,5 +13,6 @@ namespace koprax {
 [[nodiscard]] std::string_view FormatHelp(HelpTopic topic);
 [[nodiscard]] std::string_view DisplayHelp(HelpTopic topic);
 [[nodiscard]] std::string_view ArithmeticHelp(HelpTopic topic);
+[[nodiscard]] std::string_view ManipulationHelp(HelpTopic topic);
 
 }  // namespace koprax
