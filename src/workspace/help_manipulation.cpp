@@ -26,8 +26,8 @@ back to the main menu and open it with "Profile manipulation" before you
 smooth it further or estimate its background.
 
 "Quit" brings the other tools back. The temporary copy stays smoothed, and
-"Background" works on it. "DFT" does not: it starts from the profile as it
-stands in its buffer, so for a filter on top of the smoothing save the
+"Background" works on it. "DFT" does not: it starts from the saved profile, as
+it stands in its buffer, so for a filter on top of the smoothing save the
 smoothed profile first. What was not saved is lost with "Main Menu".
 )TEXT";
 
