@@ -5,6 +5,7 @@
 
 #include <variant>
 
+#include "manipulation/vector_width.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -55,7 +56,7 @@ void ClipToMeasurement(const PointTable& y, const PointTable& padded, int count,
 /// points). In each, a position becomes the mean of the values of the pass before at distances L to M on both
 /// sides, with L = 10, or M - 3 where M is below 10, and at least 1. Each pair of values is added in 32 bits,
 /// the pairs in rising order of their distance in 64, and the mean is rounded to 32. Positions outside stay
-/// as they are.
-void SmoothThreeTimes(PointTable& padded, int count, int window);
+/// as they are. Every width that the processor has gives the same bits.
+void SmoothThreeTimes(PointTable& padded, int count, int window, VectorWidth width = WidestVectors());
 
 }  // namespace koprax
