@@ -1,6 +1,7 @@
 #include "manipulation/point_smoothing.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 
 namespace koprax {
@@ -21,8 +22,8 @@ struct SmoothingRule {
   int Window;
   WeightRow Centre;
   std::array<WeightRow, 3> Ends;
-  int EndRows;     ///< rows in use; without them the ends stay as they are
-  int HighPoints;  ///< points at the high end that the centre's row doesn't reach
+  std::size_t EndRows;  ///< rows in use; without them the ends stay as they are
+  int HighPoints;       ///< points at the high end that the centre's row doesn't reach
 };
 
 constexpr SmoothingRule FivePoints{
@@ -80,9 +81,11 @@ float AtCentre(const WeightRow& row, int half_window, const float* centre) {
 }
 
 /// `inward` is the step from the outermost point into the profile, 1 or -1.
-float AtEnd(const WeightRow& row, int window, const float* outermost, int inward) {
+float AtEnd(const WeightRow& row, int window, const float* outermost, std::ptrdiff_t inward) {
   WeightedSum sum;
-  for (int j = 0; j < window; ++j) sum.Add(row.Weights[static_cast<std::size_t>(j)], outermost[j * inward]);
+  for (std::ptrdiff_t j = 0; j < window; ++j) {
+    sum.Add(row.Weights[static_cast<std::size_t>(j)], outermost[j * inward]);
+  }
   return sum.Over(row.Divisor);
 }
 
@@ -95,10 +98,9 @@ void SmoothPoints(PointTable& y, int count, int window) {
   const PointTable unsmoothed(y.begin(), y.begin() + count + 1);
   const float* const first = &unsmoothed[1];
   const float* const last = first + count - 1;
-  for (int row = 0; row < rule.EndRows; ++row) {
-    const WeightRow& weights = rule.Ends[static_cast<std::size_t>(row)];
-    y[static_cast<std::size_t>(1 + row)] = AtEnd(weights, window, first, 1);
-    y[static_cast<std::size_t>(count - row)] = AtEnd(weights, window, last, -1);
+  for (std::size_t row = 0; row < rule.EndRows; ++row) {
+    y[1 + row] = AtEnd(rule.Ends[row], window, first, 1);
+    y[static_cast<std::size_t>(count) - row] = AtEnd(rule.Ends[row], window, last, -1);
   }
   const int half_window = window / 2;
   for (int i = 1 + half_window; i <= count - rule.HighPoints; ++i) {

@@ -45,7 +45,8 @@ void SmoothByDefinition(PointTable& padded, int n, int m) {
 TEST(RobustBackground, TakesItsWindowFromPointsOrFromTheWidthOfAPeak) {
   constexpr auto out = WindowProblem::OutOfRange;
   constexpr float none = std::numeric_limits<float>::quiet_NaN();
-  const auto expect = [](float step, std::variant<int, WindowProblem> window, std::vector<float> answers) {
+  const auto expect = [](float step, std::variant<int, WindowProblem> window,
+                         const std::vector<float>& answers) {
     for (const float answer : answers) {
       EXPECT_EQ(AveragingWindow(answer, step), window) << answer << " on " << step;
     }
