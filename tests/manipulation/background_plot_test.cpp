@@ -18,7 +18,6 @@ namespace {
 
 /// X 0 to 10 over picture x 20 to 120, y one unit a count from 15 up to the top at 90.
 constexpr PlotTransform OnScreen{.PlotLeft = 20, .PlotBottom = 15, .PlotTop = 90, .ScaleX = 10, .ScaleY = 1};
-constexpr CurveOrigin FromZero{.XMin = 0, .Base = 15};
 
 PointTable Ramp(int count) {
   PointTable table;
@@ -26,17 +25,22 @@ PointTable Ramp(int count) {
   return table;
 }
 
-/// The segments of a curve as letters, lower case for white and a blank for what has been left out. A segment
-/// stands at its X.
-std::string Dashes(const Surface& surface, int count) {
-  std::string dashes(static_cast<std::size_t>(count - 1), ' ');
+using Draw = void (*)(const PlotTransform&, const CurvePoints&, const CurveOrigin&, Colour, Surface&);
+
+/// The first segments of a curve over X = 1, 2, ... as letters, w for white and a blank for what has been
+/// left out.
+std::string Segments(Draw draw, const PointTable& y, const PlotTransform& plot = OnScreen, float base = 15) {
+  const int count = static_cast<int>(y.size()) - 1;
+  Surface surface{PlotPicture().Scale};
+  draw(plot, {Ramp(count), y, count}, {.XMin = 0, .Base = base}, colours::Red, surface);
+  std::string segments(static_cast<std::size_t>(count - 1), ' ');
   for (const DrawingOperation& operation : surface.Operations()) {
     const auto& line = std::get<LineOperation>(operation);
     EXPECT_EQ(line.X2 - line.X1, 10);
-    const auto at = static_cast<std::size_t>((line.X1 - 20) / 10) - 1;
-    dashes.at(at) = line.LineColour == colours::White ? 'w' : 'C';
+    segments.at(static_cast<std::size_t>((line.X1 - 30) / 10)) =
+        line.LineColour == colours::White ? 'w' : 'C';
   }
-  return dashes;
+  return segments.substr(0, 20);
 }
 
 TEST(BackgroundPlot, TheDashesGoByTheNumberOfPoints) {
@@ -45,36 +49,20 @@ TEST(BackgroundPlot, TheDashesGoByTheNumberOfPoints) {
   for (const auto& [points, length] : rows) {
     EXPECT_EQ(DashLength(points), length) << points;
   }
-  const PointTable flat(601, 5.0F);
-  for (const int count : {1, 12, 600}) {
-    Surface surface{PlotPicture().Scale};
-    DrawDashedCurve(OnScreen, {Ramp(count), flat, count}, FromZero, colours::Red, surface);
-    const std::string start = count < 500 ? "CCwwwCCCwww" : "CCCCwwwwwCCCCCwwwww";
-    EXPECT_TRUE(Dashes(surface, count).starts_with(start.substr(0, static_cast<std::size_t>(count - 1))));
-    EXPECT_EQ(surface.Operations().size(), static_cast<std::size_t>(count - 1));
-  }
+  EXPECT_EQ(Segments(DrawDashedCurve, PointTable(2, 5)), "");
+  EXPECT_EQ(Segments(DrawDashedCurve, PointTable(13, 5)), "CCwwwCCCwww");
+  EXPECT_EQ(Segments(DrawDashedCurve, PointTable(601, 5)), "CCCCwwwwwCCCCCwwwwwC");
 }
 
 TEST(BackgroundPlot, WhatPassesTheTopIsLeftOutButCounts) {
   PointTable y(13, 75);  // just at the top
   y[4] = 75.01F;
-  const PointTable x = Ramp(12);
-  Surface dashed{PlotPicture().Scale};
-  DrawDashedCurve(OnScreen, {x, y, 12}, FromZero, colours::Red, dashed);
-  EXPECT_EQ(Dashes(dashed, 12), "CC  wCCCwww");
-  Surface whole{PlotPicture().Scale};
-  DrawWholeCurve(OnScreen, {x, y, 12}, FromZero, colours::Blue, whole);
-  EXPECT_EQ(Dashes(whole, 12), "CC  CCCCCCC");
-  EXPECT_EQ(whole.Operations()[0], DrawingOperation(LineOperation{30, 90, 40, 90, colours::Blue}));
-
-  // On paper y grows downward and the top is the smaller number.
-  PlotTransform on_paper = OnScreen;
+  EXPECT_EQ(Segments(DrawDashedCurve, y), "CC  wCCCwww");
+  EXPECT_EQ(Segments(DrawWholeCurve, y), "CC  CCCCCCC");
+  PlotTransform on_paper = OnScreen;  // y grows downward, and the top is the smaller number
   on_paper.Upward = -1;
   on_paper.PlotTop = 15;
-  Surface paper{PlotPicture().Scale};
-  DrawWholeCurve(on_paper, {x, y, 12}, {.XMin = 0, .Base = 90}, colours::Black, paper);
-  EXPECT_EQ(Dashes(paper, 12), "CC  CCCCCCC");
-  EXPECT_EQ(paper.Operations()[0], DrawingOperation(LineOperation{30, 15, 40, 15, colours::Black}));
+  EXPECT_EQ(Segments(DrawWholeCurve, y, on_paper, 90), "CC  CCCCCCC");
 }
 
 TEST(BackgroundPlot, AZoomDrawsEachSegmentOfBothWhereItLiesInTheRange) {
