@@ -243,6 +243,11 @@ bool Form12::HasPlot() {
 
 void Form12::Tell(const Message& message) { Desk().Host().MsgBox(message); }
 
+void Form12::TellBeyondRange(const std::string& what) {
+  Tell(ErrorMessage(
+      what + " would go beyond 3.4E+38, the largest number that a buffer holds.\r\nNothing is changed."));
+}
+
 bool Form12::DrawFrame(const PlotLimits& limits) {
   ForgetZoom();
   Picture1.Cls();

@@ -63,6 +63,7 @@ class Form12 final : public Form {
   void MouseMoved(float x, float y);
   void MouseReleased(float x);
   void ShowReadOut(float x, float y);
+  void ShowRange(float low, float high);
   void StartZoom();
   void AcceptZoom();
   void CancelZoom();
@@ -75,6 +76,7 @@ class Form12 final : public Form {
 
   // Point smoothing.
   void Smooth();
+  [[nodiscard]] bool SmoothOver(int window);
   [[nodiscard]] int AskForSmoothingWindow();
   void DrawSmoothedProfile();
   void QuitSmoothing();
@@ -83,7 +85,7 @@ class Form12 final : public Form {
   void EstimateBackground();
   void EnterBackgroundMode();
   [[nodiscard]] std::optional<int> AskForAveragingWindow();
-  void RunCycles(int window);
+  [[nodiscard]] bool RunCycles(int window);
   void ReadBackSmoothCurve();
   void DrawCycle();
   [[nodiscard]] bool WantsAnotherCycle();
@@ -124,6 +126,7 @@ class Form12 final : public Form {
   [[nodiscard]] bool HasProfile();
   [[nodiscard]] bool HasPlot();
   void Tell(const Message& message);
+  void TellBeyondRange(const std::string& what);
   /// Clears the picture and draws a frame; any zoom is over. False when the limits span nothing, which is
   /// told.
   bool DrawFrame(const PlotLimits& limits);

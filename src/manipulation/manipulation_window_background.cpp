@@ -9,6 +9,7 @@
 #include "forms/desktop.h"
 #include "forms/number_text.h"
 #include "manipulation/background_printing.h"
+#include "manipulation/finite_points.h"
 #include "manipulation/manipulation_window.h"
 #include "manipulation/net_profile.h"
 #include "manipulation/robust_background.h"
@@ -25,8 +26,8 @@ void Form12::EstimateBackground() {
     return;
   }
   EnterBackgroundMode();
-  if (const auto window = AskForAveragingWindow()) {
-    RunCycles(*window);
+  const auto window = AskForAveragingWindow();
+  if (window && RunCycles(*window)) {
     DrawBackgroundAndProfile();
   }
 }
@@ -72,8 +73,10 @@ std::optional<int> Form12::AskForAveragingWindow() {
   }
 }
 
-void Form12::RunCycles(int window) {
+/// False, and the background is as it was, when a sum goes beyond 32 bits.
+bool Form12::RunCycles(int window) {
   Workspace& data = context_.Data;
+  const PointTable before = data.BackgroundY;
   const PointTable& y = Buffer().WorkY;
   const int points = Buffer().PermNpts;
   state_.HalfWindow = window / 2;
@@ -81,14 +84,20 @@ void Form12::RunCycles(int window) {
   if (!HasBackground(data.BackgroundY)) {
     StartBackground(y, points, data.BackgroundY);
   }
-  SmoothBackground(data.BackgroundY, points, window, ends, data.PaddedY);
-  ReadBackSmoothCurve();
-  DrawCycle();
-  while (WantsAnotherCycle()) {
-    ClipToMeasurement(y, data.PaddedY, points, state_.HalfWindow, data.BackgroundY);
+  for (;;) {
     SmoothBackground(data.BackgroundY, points, window, ends, data.PaddedY);
+    if (!PointsAreFinite(data.PaddedY, points + window)) {
+      data.BackgroundY = before;
+      std::ranges::fill(data.PaddedY, 0.0F);
+      TellBeyondRange("A sum of intensities");
+      return false;
+    }
     ReadBackSmoothCurve();
     DrawCycle();
+    if (!WantsAnotherCycle()) {
+      return true;
+    }
+    ClipToMeasurement(y, data.PaddedY, points, state_.HalfWindow, data.BackgroundY);
   }
 }
 
@@ -140,10 +149,15 @@ void Form12::ResumeEstimate() {
 
 void Form12::Subtract() {
   Workspace& data = context_.Data;
-  EnableUnsubtracted(false);
-  data.BackgroundSubtracted = 1;
   PlotLimits limits = state_.Whole;
   limits.YMin = SubtractBackground(Buffer().WorkY, data.BackgroundY, Buffer().PermNpts, data.NetY);
+  if (!PointsAreFinite(data.NetY, Buffer().PermNpts)) {
+    std::ranges::fill(data.NetY, 0.0F);
+    TellBeyondRange("The profile without its background");
+    return;
+  }
+  EnableUnsubtracted(false);
+  data.BackgroundSubtracted = 1;
   if (DrawFrame(limits)) {
     DrawOverX(data.NetY, state_.ProfileColour);
   }
@@ -161,7 +175,7 @@ void Form12::Rescale() {
     return;
   }
   if (!ScaleBackground(context_.Data.BackgroundY, Buffer().PermNpts, *factor)) {
-    Tell(ErrorMessage("The background would go beyond 3.4E+38.\r\nGive a smaller K."));
+    TellBeyondRange("The background");
     return;
   }
   DrawBackgroundAndProfile();

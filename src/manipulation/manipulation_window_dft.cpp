@@ -4,6 +4,7 @@
 #include "forms/desktop.h"
 #include "forms/number_text.h"
 #include "manipulation/dft_plot.h"
+#include "manipulation/finite_points.h"
 #include "manipulation/manipulation_window.h"
 
 namespace koprax {
@@ -99,6 +100,11 @@ void Form12::TransformInverse() {
 }
 
 void Form12::ShowFiltered() {
+  if (!PointsAreFinite(state_.Dft.DftY, state_.Dft.ResultPoints)) {
+    state_.Dft.ResultPoints = 0;
+    TellBeyondRange("The filtered profile");
+    return;
+  }
   if (DrawFrame(FilteredLimits(Buffer(), state_.Dft))) {
     DrawWholeCurve(context_.Data.Plot, {Buffer().PermX, state_.Dft.DftY, state_.Dft.ResultPoints}, Origin(),
                    colours::Black, Picture1);

@@ -1,6 +1,8 @@
 // What the mouse does over the picture of the manipulation window: the read-out, and the zoom of a profile
 // with its background.
 #include <algorithm>
+#include <cstddef>
+#include <span>
 
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
@@ -63,8 +65,12 @@ void Form12::MouseReleased(float x) {
   Buffer().WorkYMax = state_.ZoomTop;
   state_.ZoomLow = RoundDecimals(range.Low, 3);
   state_.ZoomHigh = RoundDecimals(range.High, 3);
-  Text6.Text = "xmin " + GeneralText(state_.ZoomLow);
-  Text7.Text = "xmax " + GeneralText(state_.ZoomHigh);
+  ShowRange(state_.ZoomLow, state_.ZoomHigh);
+}
+
+void Form12::ShowRange(float low, float high) {
+  Text6.Text = "xmin " + GeneralText(low);
+  Text7.Text = "xmax " + GeneralText(high);
 }
 
 // The zoom.
@@ -143,6 +149,7 @@ void Form12::ForgetZoom() {
   }
   state_.ZoomSelect = state_.ZoomDrag = state_.Zoomed = false;
   cmdZoom.Caption = "Zoom";
+  ShowRange(state_.Whole.XMin, state_.Whole.XMax);
   HideSelection();
   Picture1.MousePointer = Pointer::Arrow;
   EnableBackgroundCommands(true);
@@ -165,8 +172,8 @@ void Form12::DrawWithSmoothCurve(const PlotLimits& limits) {
     return;
   }
   const ProfileBuffer& buffer = Buffer();
-  const auto before_first = context_.Data.PaddedY.begin() + state_.HalfWindow;
-  const PointTable smooth(before_first, before_first + buffer.WorkNpts + 1);
+  const auto smooth =
+      std::span<const float>(context_.Data.PaddedY).subspan(static_cast<std::size_t>(state_.HalfWindow));
   DrawProfileWithBackground(
       context_.Data.Plot,
       {.X = buffer.PermX, .Profile = buffer.WorkY, .Background = smooth, .Count = buffer.WorkNpts}, Origin(),

@@ -119,7 +119,7 @@ TEST(MainMenu, ModesEndWithTheOpeningThatTheyWereFor) {
     session.Data().ModeDisp = session.Data().ModeAnal = session.Data().ModeFit = true;
     session.Play(std::string("click Form10.opt") + (letter == 'a' ? "A" : "B") + "\n");
     EXPECT_FALSE(session.Data().ModeDisp || session.Data().ModeAnal || session.Data().ModeFit);
-    EXPECT_EQ(session.Value("forms")[0], letter == 'a' ? "Form6" : "Form1");
+    EXPECT_EQ(session.Value("forms")[0], letter == 'a' ? "Form12" : "Form1");
   }
 }
 

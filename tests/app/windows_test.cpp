@@ -94,6 +94,9 @@ std::string ListingOfAllWindows() {
   add("click Form6.cmdSave\n", "Form3");
   add("click Form1.cmdDisp\n", "Form11");
   add("click Form1.cmdDelBuff\n", "Form17");
+  session.Play("click Form1.cmdAnal\n");
+  add("click Form10.optB\n", "Form12");
+  session.Play("click Form12.cmdMain\n");
   ListSeveralProfiles(session, path, add);
   session.Desk().Load<TitleWindow>(services.Context, title_windows::ComputedProfile, [] {});
   add("", "Form14");
@@ -136,12 +139,33 @@ TEST(Windows, HelpButtonsShowTheTopicOfTheCommandBesideThem) {
        {HelpClearList, HelpEdit, HelpArithmetic, HelpUndoZoom, HelpSave, HelpMainMenu, HelpExplorer,
         HelpAccept, HelpShowChanges, HelpCancel, HelpSaveList, HelpQuitExplorer, HelpPrint, HelpEraseLast,
         none, HelpChangeAll, none, HelpBitmap}},
+      {"Form12",
+       {HelpBackground,
+        HelpDftInverse,
+        HelpFilter,
+        HelpDft,
+        HelpSaveBackground,
+        HelpSmoothing,
+        none,
+        HelpZoomBackground,
+        HelpResume,
+        HelpPrintBackground,
+        HelpSubtract,
+        HelpQuitBackground,
+        HelpDft,
+        none,
+        HelpSmoothing,
+        none,
+        none,
+        none,
+        HelpBitmap,
+        HelpRescale}},
       {"Form2", {none, HelpPrint, HelpArithmetic, HelpBitmap, HelpSaveSelected, HelpMainMenu}},
       {"Form8", {none, none, HelpDefineY, HelpAddProfiles, none, HelpSubtractProfiles}},
   };
   WorkbenchSession session;
   session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", "Q\r\n1.5\r\n10 5\r\n11 6\r\n"), 3, 'a'));
-  session.Play("file \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\n");
+  session.Play("click Form1.cmdAnal\nclick Form10.optA\nfile \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\n");
   SilentServices services(session);
   session.Desk().Load<Form2>(services.Context);
   OpenArithmetic(services.Context, {.Profiles = 2});
@@ -157,6 +181,7 @@ TEST(Windows, HelpButtonsShowTheTopicOfTheCommandBesideThem) {
   };
   expect("Form6", "cmdZoomGuide", HelpZoom);
   expect("Form2", "cmdZoomGuide", HelpZoom);
+  expect("Form12", "cmdSmoGuide", HelpSmoothing);
   for (const auto& [form, topics] : windows) {
     for (std::size_t i = 0; i < topics.size(); ++i) {
       if (topics[i] != none) expect(form, "Command" + std::to_string(i + 1), topics[i]);

@@ -1,0 +1,367 @@
+// The Profile manipulation window, played: what shows and is live in each state, what is asked and told, what
+// is drawn, and what goes into a buffer. The numbers of the tools are tested beside them.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/command_form.h"
+#include "forms/number_text.h"
+#include "golden_file.h"
+#include "manipulation/robust_background.h"
+
+namespace koprax {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// A profile of one step from 10 up in buffer a: 100 counts, and one line of 500 in the middle.
+std::string ProfileText(int points) {
+  std::string text = "Line\r\n" + std::to_string(points) + "\r\n10," + std::to_string(9 + points) + ",1\r\n";
+  for (int i = 1; i <= points; ++i) text += i == (points + 1) / 2 ? "500\r\n" : "100\r\n";
+  return text + "500 100\r\n1.5406\r\n";
+}
+
+class Manipulation : public testing::Test {
+ protected:
+  Manipulation() { Open(41, 'a'); }
+
+  /// Loads a profile of that many points and opens it; the picture is 2.375 wide for each of 41 degrees.
+  void Open(int points, char letter) {
+    session_.Play(WorkbenchSession::LoadCommands(session_.File("line.dat", ProfileText(points)), 1, letter) +
+                  "click Form1.cmdAnal\nclick Form10.opt" + static_cast<char>(letter - 'a' + 'A') + "\n");
+  }
+  /// One answer after the other to the question for a window, and then for another cycle.
+  void Estimate(const std::string& answers = "input \"6\"\ninput \"n\"\n") {
+    session_.Play(answers + "click Form12.cmdBckg\n");
+  }
+  void Select(const std::string& from, const std::string& to) {
+    session_.Play("down Form12.Picture1 left " + from + "\nmove Form12.Picture1 " + to +
+                  "\nup Form12.Picture1 left " + to + "\n");
+  }
+  std::vector<std::string> Words(const std::string& script) { return session_.Words(script); }
+  std::string Get(const std::string& name) { return session_.Value("get Form12." + name).get<std::string>(); }
+  bool Is(const std::string& name) { return session_.Value("get Form12." + name).get<bool>(); }
+
+  /// The frames that show, by their numbers, and of the commands those that are off.
+  std::string State() {
+    std::string state;
+    for (const char* frame : {"1", "2", "3"}) {
+      if (Is(std::string("Frame") + frame + ".Visible")) state += frame;
+    }
+    state += ":";
+    for (const char* command : {"cmdBckg", "cmdMain", "cmdSmo", "cmdZoom", "cmdResume", "cmdSubtr", "cmdRes",
+                                "cmdSave", "cmdPrint", "cmdQuitBckg"}) {
+      if (!Is(std::string(command) + ".Enabled")) state += std::string(" ") + (command + 3);
+    }
+    return state;
+  }
+  /// The slanted and level lines within the axes, as "x1 y1 x2 y2 colour" rounded to 2 decimals.
+  std::vector<std::string> Curves(Colour colour, const std::string& surface = "Form12.Picture1") {
+    std::vector<std::string> lines;
+    for (const Json& operation : session_.Value("picture " + surface)) {
+      if (operation["op"] != "line" || operation["colour"] != colour) continue;
+      std::string line;
+      for (const char* end : {"x1", "y1", "x2", "y2"})
+        line += RoundedText(operation[end].get<double>(), 2) + " ";
+      lines.push_back(line);
+    }
+    return lines;
+  }
+  Json Points(const std::string& field) { return session_.Value("state " + field); }
+
+  CommandSession session_;
+};
+
+TEST_F(Manipulation, EachToolShowsItsFrameAndSwitchesOffWhatCannotRun) {
+  EXPECT_EQ(State(), "13:");
+  EXPECT_EQ(session_.Value("state ModeAnal"), 0);
+  EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text") + Get("Text9.Text") + Get("Text2.Text"),
+            "xmin 10xmax 50step 1buffer a");
+  const std::vector<std::pair<std::string, std::string>> steps{
+      {"input \"6\"\ninput \"n\"\nclick Form12.cmdBckg\n", "2: Bckg Main Smo"},
+      {"click Form12.cmdZoom\n", "2: Bckg Main Smo Resume Subtr Res Save Print QuitBckg"},
+      {"click Form12.cmdZoom\n", "2: Bckg Main Smo"},
+      {"click Form12.cmdSubtr\n", "2: Bckg Main Smo Zoom Subtr Res Print"},
+      {"input \"\"\nclick Form12.cmdResume\n", "2: Bckg Main Smo"},
+      {"click Form12.cmdQuitBckg\n", "13:"},
+      {"input \"5\"\nclick Form12.cmdSmo\n", "3: Bckg Main"},
+      {"click Form12.Command17\n", "123:"},
+      {"click Form12.cmdDFT\n", "1: Bckg Main"},
+      {"click Form12.Command16\n", "123:"},
+      // Un-zooming brings back what belongs to the background alone.
+      {"click Form12.cmdZoom\nclick Form12.cmdZoom\n", "23: Bckg Main Smo"},
+      {"click Form12.cmdQuitBckg\n", "13:"},
+  };
+  for (const auto& [script, state] : steps) {
+    session_.Play(script);
+    EXPECT_EQ(State(), state) << script;
+    EXPECT_EQ(session_.Desk().Find("Form12")->MayClose(), Is("cmdMain.Enabled"));
+  }
+}
+
+TEST_F(Manipulation, TheBackgroundAsksForAWindowUntilItCanBeUsed) {
+  const std::string question =
+      "Background estimate: Give approximate FWHM (2-theta units) of Bragg peaks  or number of points for "
+      "the "
+      "averaging procedure (30-40 suggested, 6 min, 300 max)";
+  const std::string again = "Continue?: Repeat smoothing? (Y/N)";
+  // Half a degree three times is 1.5 points, made 2.
+  EXPECT_THAT(Words("input \"399\"\ninput \"x\"\ninput \"0.5 deg\"\ninput \"Y\"\ninput \"y\"\ninput \"yes\"\n"
+                    "click Form12.cmdBckg\n"),
+              ElementsAre(question, HasSubstr("\"399\" gives no window of 2 to 398 points"), question,
+                          HasSubstr("\"x\" gives no window"), question, again, again, again));
+  session_.Play("click Form12.cmdQuitBckg\n");
+  session_.Data().Buffer(1).XStep = 0;
+  EXPECT_THAT(Words("input \"5\"\ninput \"5.5\"\ninput \"\"\nclick Form12.cmdBckg\n"),
+              ElementsAre(question, "Warning, none: Profile with variable step!!! Give number of POINTS!",
+                          question, "Continue?: Repeat smoothing? (Y/N)"));
+  EXPECT_THAT(Words("input cancel\nclick Form12.cmdResume\n"), ElementsAre(question));
+  EXPECT_EQ(State(), "2: Bckg Main Smo");
+}
+
+TEST_F(Manipulation, TheCyclesAreThoseOfTheEstimateAndDrawnOneAboveTheOther) {
+  Workspace& data = session_.Data();
+  const PointTable y = data.Buffer(1).WorkY;
+  PointTable background(MaxPoints + 1), padded(PaddedYBound + 1);
+  StartBackground(y, 41, background);
+  for (int cycle = 1; cycle <= 3; ++cycle) {
+    if (cycle > 1) ClipToMeasurement(y, padded, 41, 3, background);
+    SmoothBackground(background, 41, 6, MeansAtEnds(y, 41), padded);
+    std::copy_n(padded.begin() + 4, 41, background.begin() + 1);
+  }
+  Estimate("input \"6\"\ninput \"y\"\ninput \"y\"\ninput \"n\"\n");
+  EXPECT_EQ(data.BackgroundY, background);
+  EXPECT_EQ(data.PaddedY, padded);
+  // The dashes: five segments of two, in red and white in turn; the profile without the two that reach above
+  // the top.
+  EXPECT_EQ(Curves(colours::Red).size(), 20U);
+  EXPECT_EQ(Curves(colours::White).size(), 20U);
+  EXPECT_THAT(Curves(colours::Red), testing::Contains("20 29.25 22.38 29.25 "));
+  // Resumed, the first cycle smooths the curve as it stands; a subtraction is taken back before.
+  session_.Play("click Form12.cmdSubtr\n");
+  EXPECT_EQ(data.NetY[21], 500 - background[21]);
+  EXPECT_EQ(data.BackgroundSubtracted, 1);
+  SmoothBackground(background, 41, 8, MeansAtEnds(y, 41), padded);
+  session_.Play("input \"8\"\ninput \"\"\nclick Form12.cmdResume\n");
+  EXPECT_EQ(data.PaddedY, padded);
+  EXPECT_EQ(data.BackgroundSubtracted, 0);
+  EXPECT_EQ(data.NetY, PointTable(MaxPoints + 1));
+  // A factor; one that is none, or too large, changes nothing.
+  const PointTable smooth = data.BackgroundY;
+  EXPECT_THAT(Words("input \"ten\"\nclick Form12.cmdRes\n"),
+              ElementsAre("bckg = bckg*K: Give K\r\n(real number)", HasSubstr("K is to be a real number")));
+  EXPECT_THAT(Words("input \"1E38\"\nclick Form12.cmdRes\n").back(), HasSubstr("background would go beyond"));
+  EXPECT_EQ(data.BackgroundY, smooth);
+  session_.Play("input \"-1.5\"\nclick Form12.cmdRes\n");
+  EXPECT_EQ(data.BackgroundY[7], smooth[7] * -1.5F);
+  session_.Play("click Form12.cmdQuitBckg\n");
+  EXPECT_EQ(data.BackgroundY, PointTable(MaxPoints + 1));
+  EXPECT_EQ(data.PaddedY, PointTable(PaddedYBound + 1));
+}
+
+TEST_F(Manipulation, ASubtractionIsDrawnDownToItsLowestValue) {
+  Estimate();
+  session_.Play("input \"2\"\nclick Form12.cmdRes\nclick Form12.cmdSubtr\n");
+  EXPECT_EQ(session_.Data().Buffer(1).NegativeY, 1);
+  EXPECT_EQ(session_.Data().PlotYMin, 100);
+  // Counts of 100 on a background of 200: 100 below the red zero line, which stands at 15 + 71.25 * 100 /
+  // 600.
+  const auto zero = Curves(colours::Red);
+  ASSERT_EQ(zero.size(), 1U);
+  session_.Play("move Form12.Picture1 20 15\n");
+  const PointTable& net = session_.Data().NetY;
+  EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)),
+              *std::min_element(net.begin() + 1, net.begin() + 42), 1e-3);
+  EXPECT_EQ(Get("Text3.Text"), "x = 10");
+}
+
+TEST_F(Manipulation, AZoomReachesFromThePressDownToTheAxis) {
+  Estimate();
+  session_.Play("click Form12.cmdZoom\nmove Form12.Picture1 67.5 29.25\n");
+  EXPECT_EQ(Get("cmdZoom.Caption"), "Un-zoom");
+  EXPECT_EQ(session_.Value("get Form12.Picture1.MousePointer"), 2);
+  EXPECT_EQ(Get("Text3.Text"), "x = 30");
+  EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)), 100, 1e-4);
+  Select("91.25 60", "43.75 60");  // from right to left
+  EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text"), "xmin 40xmax 20");
+  EXPECT_THAT(Words("click Form12.optOK\n").at(0), HasSubstr("no width or no height"));
+  Select("43.75 60", "91.25 60");
+  EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text"), "xmin 20xmax 40");
+  EXPECT_NEAR(session_.Data().Buffer(1).WorkYMax, 45 / 0.1425, 1e-3);
+  session_.Play("click Form12.optOK\nmove Form12.Picture1 115 86.25\n");
+  EXPECT_EQ(Get("Text3.Text"), "x = 40");
+  EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)), 45 / 0.1425, 1e-3);
+  EXPECT_EQ(Curves(colours::Red).size(), 20U);  // from 20 to 40, all below the top
+  EXPECT_EQ(State(), "2: Bckg Main Smo Resume Subtr Res Save Print QuitBckg");
+  // A portion of the portion, given up: all is as before the zoom.
+  Select("67.5 60", "90 60");
+  EXPECT_EQ(Get("Text6.Text"), "xmin 30");
+  session_.Play("click Form12.optNO\n");
+  EXPECT_EQ(Get("cmdZoom.Caption") + State(), "Zoom2: Bckg Main Smo");
+  EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text"), "xmin 10xmax 50");
+  EXPECT_EQ(Curves(colours::Red).size(), 40U);
+  session_.Play("move Form12.Picture1 115 15\n");
+  EXPECT_EQ(Get("Text3.Text"), "x = 50");
+}
+
+TEST_F(Manipulation, SmoothingAsksUntilItGetsAWindow) {
+  EXPECT_EQ(Words("input \"\"\ninput \"6\"\ninput \"5.5\"\ninput \"5 points\"\nclick Form12.cmdSmo\n"),
+            std::vector<std::string>(4, "Smoothing: Give Nr. of points for smoothing (5,7 or 9)"));
+  // A line of 400 counts among others of 0, weighted by 17 / 35.
+  EXPECT_FLOAT_EQ(session_.Data().Buffer(1).WorkY[21], 100 + 400.0F * 17 / 35);
+  EXPECT_EQ(session_.Data().Buffer(1).PermY[21], 500);
+  EXPECT_EQ(Curves(colours::Red).size(), 40U);
+}
+
+TEST_F(Manipulation, WhatCannotBeDoneIsToldAndChangesNothing) {
+  const auto expect_refusal = [&](const std::string& script, const std::string& told) {
+    const Json before = session_.Value("buffer a");
+    const std::string state = State();
+    EXPECT_THAT(Words(script).back(), HasSubstr(told)) << script;
+    EXPECT_EQ(session_.Value("buffer a"), before) << script;
+    EXPECT_EQ(State(), state) << script;
+  };
+  for (const char* command : {"cmdFilter", "cmdDFTInv"}) {
+    expect_refusal(std::string("click Form12.") + command + "\n", "Press \"DFT\" first");
+  }
+  session_.Play("click Form12.cmdDFT\n");
+  expect_refusal("click Form12.Command7\n", "Press \"DFT\" and \"DFT inv.\" first");
+  session_.Play("click Form12.Command16\nclick Form12.cmdMain\n");
+  Open(6, 'a');
+  expect_refusal("input \"7\"\nclick Form12.cmdSmo\n", "6 points can't be smoothed over 7");
+  Open(4, 'a');
+  expect_refusal("click Form12.cmdBckg\n", "It takes at least 5 points");
+  session_.Play("answer yes\nclick Form1.cmdDelBuff\nclick Form17.optA\n");
+  for (const char* command : {"cmdSmo", "cmdBckg", "cmdDFT", "Command14"}) {
+    expect_refusal(std::string("click Form12.") + command + "\n", "Buffer a holds no profile");
+  }
+  // A buffer that was empty from the start: the window stays, without a plot.
+  session_.Play("click Form1.cmdAnal\nclick Form10.optB\n");
+  EXPECT_EQ(session_.Value("forms")[0], "Form1");
+  EXPECT_TRUE(session_.Value("get Form12")["Visible"].get<bool>());
+  expect_refusal("click Form12.Command18\n", "There is no plot");
+  EXPECT_THAT(session_.Value("picture Form12.Picture1"), IsEmpty());
+}
+
+TEST_F(Manipulation, ResultsGoIntoBuffersAndTheWindowGoesOn) {
+  Estimate();
+  const auto title = [&](int slot) {
+    const std::string& text = session_.Data().Buffer(slot).Title;
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+  };
+  session_.Play(
+      "click Form12.cmdSave\nclick Form16.optB\nclick Form12.cmdSubtr\nclick Form12.cmdSave\nclick "
+      "Form16.optC\n");
+  EXPECT_EQ(title(2), "Line BACKGROUND");
+  EXPECT_EQ(title(3), "Line WITHOUT BACKGROUND");
+  EXPECT_EQ(session_.Data().CurBuf, 1);
+  EXPECT_EQ(session_.Data().Buffer(3).PermY[21], session_.Data().NetY[21]);
+  session_.Play(
+      "click Form12.cmdQuitBckg\ninput \"9\"\nclick Form12.cmdSmo\nclick Form12.Command14\nclick "
+      "Form18.optD\n");
+  EXPECT_EQ(title(4), "Line SMOOTHED");
+  EXPECT_EQ(session_.Data().Buffer(4).PermY[21], 100 + 400.0F * 70 / 256);
+  EXPECT_EQ(session_.Data().CurBuf, 4) << "the window goes on with the buffer saved to";
+  EXPECT_EQ(Get("Text2.Text"), "buffer d");
+  // The Fourier filter takes its permanent copy, smoothed; parameter 0 filters nothing, and counts twice the
+  // last one.
+  session_.Play(
+      "click Form12.Command17\nclick Form12.cmdDFT\nclick Form12.cmdDFTInv\nclick Form12.Command7\n");
+  EXPECT_EQ(session_.Value("state SaveDft"), -1);
+  session_.Play("close Form18\n");
+  EXPECT_EQ(session_.Value("state SaveDft"), 0);
+  session_.Play("click Form12.Command7\nclick Form18.optE\n");
+  EXPECT_EQ(title(5), "Line SMOOTHED SMOOTHED by DFT");
+  EXPECT_EQ(session_.Value("state SaveDft"), 0);
+  EXPECT_EQ(session_.Value("state WorkY(d)")[21], session_.Value("state PermY(e)")[21]);
+  EXPECT_NEAR(session_.Data().Buffer(5).PermY[21], 100 + 400.0F * 70 / 256, 0.01);
+}
+
+TEST_F(Manipulation, TheTransformsShowHowFarTheyAre) {
+  session_.Play("click Form12.cmdMain\n");
+  Open(100, 'a');
+  const auto progress = [&](const std::string& click) {
+    std::vector<std::string> seen;
+    for (const Json& event : session_.Events("click Form12." + click + "\n")) {
+      if (event["event"] == "pointer") seen.push_back("pointer " + event["pointer"].dump());
+      if (event["event"] == "refresh")
+        seen.push_back((event["Visible"] == true ? "line " : "none ") + event["X2"].dump());
+    }
+    return seen;
+  };
+  // 51 coefficients, and a line of 2470: 20 / 51 of it, and 40 / 51.
+  EXPECT_THAT(progress("cmdDFT"),
+              ElementsAre("pointer 11", "line 969.0", "line 1937.0", "pointer 1", "none 2.0"));
+  EXPECT_THAT(progress("cmdDFTInv"), ElementsAre("pointer 11", "line 494.0", "line 988.0", "line 1482.0",
+                                                 "line 1976.0", "line 2470.0", "pointer 1", "none 2.0"));
+  EXPECT_EQ(Words("input \"-1\"\ninput \"9.5\"\ninput \"2\"\nclick Form12.cmdFilter\n"),
+            std::vector<std::string>(3, "Filter Parameter: Give filter parameter (0 --- 9)"));
+  EXPECT_EQ(Curves(colours::Blue).size(), 50U);
+  EXPECT_EQ(Curves(colours::Blue).front().substr(0, 5), "21.86");  // coefficient 1 of 51 on 95 units
+  const Json shown = session_.Value("picture Form12.Picture1");
+  session_.Play("input \"\"\nclick Form12.cmdFilter\n");
+  EXPECT_EQ(session_.Value("picture Form12.Picture1"), shown) << "0 filters nothing";
+}
+
+TEST_F(Manipulation, ThePrintTakesTheColoursChosen) {
+  Estimate();
+  const std::string choose =
+      "modal set Form31.Combo1 \"Blue\"\nmodal set Form31.Combo2 \"Green\"\nmodal click Form31.Command1\n";
+  session_.Play(choose + "printer \"page.pdf\"\nclick Form12.cmdPrint\n");
+  EXPECT_EQ(Curves(65280, "Printer").size(), 20U);
+  EXPECT_EQ(Curves(16711680, "Printer").size(), 40U);
+  EXPECT_EQ(session_.Data().Plot.PlotTop, 90);
+  EXPECT_THAT(session_.Events("modal close Form31\nclick Form12.cmdPrint\n").dump(),
+              testing::Not(HasSubstr("dialog")));
+  session_.Play(choose + "printer cancel\nclick Form12.cmdPrint\ninput \"1\"\nclick Form12.cmdRes\n");
+  EXPECT_EQ(Curves(65280).size(), 20U) << "the colours stay chosen for the next drawing";
+}
+
+TEST_F(Manipulation, AnotherProfileFindsNothingOfTheFormerOne) {
+  Estimate();
+  session_.Play("click Form12.cmdSubtr\nclick Form12.cmdSave\n");
+  Open(21, 'b');
+  EXPECT_EQ(session_.Data().BackgroundSubtracted, 0);
+  EXPECT_EQ(session_.Data().BackgroundY, PointTable(MaxPoints + 1));
+  EXPECT_FALSE(session_.Value("get Form16")["Loaded"].get<bool>());
+  // Its buffer is at work again before its commands, whatever has been picked meanwhile.
+  session_.Play("file cancel\nclick Form1.cmdOut\nclick Form10.optA\ninput \"5\"\nclick Form12.cmdSmo\n");
+  EXPECT_EQ(session_.Data().CurBuf, 2);
+  EXPECT_EQ(session_.Data().Buffer(1).WorkY[21], 500);
+  // A quit leaves nothing that a picker could still save.
+  session_.Play("click Form12.Command17\n");
+  Estimate();
+  session_.Play("click Form12.cmdSave\nclick Form12.cmdQuitBckg\n");
+  EXPECT_FALSE(session_.Value("get Form16")["Loaded"].get<bool>());
+}
+
+/// The whole way on a computed profile of silicon, with results that were looked at and kept.
+TEST(ManipulationJourney, SiliconWithoutItsBackgroundAndFiltered) {
+  CommandSession session;
+  session.Play(WorkbenchSession::LoadCommands(KOPRAX_SOURCE_DIR "/examples/silicon.dat", 1, 'a') +
+               "click Form1.cmdAnal\nclick Form10.optA\ninput \"60\"\ninput \"y\"\ninput \"y\"\ninput \"n\"\n"
+               "click Form12.cmdBckg\nclick Form12.cmdSave\nclick Form16.optB\n"
+               "click Form12.cmdSubtr\nclick Form12.cmdSave\nclick Form16.optC\nclick Form12.cmdQuitBckg\n"
+               "click Form12.cmdMain\nclick Form1.cmdAnal\nclick Form10.optC\n"
+               "click Form12.cmdDFT\ninput \"1.5\"\nclick Form12.cmdFilter\nclick Form12.cmdDFTInv\n"
+               "click Form12.Command7\nclick Form18.optD\n");
+  std::string text = "2-theta, background, net, filtered\n";
+  for (std::size_t i = 1; i <= 6001; i += 75) {
+    const auto y = [&](int slot) { return session.Data().Buffer(slot).PermY[i]; };
+    // The filtered profile may differ in its last bit with the sines of the system.
+    text += GeneralText(session.Data().Buffer(2).PermX[i]) + " " + GeneralText(y(2)) + " " +
+            GeneralText(y(3)) + " " + RoundedText(y(4), 2) + "\n";
+  }
+  ExpectGolden(text, "app/manipulation_journey.golden");
+}
+
+}  // namespace
+}  // namespace koprax
