@@ -3,57 +3,60 @@
 #include <numbers>
 
 #include "manipulation/phase_table.h"
+#include "manipulation/vector_types.h"
 
 namespace koprax {
 
 namespace {
 
-/// Two stretches of a table that butterflies join, and the turns between them.
-struct Halves {
-  double* Re1;
-  double* Im1;
-  double* Re2;
-  double* Im2;
-  const double* Cos;
-  const double* Sin;
+/// As many complex numbers as a vector has lanes.
+template <class Vectors>
+struct ComplexVector {
+  typename Vectors::Doubles Re;
+  typename Vectors::Doubles Im;
+
+  [[gnu::always_inline]] void Take(const ComplexTable& table, std::size_t first) {
+    Load(table.Re.data() + first, Re);
+    Load(table.Im.data() + first, Im);
+  }
+  [[gnu::always_inline]] void Put(ComplexTable& table, std::size_t first) const {
+    Store(Re, table.Re.data() + first);
+    Store(Im, table.Im.data() + first);
+  }
 };
 
-/// The two stretches of h numbers from `first` on.
-Halves HalvesFrom(ComplexTable& table, std::size_t first, std::size_t h, const ComplexTable& turns) {
-  double* const re = table.Re.data() + first;
-  double* const im = table.Im.data() + first;
-  return {re, im, re + h, im + h, turns.Re.data() + h, turns.Im.data() + h};
-}
-
-/// Sums go to the first half, differences, turned backward, to the second.
-[[gnu::always_inline]] inline void SplitHalves(const Halves& halves, std::size_t h) {
-  double* __restrict re1 = halves.Re1;
-  double* __restrict im1 = halves.Im1;
-  double* __restrict re2 = halves.Re2;
-  double* __restrict im2 = halves.Im2;
-  for (std::size_t j = 0; j < h; ++j) {
-    const double re = re1[j] - re2[j];
-    const double im = im1[j] - im2[j];
-    re1[j] += re2[j];
-    im1[j] += im2[j];
-    re2[j] = re * halves.Cos[j] + im * halves.Sin[j];
-    im2[j] = im * halves.Cos[j] - re * halves.Sin[j];
+/// Of 2 h numbers from `first` on, sums go to the first half, differences, turned backward, to the second.
+template <class Vectors>
+[[gnu::always_inline]] inline void SplitHalves(ComplexTable& table, std::size_t first, std::size_t h,
+                                               const ComplexTable& turns) {
+  for (std::size_t j = first; j < first + h; j += Vectors::Lanes) {
+    ComplexVector<Vectors> a;
+    ComplexVector<Vectors> b;
+    ComplexVector<Vectors> turn;
+    a.Take(table, j);
+    b.Take(table, j + h);
+    turn.Take(turns, h + j - first);
+    ComplexVector<Vectors>{a.Re + b.Re, a.Im + b.Im}.Put(table, j);
+    const ComplexVector<Vectors> less{a.Re - b.Re, a.Im - b.Im};
+    ComplexVector<Vectors>{less.Re * turn.Re + less.Im * turn.Im, less.Im * turn.Re - less.Re * turn.Im}.Put(
+        table, j + h);
   }
 }
 
 /// The second half is turned forward; then sums go to the first, differences to the second.
-[[gnu::always_inline]] inline void JoinHalves(const Halves& halves, std::size_t h) {
-  double* __restrict re1 = halves.Re1;
-  double* __restrict im1 = halves.Im1;
-  double* __restrict re2 = halves.Re2;
-  double* __restrict im2 = halves.Im2;
-  for (std::size_t j = 0; j < h; ++j) {
-    const double re = re2[j] * halves.Cos[j] - im2[j] * halves.Sin[j];
-    const double im = im2[j] * halves.Cos[j] + re2[j] * halves.Sin[j];
-    re2[j] = re1[j] - re;
-    im2[j] = im1[j] - im;
-    re1[j] += re;
-    im1[j] += im;
+template <class Vectors>
+[[gnu::always_inline]] inline void JoinHalves(ComplexTable& table, std::size_t first, std::size_t h,
+                                              const ComplexTable& turns) {
+  for (std::size_t j = first; j < first + h; j += Vectors::Lanes) {
+    ComplexVector<Vectors> a;
+    ComplexVector<Vectors> b;
+    ComplexVector<Vectors> turn;
+    a.Take(table, j);
+    b.Take(table, j + h);
+    turn.Take(turns, h + j - first);
+    const ComplexVector<Vectors> turned{b.Re * turn.Re - b.Im * turn.Im, b.Im * turn.Re + b.Re * turn.Im};
+    ComplexVector<Vectors>{a.Re + turned.Re, a.Im + turned.Im}.Put(table, j);
+    ComplexVector<Vectors>{a.Re - turned.Re, a.Im - turned.Im}.Put(table, j + h);
   }
 }
 
@@ -72,30 +75,40 @@ ComplexTable TurnsOfHalves(std::size_t size) {
 }
 
 /// To the coefficients, in a scrambled order.
+template <class Vectors>
 [[gnu::always_inline]] inline void TransformForward(ComplexTable& table, const ComplexTable& turns) {
   const std::size_t size = table.Re.size();
   for (std::size_t h = size / 2; h > 0; h /= 2) {
     for (std::size_t first = 0; first < size; first += 2 * h) {
-      SplitHalves(HalvesFrom(table, first, h, turns), h);
+      if (h >= Vectors::Lanes) {
+        SplitHalves<Vectors>(table, first, h, turns);
+      } else {
+        SplitHalves<Vectors8>(table, first, h, turns);
+      }
     }
   }
 }
 
 /// From coefficients in that order to the numbers they come from, times their count.
+template <class Vectors>
 [[gnu::always_inline]] inline void TransformBackward(ComplexTable& table, const ComplexTable& turns) {
   const std::size_t size = table.Re.size();
   for (std::size_t h = 1; h < size; h *= 2) {
     for (std::size_t first = 0; first < size; first += 2 * h) {
-      JoinHalves(HalvesFrom(table, first, h, turns), h);
+      if (h >= Vectors::Lanes) {
+        JoinHalves<Vectors>(table, first, h, turns);
+      } else {
+        JoinHalves<Vectors8>(table, first, h, turns);
+      }
     }
   }
 }
 
 /// The scrambled order doesn't matter to products of coefficients, so it is never put right.
-[[gnu::always_inline]] inline void ConvolveInline(ComplexTable& a, ComplexTable& b,
-                                                  const ComplexTable& turns) {
-  TransformForward(a, turns);
-  TransformForward(b, turns);
+template <class Vectors>
+[[gnu::always_inline]] inline void ConvolveBy(ComplexTable& a, ComplexTable& b, const ComplexTable& turns) {
+  TransformForward<Vectors>(a, turns);
+  TransformForward<Vectors>(b, turns);
   const std::size_t size = a.Re.size();
   for (std::size_t j = 0; j < size; ++j) {
     const double re = a.Re[j] * b.Re[j] - a.Im[j] * b.Im[j];
@@ -103,13 +116,13 @@ ComplexTable TurnsOfHalves(std::size_t size) {
     a.Re[j] = re / static_cast<double>(size);
     a.Im[j] = im / static_cast<double>(size);
   }
-  TransformBackward(a, turns);
+  TransformBackward<Vectors>(a, turns);
 }
 
 #ifdef __x86_64__
 __attribute__((target("avx2"))) void ConvolveAvx2(ComplexTable& a, ComplexTable& b,
                                                   const ComplexTable& turns) {
-  ConvolveInline(a, b, turns);
+  ConvolveBy<Vectors32>(a, b, turns);
 }
 #endif
 
@@ -123,7 +136,7 @@ void Convolve(VectorWidth width, ComplexTable& a, ComplexTable& b) {
 #else
   static_cast<void>(width);
 #endif
-  ConvolveInline(a, b, turns);
+  ConvolveBy<Vectors16>(a, b, turns);
 }
 
 }  // namespace koprax

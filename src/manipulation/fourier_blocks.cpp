@@ -1,36 +1,12 @@
 #include "manipulation/fourier_blocks.h"
 
 #include <cstddef>
-#include <cstring>
+
+#include "manipulation/vector_types.h"
 
 namespace koprax {
 
 namespace {
-
-struct Vectors16 {
-  static constexpr std::size_t Lanes = 2;
-  using Doubles = double __attribute__((vector_size(16)));
-};
-
-struct Vectors32 {
-  static constexpr std::size_t Lanes = 4;
-  using Doubles = double __attribute__((vector_size(32)));
-};
-
-struct Vectors64 {
-  static constexpr std::size_t Lanes = 8;
-  using Doubles = double __attribute__((vector_size(64)));
-};
-
-template <class Vector>
-[[gnu::always_inline]] inline void Load(const double* from, Vector& to) {
-  std::memcpy(&to, from, sizeof to);
-}
-
-template <class Vector>
-[[gnu::always_inline]] inline void Store(const Vector& from, double* to) {
-  std::memcpy(to, &from, sizeof from);
-}
 
 /// The turns of a centre times the coefficients.
 struct CentreTerms {
