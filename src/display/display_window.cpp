@@ -68,10 +68,11 @@ LayoutNode Form6::EditLayout() {
 void Form6::ArrangeControls() {
   SetLayout(Row({
                 Stretched(Column({
-                    Row({Stretched(Text1), Text2}),
-                    Text5,
+                    Row({Stretched(Boxes.Text1), Boxes.Text2}),
+                    Boxes.Text5,
                     Stretched(Picture1),
-                    Row({Stretched(Text6), Stretched(Text7), Stretched(Text9), Stretched(Text16)}),
+                    Row({Stretched(Boxes.Text6), Stretched(Boxes.Text7), Stretched(Boxes.Text9),
+                         Stretched(Text16)}),
                     Row({Text3, Text4, Space(), KeepingRoom(optOK), KeepingRoom(optNO)}),
                 })),
                 Column({
@@ -184,7 +185,7 @@ bool Form6::ShowProfile(int slot) {
                    .ChannelX = 103,
                    .ChannelY = 10},
                   Picture1);
-  FillBoxes(slot);
+  Boxes.Show(TextsOf(context_.Data, slot));
   if (buffer.Wavelength == 0) {
     EnterPrompt();
   }
@@ -199,16 +200,6 @@ void Form6::RedrawProfile() {
     KeepExplorerScale();
     MarkPeaks();
   }
-}
-
-void Form6::FillBoxes(int slot) {
-  const ProfileTexts texts = TextsOf(context_.Data, slot);
-  Text6.Text = texts.XMin;
-  Text7.Text = texts.XMax;
-  Text9.Text = texts.Step;
-  Text1.Text = texts.File;
-  Text2.Text = texts.Buffer;
-  Text5.Text = texts.Title;
 }
 
 void Form6::ShowWavelength() { Text16.Text = "l = " + GeneralText(Buffer().Wavelength); }
@@ -357,8 +348,8 @@ void Form6::SaveProfile() {
 
 void Form6::ShowNewTitle() {
   BringToFront();
-  Text5.Text = Buffer().Title;
-  Text1.Text = "Modified file";
+  Boxes.Text5.Text = Buffer().Title;
+  Boxes.Text1.Text = "Modified file";
 }
 
 void Form6::ReturnToMainMenu() {

@@ -12,6 +12,7 @@
 #include "display/edit_portion.h"
 #include "display/peak_picking.h"
 #include "display/plot_transform.h"
+#include "display/profile_boxes.h"
 #include "display/rubber_band.h"
 #include "display/zoom_window.h"
 #include "forms/form.h"
@@ -44,7 +45,6 @@ class Form6 final : public Form {
 
   void EnterMode(DisplayMode mode);
   void RedrawProfile();
-  void FillBoxes(int slot);
   void ShowWavelength();
   void EnterPrompt();
   void AcceptWavelength();
@@ -162,12 +162,7 @@ class Form6 final : public Form {
   Shape Shape1{Picture1, "Shape1", RestingBandEdge, RestingBandEdge, BandSize, BandSize};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
 
-  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 30}};
-  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 9}};
-  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 40}};
-  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 12}};
-  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 12}};
-  TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 12}};
+  ProfileBoxes Boxes{*this};
   TextBox Text16{*this, "Text16", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 11}};
   TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
   TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};

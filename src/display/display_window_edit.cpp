@@ -163,8 +163,8 @@ void Form6::QuitEdit() {
   Shape1.Width = Shape1.Height = AcceptedBandSize;
   EnterMode(DisplayMode::EditLeft);
   cmdManExpl.Enabled = state_.SavedExplEnabled;
-  Text6.Text = state_.SavedText6;
-  Text7.Text = state_.SavedText7;
+  Boxes.Text6.Text = state_.SavedText6;
+  Boxes.Text7.Text = state_.SavedText7;
 }
 
 void Form6::EnableDecision(bool enabled) { cmdAccept.Enabled = cmdEditNO.Enabled = enabled; }

@@ -215,8 +215,7 @@ void Form6::ReturnFromZoom() {
   HideSelection();
   EnterMode(DisplayMode::ExplorerZoomLeft);
   EnableListCommands();
-  Text6.Text = "xmin " + GeneralText(Buffer().WorkXMin);
-  Text7.Text = "xmax " + GeneralText(Buffer().WorkXMax);
+  Boxes.ShowRange({.Low = Buffer().WorkXMin, .High = Buffer().WorkXMax});
   BringToFront();
 }
 

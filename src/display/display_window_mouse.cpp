@@ -32,8 +32,8 @@ void Form6::StartSelection(DisplayMode mode) {
   }
   if (!Selecting()) {
     state_.SavedYMax = Buffer().WorkYMax;
-    state_.SavedText6 = Text6.Text;
-    state_.SavedText7 = Text7.Text;
+    state_.SavedText6 = Boxes.Text6.Text;
+    state_.SavedText7 = Boxes.Text7.Text;
     state_.DragActive = state_.IgnoreUp = false;
   }
   SetSelection(mode == DisplayMode::ZoomSelection, mode == DisplayMode::EditSelection);
@@ -86,8 +86,7 @@ void Form6::ShowSelectedRange(const XRange& range) {
   const XRange shown = AsShown(range);
   state_.SelXLow = shown.Low;
   state_.SelXHigh = shown.High;
-  Text6.Text = "xmin " + GeneralText(shown.Low);
-  Text7.Text = "xmax " + GeneralText(shown.High);
+  Boxes.ShowRange(shown);
 }
 
 void Form6::AcceptSelection() {
@@ -115,8 +114,8 @@ void Form6::CancelSelection() {
   HideSelection();
   Shape1.Width = BandSize;
   Buffer().WorkYMax = state_.SavedYMax;
-  Text6.Text = state_.SavedText6;
-  Text7.Text = state_.SavedText7;
+  Boxes.Text6.Text = state_.SavedText6;
+  Boxes.Text7.Text = state_.SavedText7;
   if (Frame4.Visible) {  // the selection was made from a paused explorer
     EnterMode(DisplayMode::ExplorerZoomCancelled);
     return;

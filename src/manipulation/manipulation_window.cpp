@@ -21,10 +21,10 @@ Form12::Form12(const WindowContext& context)
 
 LayoutNode Form12::PictureLayout() {
   return Column({
-      Row({Stretched(Text1), Text2}),
-      Text5,
+      Row({Stretched(Boxes.Text1), Boxes.Text2}),
+      Boxes.Text5,
       Stretched(Picture1),
-      Row({Stretched(Text6), Stretched(Text7), Stretched(Text9)}),
+      Row({Stretched(Boxes.Text6), Stretched(Boxes.Text7), Stretched(Boxes.Text9)}),
       Row({Text3, Text4, Space(), KeepingRoom(optOK), KeepingRoom(optNO)}),
   });
 }
@@ -126,18 +126,8 @@ bool Form12::ShowProfile(int slot) {
   state_.Whole = LimitsOfDrawing(data);
   state_.PictureXMin = state_.Whole.XMin;
   state_.NegativeY = Buffer().NegativeY;
-  FillBoxes(slot);
+  Boxes.Show(TextsOf(context_.Data, slot));
   return true;
-}
-
-void Form12::FillBoxes(int slot) {
-  const ProfileTexts texts = TextsOf(context_.Data, slot);
-  Text6.Text = texts.XMin;
-  Text7.Text = texts.XMax;
-  Text9.Text = texts.Step;
-  Text1.Text = texts.File;
-  Text2.Text = texts.Buffer;
-  Text5.Text = texts.Title;
 }
 
 void Form12::SaveBitmap() {
@@ -165,8 +155,8 @@ void Form12::SaveSmoothed(bool by_dft) {
     // The window goes on with the buffer that was saved to.
     state_.Slot = data.CurBuf;
     const ProfileTexts texts = TextsOf(data, data.CurBuf);
-    Text2.Text = texts.Buffer;
-    Text5.Text = texts.Title;
+    Boxes.Text2.Text = texts.Buffer;
+    Boxes.Text5.Text = texts.Title;
   });
   context_.Data.SaveDft = by_dft;
 }

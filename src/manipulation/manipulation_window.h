@@ -11,6 +11,7 @@
 
 #include "display/drawn_plot.h"
 #include "display/plot_transform.h"
+#include "display/profile_boxes.h"
 #include "display/rubber_band.h"
 #include "forms/form.h"
 #include "manipulation/background_plot.h"
@@ -47,7 +48,6 @@ class Form12 final : public Form {
   [[nodiscard]] LayoutNode PictureLayout();
   [[nodiscard]] LayoutNode ToolsLayout();
   void ConnectHandlers();
-  void FillBoxes(int slot);
   void SaveBitmap();
   void ReturnToMainMenu();
 
@@ -63,7 +63,6 @@ class Form12 final : public Form {
   void MouseMoved(float x, float y);
   void MouseReleased(float x);
   void ShowReadOut(float x, float y);
-  void ShowRange(float low, float high);
   void StartZoom();
   void AcceptZoom();
   void CancelZoom();
@@ -169,12 +168,7 @@ class Form12 final : public Form {
   PictureBox Picture2{*this, "Picture2", ProgressPicture()};
   LineShape Line1{Picture2, "Line1", colours::Blue, 0, 100, 2, 100, 5};
 
-  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 30}};
-  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 9}};
-  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 40}};
-  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 12}};
-  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 12}};
-  TextBox Text9{*this, "Text9", {.Locked = true, .Columns = 12}};
+  ProfileBoxes Boxes{*this};
   TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
   TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
   OptionButton optOK{*this, "optOK", {.Caption = "OK"}};

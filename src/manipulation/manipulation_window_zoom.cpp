@@ -65,12 +65,7 @@ void Form12::MouseReleased(float x) {
   Buffer().WorkYMax = state_.ZoomTop;
   state_.ZoomLow = RoundDecimals(range.Low, 3);
   state_.ZoomHigh = RoundDecimals(range.High, 3);
-  ShowRange(state_.ZoomLow, state_.ZoomHigh);
-}
-
-void Form12::ShowRange(float low, float high) {
-  Text6.Text = "xmin " + GeneralText(low);
-  Text7.Text = "xmax " + GeneralText(high);
+  Boxes.ShowRange({state_.ZoomLow, state_.ZoomHigh});
 }
 
 // The zoom.
@@ -149,7 +144,7 @@ void Form12::ForgetZoom() {
   }
   state_.ZoomSelect = state_.ZoomDrag = state_.Zoomed = false;
   cmdZoom.Caption = "Zoom";
-  ShowRange(state_.Whole.XMin, state_.Whole.XMax);
+  Boxes.ShowRange({state_.Whole.XMin, state_.Whole.XMax});
   HideSelection();
   Picture1.MousePointer = Pointer::Arrow;
   EnableBackgroundCommands(true);
