@@ -7,16 +7,17 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <vector>
 
 #include "manipulation/vector_width.h"
 
 namespace koprax {
 
-inline constexpr int StretchLength = 64;  ///< coefficients that are added in one go
-inline constexpr int Distances = 16;      ///< pairs of points in a block
-inline constexpr int BlockPoints = 2 * Distances;
-inline constexpr int BlocksInStep = 2;  ///< blocks are worked on by twos
+inline constexpr std::size_t StretchLength = 64;  ///< coefficients that are added in one go
+inline constexpr std::size_t Distances = 16;      ///< pairs of points in a block
+inline constexpr std::size_t BlockPoints = 2 * Distances;
+inline constexpr std::size_t BlocksInStep = 2;  ///< blocks are worked on by twos
 
 /// What the points at one distance from the centre of their block are turned by, for one coefficient.
 struct DistanceTurns {

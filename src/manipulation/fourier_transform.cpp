@@ -187,7 +187,7 @@ void InverseDft(const CoefficientTable& re, const CoefficientTable& im, int high
   const auto h = static_cast<std::size_t>(highest);
   int told = 0;
   const auto tell_up_to = [&](std::size_t done) {
-    for (; static_cast<std::size_t>(told + ToldEvery) <= done; tell(told)) told += ToldEvery;
+    while (told + ToldEvery <= static_cast<int>(done)) tell(told += ToldEvery);
   };
   if (!FitsNormalRange(re, im, h)) {
     SumPlainly(re, im, h, step, n, y);
