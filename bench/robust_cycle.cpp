@@ -1,6 +1,6 @@
 // How long the three smoothing passes of one background cycle take over 8000 points with a window of 300,
-// against the plain loops that keep a running copy of the window, in each width of vectors that the processor
-// has.
+// against the plain loops, which work in place and so keep a running copy of the window, in each width of
+// vectors that the processor has.
 #include <benchmark/benchmark.h>
 
 #include <array>

@@ -51,7 +51,11 @@ class Workbench::Windows final : public MainServices,
     Workspace& data = context_.Data;
     PickerActions actions;
     if (data.ModeOut) {
-      actions.Chosen = [this](Form&, const std::vector<int>&) { SaveChosenProfile(context_); };
+      actions.Chosen = [this](Form&, const std::vector<int>&) {
+        // A picker that this one has replaced leaves nothing behind that would turn a later load into something else.
+        context_.Data.ModeAnal = context_.Data.ModeFit = false;
+        SaveChosenProfile(context_);
+      };
     } else {
       actions.Chosen = [this](Form& picker, const std::vector<int>&) { OpenChosenProfile(context_, picker); };
     }
@@ -146,7 +150,7 @@ const std::vector<std::string>& Workbench::FormNames() {
       "Form12",
       title_windows::ComputedProfile.Name,
       "Form15",
-      pickers::Calibration.Name,
+      pickers::CalibrationOrBackground.Name,
       pickers::Erase.Name,
       pickers::SmoothedResult.Name,
       pickers::FitBackground.Name,

@@ -137,6 +137,7 @@ void Form6::TakeUp() {
 
 void Form6::OnLoad() {
   state_.Slot = context_.Data.CurBuf;
+  state_.Permanent = Buffer().PermY;
   context_.Data.ZoomMode = context_.Data.ExplorerMode = false;
   for (Control* hidden :
        {static_cast<Control*>(&Line1), static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
@@ -333,12 +334,23 @@ bool Form6::HasCurve() {
   return false;
 }
 
+/// A result of another window may have gone into the buffer since; it is not to be written over.
+bool Form6::HoldsItsProfile() {
+  if (Buffer().PermY == state_.Permanent) {
+    return true;
+  }
+  Desk().Host().MsgBox(ErrorMessage("Buffer " + Buffer().BufLetter +
+                                    " has been filled anew in another window.\r\nDisplay it again first."));
+  return false;
+}
+
 void Form6::SaveProfile() {
-  if (!HasCurve()) {
+  if (!HasCurve() || !HoldsItsProfile()) {
     return;
   }
   EnterMode(DisplayMode::Saved);
   CommitTemporaryCopy(Buffer());
+  state_.Permanent = Buffer().PermY;
   Buffer().Title = FixedField(RightTrimmed(Buffer().Title) + " Modified by KOPRAX", TitleWidth);
   Desk()
       .Load<TitleWindow>(context_, title_windows::SavedProfile,

@@ -53,6 +53,7 @@ class Form6 final : public Form {
   [[nodiscard]] bool AskForCalibration();
   [[nodiscard]] bool HasPlot();
   [[nodiscard]] bool HasCurve();
+  [[nodiscard]] bool HoldsItsProfile();
   [[nodiscard]] bool HoldsProfile();
   void Print();
   void SaveBitmap();
@@ -133,7 +134,8 @@ class Form6 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;  ///< of the profile on show
+    int Slot = 0;          ///< of the profile on show
+    PointTable Permanent;  ///< its permanent copy as this window took or left it
     DrawnPlot Shown;
     bool DragActive = false;     ///< the rubber band follows the mouse
     bool ZoomSelecting = false;  ///< a zoom selection is under way here

@@ -50,10 +50,9 @@ void DrawDashedCurve(const PlotTransform& plot, const CurvePoints& points, const
 
 void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
                     Colour colour, Surface& surface) {
-  const SegmentPen pen{.Plot = plot, .X = points.X, .Origin = origin, .Picture = surface};
-  for (std::size_t i = 2; i <= static_cast<std::size_t>(points.Count); ++i) {
-    pen.Draw(points.Y, i, colour);
-  }
+  DrawSegments(plot, points, origin, colour, surface, [&](const CurveSegment& segment) {
+    return !IsAboveTop(plot, segment.PictureY1) && !IsAboveTop(plot, segment.PictureY2);
+  });
 }
 
 void DrawProfileWithBackground(const PlotTransform& plot, const ProfileAndBackground& points,

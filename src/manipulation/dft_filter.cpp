@@ -53,7 +53,7 @@ void AttenuateCoefficients(float parameter, DftFilter& filter) {
   const double start = filter.DftCount / 1.3 + 1.0;
   const std::int16_t half_width = ToInt16((filter.DftCount - start) / 2).value_or(0);
   if (parameter == 0) return;
-  // Below nine points the roll-off has no width and takes away what it touches.
+  // Below sixteen points the roll-off has no width and takes away what it touches.
   const auto width = static_cast<float>(1.0 / parameter * half_width);
   for (int i = static_cast<int>(RoundHalfEven(start)); i <= filter.Highest(); ++i) {
     const std::int16_t distance = ToInt16(i - start + 1).value_or(0);

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 
 #include "manipulation/fast_convolution.h"
 #include "manipulation/fourier_blocks.h"
@@ -138,10 +139,11 @@ void StoreBlock(const BlockSums& sums, std::size_t block, std::size_t count, Poi
   }
 }
 
-/// The sums as they are defined.
+/// The sums as they are defined. It takes long, so it tells how far it is as it goes.
 void SumPlainly(const CoefficientTable& re, const CoefficientTable& im, std::size_t highest, double step,
-                std::size_t count, PointTable& y) {
+                std::size_t count, PointTable& y, const std::function<void(std::size_t)>& tell_up_to) {
   for (std::size_t j = 0; j < count; ++j) {
+    tell_up_to(j);
     float sum = 0;
     for (std::size_t k = 0; k < highest; ++k) {
       const double angle = static_cast<double>(j * k) * step;
@@ -190,7 +192,7 @@ void InverseDft(const CoefficientTable& re, const CoefficientTable& im, int high
     while (told + ToldEvery <= static_cast<int>(done)) tell(told += ToldEvery);
   };
   if (!FitsNormalRange(re, im, h)) {
-    SumPlainly(re, im, h, step, n, y);
+    SumPlainly(re, im, h, step, n, y, tell_up_to);
     return tell_up_to(n);
   }
   const GroupSums group_sums(re, im, h, step, n, width);

@@ -3,6 +3,8 @@
 #include "manipulation/manipulation_window.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
 
 #include "display/bitmap_window.h"
 #include "display/plot_axes.h"
@@ -10,6 +12,7 @@
 #include "forms/desktop.h"
 #include "manipulation/result_saving.h"
 #include "workspace/buffer_commands.h"
+#include "workspace/temporary_copy.h"
 
 namespace koprax {
 
@@ -52,6 +55,7 @@ void Form12::ArrangeControls() { SetLayout(Row({Stretched(PictureLayout()), Tool
 template <class Command>
 std::function<void()> Form12::OnItsProfile(Command command) {
   return [this, command] {
+    ClosePicker();  // the result that it waits for may be another one after the command
     TakeUp();
     command();
   };
@@ -74,7 +78,7 @@ void Form12::ConnectHandlers() {
   Command14.OnClick = WithProfile([this] { SaveSmoothed(false); });
   Command17.OnClick = [this] { QuitSmoothing(); };
 
-  cmdBckg.OnClick = WithProfile([this] { EstimateBackground(); });
+  cmdBckg.OnClick = WithProfile([this] { ResumeEstimate(); });
   cmdResume.OnClick = WithProfile([this] { ResumeEstimate(); });
   cmdSubtr.OnClick = WithProfile([this] { Subtract(); });
   cmdRes.OnClick = WithProfile([this] { Rescale(); });
@@ -98,7 +102,6 @@ void Form12::ConnectHandlers() {
 
 void Form12::OnLoad() {
   state_.Slot = context_.Data.CurBuf;
-  state_.Points = Buffer().PermNpts;
   for (Control* hidden :
        {static_cast<Control*>(&optOK), static_cast<Control*>(&optNO), static_cast<Control*>(&Shape1),
         static_cast<Control*>(&Frame2), static_cast<Control*>(&Line1)}) {
@@ -120,6 +123,7 @@ bool Form12::ShowProfile(int slot) {
   const bool drawn = DrawProfile(data, slot, Picture1, [this](const Message& message) { Tell(message); });
   state_.Shown.Keep(data, drawn);
   state_.Plotted = drawn;
+  KeepPoints(Buffer().WorkY);
   if (!drawn) {
     return false;
   }
@@ -146,17 +150,16 @@ void Form12::ReturnToMainMenu() {
 // Results into buffers.
 
 void Form12::SaveBackground() {
-  OpenPicker(pickers::Calibration, [](Workspace& data) { SaveBackgroundResult(data); });
+  OpenPicker(pickers::CalibrationOrBackground, [](Workspace& data) { SaveBackgroundResult(data); });
 }
 
+/// The window goes on with the buffer that was saved to.
 void Form12::SaveSmoothed(bool by_dft) {
   OpenPicker(pickers::SmoothedResult, [this](Workspace& data) {
     SaveSmoothedResult(data);
-    // The window goes on with the buffer that was saved to.
+    state_.CopyIsDue = data.CurBuf != state_.Slot;
     state_.Slot = data.CurBuf;
-    const ProfileTexts texts = TextsOf(data, data.CurBuf);
-    Boxes.Text2.Text = texts.Buffer;
-    Boxes.Text5.Text = texts.Title;
+    KeepPoints(Buffer().PermY);
   });
   context_.Data.SaveDft = by_dft;
 }
@@ -177,12 +180,15 @@ void Form12::OpenPicker(const PickerKind& kind, const std::function<void(Workspa
 void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save) {
   Workspace& data = context_.Data;
   data.SumSource = static_cast<std::int16_t>(source);
-  if (HasProfile()) {
-    save(data);
-  } else {
+  if (!HasProfile()) {
     MakeCurrent(context_, source);
     data.SaveDft = false;
+    return;
   }
+  save(data);
+  const ProfileTexts texts = TextsOf(data, state_.Slot);
+  Boxes.Text2.Text = texts.Buffer;
+  Boxes.Text5.Text = texts.Title;
 }
 
 void Form12::ClosePicker() {
@@ -203,6 +209,10 @@ void Form12::TakeUp() {
   if (data.CurBuf != 0) {
     MakeCurrent(context_, state_.Slot);
   }
+  if (state_.CopyIsDue && HoldsItsPoints()) {
+    TakeTemporaryCopy(Buffer());
+    state_.CopyIsDue = false;
+  }
   if (state_.Plotted) {
     state_.Shown.PutBack(data);
     TakeLimitsOfDrawing(data, state_.Whole);
@@ -211,17 +221,26 @@ void Form12::TakeUp() {
 }
 
 bool Form12::HasProfile() {
-  const ProfileBuffer& buffer = Buffer();
-  const char* const problem = buffer.PermNpts == 0               ? " holds no profile."
-                              : buffer.PermNpts != state_.Points ? " holds another profile by now."
-                              : buffer.WorkNpts != state_.Points ? " has been cut in another window."
-                                                                 : nullptr;
-  if (problem != nullptr) {
-    Tell(ErrorMessage("Buffer " + buffer.BufLetter + problem +
+  if (!HoldsItsPoints()) {
+    const ProfileBuffer& buffer = Buffer();
+    Tell(ErrorMessage("Buffer " + buffer.BufLetter +
+                      (buffer.PermNpts == 0 ? " holds no profile." : " has been changed in another window.") +
                       "\r\nOpen a profile with \"Profile manipulation\" of the main menu."));
     return false;
   }
   return HasPlot();
+}
+
+bool Form12::HoldsItsPoints() const {
+  const ProfileBuffer& buffer = Buffer();
+  const auto points = static_cast<std::int16_t>(state_.Points.size());
+  const PointTable& y = state_.CopyIsDue ? buffer.PermY : buffer.WorkY;
+  return points > 0 && buffer.PermNpts == points && buffer.WorkNpts == points &&
+         std::ranges::equal(state_.Points, std::span(y).subspan(1, state_.Points.size()));
+}
+
+void Form12::KeepPoints(const PointTable& y) {
+  state_.Points.assign(y.begin() + 1, y.begin() + 1 + Buffer().PermNpts);
 }
 
 bool Form12::HasPlot() {
@@ -238,8 +257,12 @@ void Form12::TellBeyondRange(const std::string& what) {
       what + " would go beyond 3.4E+38, the largest number that a buffer holds.\r\nNothing is changed."));
 }
 
-bool Form12::DrawFrame(const PlotLimits& limits) {
+bool Form12::DrawNewFrame(const PlotLimits& limits) {
   ForgetZoom();
+  return DrawFrame(limits);
+}
+
+bool Form12::DrawFrame(const PlotLimits& limits) {
   Picture1.Cls();
   const bool drawn = DrawAxes(context_.Data, limits, Picture1);
   state_.Shown.Keep(context_.Data, drawn);

@@ -85,6 +85,7 @@ class Form12 final : public Form {
   void EnterBackgroundMode();
   [[nodiscard]] std::optional<int> AskForAveragingWindow();
   [[nodiscard]] bool RunCycles(int window);
+  [[nodiscard]] bool Cycle(int window);
   void ReadBackSmoothCurve();
   void DrawCycle();
   [[nodiscard]] bool WantsAnotherCycle();
@@ -123,14 +124,18 @@ class Form12 final : public Form {
   template <class Command>
   [[nodiscard]] std::function<void()> WithProfile(Command command);
   [[nodiscard]] bool HasProfile();
+  /// Whether the buffer still holds the points that this window has shown or left there.
+  [[nodiscard]] bool HoldsItsPoints() const;
+  void KeepPoints(const PointTable& y);
   [[nodiscard]] bool HasPlot();
   void Tell(const Message& message);
   void TellBeyondRange(const std::string& what);
-  /// Clears the picture and draws a frame; any zoom is over. False when the limits span nothing, which is
-  /// told.
+  /// Clears the picture and draws a frame. False when the limits span nothing, which is told.
   bool DrawFrame(const PlotLimits& limits);
+  /// The same for another picture than a portion of the profile: a zoom is over.
+  bool DrawNewFrame(const PlotLimits& limits);
   /// The frame of the whole profile.
-  bool DrawWholeFrame() { return DrawFrame(state_.Whole); }
+  bool DrawWholeFrame() { return DrawNewFrame(state_.Whole); }
   /// A curve over X of the permanent copy in the frame on show.
   void DrawOverX(const PointTable& y, Colour colour);
   [[nodiscard]] CurveOrigin Origin() const;
@@ -138,7 +143,8 @@ class Form12 final : public Form {
   /// What stands as long as the window is loaded.
   struct State {
     int Slot = 0;                ///< of the profile of the window
-    int Points = 0;              ///< of that profile as it was shown
+    PointTable Points;           ///< its intensities, as this window has shown or left them
+    bool CopyIsDue = false;      ///< they stand in its permanent copy alone
     PlotLimits Whole{};          ///< of the plot of the whole profile
     bool Plotted = false;        ///< there is such a plot
     DrawnPlot Shown;             ///< the frame on show

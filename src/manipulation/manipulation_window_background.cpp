@@ -1,6 +1,7 @@
 // The estimate of the background in the manipulation window, and what is done with it.
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "display/colours_window.h"
@@ -64,32 +65,42 @@ std::optional<int> Form12::AskForAveragingWindow() {
     } else {
       Tell({.Text = "\"" + answer + "\" gives no window of " + std::to_string(LeastWindow) + " to " +
                     std::to_string(LargestWindow) +
-                    " points.\r\nGive a number of points above 5, or a width in 2-theta units up to 5: the "
-                    "window is "
-                    "three times as wide.",
+                    " points.\r\nGive a number of points above 5, or a width in 2-theta units up to 5: "
+                    "the window is three times as wide.",
             .Title = "Warning",
             .Icon = MessageIcon::Information});
     }
   }
 }
 
-/// False, and the background is as it was, when a sum goes beyond 32 bits.
+/// Tells the user, and leaves the background as it was, when a sum goes beyond 32 bits.
 bool Form12::RunCycles(int window) {
   Workspace& data = context_.Data;
-  const PointTable before = data.BackgroundY;
+  PointTable background = data.BackgroundY;
+  PointTable padded = data.PaddedY;
+  const int half_window = std::exchange(state_.HalfWindow, window / 2);
+  if (Cycle(window)) {
+    return true;
+  }
+  data.BackgroundY = std::move(background);
+  data.PaddedY = std::move(padded);
+  state_.HalfWindow = half_window;
+  TellBeyondRange("A sum of intensities");
+  return false;
+}
+
+/// False when a sum goes beyond 32 bits.
+bool Form12::Cycle(int window) {
+  Workspace& data = context_.Data;
   const PointTable& y = Buffer().WorkY;
   const int points = Buffer().PermNpts;
-  state_.HalfWindow = window / 2;
   const EndMeans ends = MeansAtEnds(y, points);
-  if (!HasBackground(data.BackgroundY)) {
-    StartBackground(y, points, data.BackgroundY);
+  if (!HasBackground(data.BackgroundY) && !StartBackground(y, points, data.BackgroundY)) {
+    return false;
   }
   for (;;) {
     SmoothBackground(data.BackgroundY, points, window, ends, data.PaddedY);
     if (!PointsAreFinite(data.PaddedY, points + window)) {
-      data.BackgroundY = before;
-      std::ranges::fill(data.PaddedY, 0.0F);
-      TellBeyondRange("A sum of intensities");
       return false;
     }
     ReadBackSmoothCurve();
@@ -158,7 +169,7 @@ void Form12::Subtract() {
   }
   EnableUnsubtracted(false);
   data.BackgroundSubtracted = 1;
-  if (DrawFrame(limits)) {
+  if (DrawNewFrame(limits)) {
     DrawOverX(data.NetY, state_.ProfileColour);
   }
 }
@@ -182,7 +193,6 @@ void Form12::Rescale() {
 }
 
 void Form12::QuitBackground() {
-  ClosePicker();  // there is nothing left to save
   cmdMain.Enabled = cmdSmo.Enabled = cmdBckg.Enabled = true;
   EnableUnsubtracted(true);
   context_.Data.BackgroundSubtracted = 0;

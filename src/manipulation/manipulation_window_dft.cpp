@@ -47,7 +47,7 @@ void Form12::ShowProgress(float end) {
 }
 
 void Form12::ShowCoefficients() {
-  if (!DrawFrame(CoefficientLimits(state_.Dft))) {
+  if (!DrawNewFrame(CoefficientLimits(state_.Dft))) {
     return;
   }
   state_.ShowsCoefficients = true;
@@ -105,7 +105,7 @@ void Form12::ShowFiltered() {
     TellBeyondRange("The filtered profile");
     return;
   }
-  if (DrawFrame(FilteredLimits(Buffer(), state_.Dft))) {
+  if (DrawNewFrame(FilteredLimits(Buffer(), state_.Dft))) {
     DrawWholeCurve(context_.Data.Plot, {Buffer().PermX, state_.Dft.DftY, state_.Dft.ResultPoints}, Origin(),
                    colours::Black, Picture1);
   }
@@ -119,6 +119,7 @@ void Form12::SaveFiltered() {
     return;
   }
   std::copy_n(state_.Dft.DftY.begin() + 1, Buffer().PermNpts, Buffer().WorkY.begin() + 1);
+  KeepPoints(Buffer().WorkY);
   SaveSmoothed(true);
 }
 

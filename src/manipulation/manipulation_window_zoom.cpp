@@ -56,6 +56,9 @@ void Form12::MouseReleased(float x) {
   }
   state_.ZoomDrag = false;
   TakeUp();
+  if (!HasProfile()) {
+    return;
+  }
   optOK.Visible = optNO.Visible = true;
   Picture1.MousePointer = Pointer::Arrow;
   const PlotTransform& plot = context_.Data.Plot;
@@ -101,22 +104,20 @@ PlotLimits Form12::SelectedLimits() const {
 void Form12::AcceptZoom() {
   if (!SpansBoth(SelectedLimits())) {
     optOK.Value = false;
-    Tell({.Text = "The portion has no width or no height.\r\nPress the mouse at its upper left corner, and "
-                  "move it to "
-                  "the right.",
+    Tell({.Text = "The portion has no width or no height.\r\nPress the mouse at its upper left "
+                  "corner, and move it to the right.",
           .Title = "Warning",
           .Icon = MessageIcon::Information});
     return;
   }
   UseBackgroundColours();
-  DrawWithSmoothCurve(SelectedLimits());
-  HideSelection();
-  Shape1.Width = Shape1.Height = AcceptedBandSize;
+  state_.Zoomed = true;
   EnableBackgroundCommands(false);
   cmdZoom.Enabled = true;
   cmdBckg.Enabled = cmdMain.Enabled = false;
-  state_.ZoomSelect = state_.Zoomed = true;
-  cmdZoom.Caption = "Un-zoom";
+  HideSelection();
+  Shape1.Width = Shape1.Height = AcceptedBandSize;
+  DrawWithSmoothCurve(SelectedLimits());
 }
 
 void Form12::CancelZoom() {

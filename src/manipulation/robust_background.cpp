@@ -21,12 +21,12 @@ constexpr float HighestStart = 10000;  ///< the search for the lowest point star
 constexpr double RangesKept = 2.2;
 
 constexpr int WidestHole = 10;
-constexpr int PairsOfNarrowWindow = 4;
+constexpr int ReachOfNarrowWindow = 3;  ///< inward from its edge, in distances
 constexpr int Passes = 3;
 
 /// The distances of a window of two half windows, and the positions of `count` points behind its padding.
 MeanWithHole MeanOver(int half_window, int count) {
-  const int nearest = half_window < WidestHole ? half_window - PairsOfNarrowWindow + 1 : WidestHole;
+  const int nearest = half_window < WidestHole ? half_window - ReachOfNarrowWindow : WidestHole;
   return {.First = half_window + 1,
           .Last = half_window + count,
           .Nearest = std::max(nearest, 1),
@@ -62,7 +62,7 @@ bool HasBackground(const PointTable& background) {
   });
 }
 
-void StartBackground(const PointTable& y, int count, PointTable& background) {
+bool StartBackground(const PointTable& y, int count, PointTable& background) {
   const auto first = y.begin() + 1;
   const auto end = first + count;
   float sum = 0;
@@ -71,6 +71,7 @@ void StartBackground(const PointTable& y, int count, PointTable& background) {
     sum += value;
     lowest = std::min(lowest, value);
   });
+  if (!std::isfinite(sum)) return false;
   const float mean = sum / static_cast<float>(count);
   const float range = mean - lowest;
   const double reach = RangesKept * static_cast<double>(range);
@@ -79,6 +80,7 @@ void StartBackground(const PointTable& y, int count, PointTable& background) {
     const bool cut = value > mean && static_cast<double>(value) - static_cast<double>(mean) > reach;
     return cut ? ceiling : value;
   });
+  return true;
 }
 
 void SmoothBackground(const PointTable& background, int count, int window, const EndMeans& ends,

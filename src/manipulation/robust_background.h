@@ -38,8 +38,9 @@ struct EndMeans {
 [[nodiscard]] bool HasBackground(const PointTable& background);
 
 /// Makes the curve that the first cycle smooths: points 1 to `count` of the profile, cut off at its mean
-/// plus 2.2 times the distance of the mean from the lowest point.
-void StartBackground(const PointTable& y, int count, PointTable& background);
+/// plus 2.2 times the distance of the mean from the lowest point. False, and nothing is made, when their sum
+/// in 32 bits is beyond them.
+[[nodiscard]] bool StartBackground(const PointTable& y, int count, PointTable& background);
 
 /// One cycle: puts points 1 to `count` of the background into `padded` at positions M+1 to M+count, between M
 /// times the one mean and M times the other, M being half the window, and runs three smoothing passes over

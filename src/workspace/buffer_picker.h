@@ -31,7 +31,7 @@ inline constexpr PickerKind Profile{"Form10", "Select one profile to display", P
                                     PickerKind::Closes::AfterActing};
 inline constexpr PickerKind Display{"Form11", "Select profile(s) to display",
                                     PickerKind::Offers::SeveralBuffers};
-inline constexpr PickerKind Calibration{
+inline constexpr PickerKind CalibrationOrBackground{
     .Name = "Form16", .Caption = "Select buffer (form 16)", .FirstWhenAllEmpty = true};
 inline constexpr PickerKind Erase{"Form17", "Select buffer (form 17)"};
 inline constexpr PickerKind SmoothedResult{"Form18", "Select buffer (form18)"};

@@ -196,7 +196,7 @@ TEST(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
   session.Play("forms\n");
   SilentServices services(session);
   for (const PickerKind& kind :
-       {pickers::Profile, pickers::Calibration, pickers::Erase, pickers::SmoothedResult,
+       {pickers::Profile, pickers::CalibrationOrBackground, pickers::Erase, pickers::SmoothedResult,
         pickers::FitBackground, pickers::Cell, pickers::ComputedProfile, pickers::SeveralSaved}) {
     const std::string name = kind.Name;
     session.Data().CurBuf = 4;

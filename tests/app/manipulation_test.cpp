@@ -22,10 +22,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// A profile of one step from 10 up in buffer a: 100 counts, and one line of 500 in the middle.
-std::string ProfileText(int points) {
+/// A profile of one step from 10 up: level, and one line 400 above it in the middle.
+std::string ProfileText(int points, int level) {
   std::string text = "Line\r\n" + std::to_string(points) + "\r\n10," + std::to_string(9 + points) + ",1\r\n";
-  for (int i = 1; i <= points; ++i) text += i == (points + 1) / 2 ? "500\r\n" : "100\r\n";
+  for (int i = 1; i <= points; ++i) {
+    text += std::to_string(i == (points + 1) / 2 ? level + 400 : level) + "\r\n";
+  }
   return text + "500 100\r\n1.5406\r\n";
 }
 
@@ -33,10 +35,15 @@ class Manipulation : public testing::Test {
  protected:
   Manipulation() { Open(41, 'a'); }
 
-  /// Loads a profile of that many points and opens it; the picture is 2.375 wide for each of 41 degrees.
-  void Open(int points, char letter) {
-    session_.Play(WorkbenchSession::LoadCommands(session_.File("line.dat", ProfileText(points)), 1, letter) +
-                  "click Form1.cmdAnal\nclick Form10.opt" + static_cast<char>(letter - 'a' + 'A') + "\n");
+  void Load(int points, char letter, int level = 100) {
+    session_.Play(
+        WorkbenchSession::LoadCommands(session_.File("line.dat", ProfileText(points, level)), 1, letter));
+  }
+  /// Loads a profile and opens it; the picture is 2.375 wide for each of 41 degrees.
+  void Open(int points, char letter, int level = 100) {
+    Load(points, letter, level);
+    session_.Play(std::string("click Form1.cmdAnal\nclick Form10.opt") +
+                  static_cast<char>(letter - 'a' + 'A') + "\n");
   }
   /// One answer after the other to the question for a window, and then for another cycle.
   void Estimate(const std::string& answers = "input \"6\"\ninput \"n\"\n") {
@@ -91,7 +98,7 @@ TEST_F(Manipulation, EachToolShowsItsFrameAndSwitchesOffWhatCannotRun) {
       {"click Form12.cmdZoom\n", "2: Bckg Main Smo"},
       {"click Form12.cmdSubtr\n", "2: Bckg Main Smo Zoom Subtr Res Print"},
       {"input \"\"\nclick Form12.cmdResume\n", "2: Bckg Main Smo"},
-      {"click Form12.cmdQuitBckg\n", "13:"},
+      {"click Form12.cmdSubtr\nclick Form12.cmdQuitBckg\n", "13:"},
       {"input \"5\"\nclick Form12.cmdSmo\n", "3: Bckg Main"},
       {"click Form12.Command17\n", "123:"},
       {"click Form12.cmdDFT\n", "1: Bckg Main"},
@@ -131,7 +138,7 @@ TEST_F(Manipulation, TheCyclesAreThoseOfTheEstimateAndDrawnOneAboveTheOther) {
   Workspace& data = session_.Data();
   const PointTable y = data.Buffer(1).WorkY;
   PointTable background(MaxPoints + 1), padded(PaddedYBound + 1);
-  StartBackground(y, 41, background);
+  ASSERT_TRUE(StartBackground(y, 41, background));
   for (int cycle = 1; cycle <= 3; ++cycle) {
     if (cycle > 1) ClipToMeasurement(y, padded, 41, 3, background);
     SmoothBackground(background, 41, 6, MeansAtEnds(y, 41), padded);
@@ -162,9 +169,47 @@ TEST_F(Manipulation, TheCyclesAreThoseOfTheEstimateAndDrawnOneAboveTheOther) {
   EXPECT_EQ(data.BackgroundY, smooth);
   session_.Play("input \"-1.5\"\nclick Form12.cmdRes\n");
   EXPECT_EQ(data.BackgroundY[7], smooth[7] * -1.5F);
+  EXPECT_EQ(data.PaddedY, padded) << "the smooth curve isn't scaled";
   session_.Play("click Form12.cmdQuitBckg\n");
   EXPECT_EQ(data.BackgroundY, PointTable(MaxPoints + 1));
   EXPECT_EQ(data.PaddedY, PointTable(PaddedYBound + 1));
+}
+
+TEST_F(Manipulation, EachCycleIsDrawnBeforeTheNextQuestionAndAllIsDrawnAnewAtTheEnd) {
+  session_.Play("click Form12.cmdDFT\nclick Form12.Command16\n");    // other colours, another picture
+  session_.Try("input \"6\"\ninput \"y\"\nclick Form12.cmdBckg\n");  // left at the second question
+  EXPECT_EQ(Curves(colours::Red).size(), 2 * 40U);
+  EXPECT_THAT(Curves(colours::Blue), IsEmpty());
+  const std::vector<std::string> profile = Curves(colours::Black);
+  session_.Play(
+      "input \"6\"\ninput \"n\"\nclick Form12.cmdResume\nclick Form12.cmdSubtr\ninput \"\"\nclick "
+      "Form12.cmdResume\n");
+  EXPECT_EQ(Curves(colours::White).size(), 20U) << "the subtraction is taken back";
+  session_.Play("click Form12.cmdSubtr\nclick Form12.cmdQuitBckg\n");
+  EXPECT_EQ(session_.Data().BackgroundSubtracted, 0);
+  EXPECT_EQ(session_.Data().NetY, PointTable(MaxPoints + 1));
+  EXPECT_EQ(Curves(colours::Black), profile);
+  EXPECT_THAT(Curves(colours::Red), IsEmpty());
+  // A subtraction of nothing, before any estimate, ends with the next one.
+  session_.Play("input \"5\"\nclick Form12.cmdSmo\nclick Form12.Command17\nclick Form12.cmdSubtr\n");
+  Estimate();
+  EXPECT_EQ(session_.Data().BackgroundSubtracted, 0);
+}
+
+TEST_F(Manipulation, ResultsBeyond32BitsAreToldAndChangeNothing) {
+  const std::string path = session_.File(
+      "huge.dat",
+      "Huge\r\n7\r\n10,16,1\r\n0\r\n0\r\n3.4E38\r\n3.4E38\r\n3.4E38\r\n0\r\n0\r\n3.4E38 0\r\n1.5\r\n");
+  session_.Play(WorkbenchSession::LoadCommands(path, 1, 'a') + "click Form1.cmdAnal\nclick Form10.optA\n");
+  const PointTable before = session_.Data().Buffer(1).WorkY;
+  const char* const filtered = "click Form12.Command17\nclick Form12.cmdDFT\nclick Form12.cmdDFTInv\n";
+  for (const char* script : {"input \"5\"\nclick Form12.cmdSmo\n", filtered,
+                             "click Form12.Command16\ninput \"6\"\nclick Form12.cmdBckg\n"}) {
+    EXPECT_THAT(Words(script).back(), HasSubstr("beyond 3.4E+38")) << script;
+    EXPECT_TRUE(session_.Data().Buffer(1).WorkY == before) << script;
+    EXPECT_EQ(session_.Data().BackgroundY, PointTable(MaxPoints + 1));
+    EXPECT_EQ(session_.Data().PaddedY, PointTable(PaddedYBound + 1));
+  }
 }
 
 TEST_F(Manipulation, ASubtractionIsDrawnDownToItsLowestValue) {
@@ -197,9 +242,13 @@ TEST_F(Manipulation, AZoomReachesFromThePressDownToTheAxis) {
   EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text"), "xmin 20xmax 40");
   EXPECT_NEAR(session_.Data().Buffer(1).WorkYMax, 45 / 0.1425, 1e-3);
   session_.Play("click Form12.optOK\nmove Form12.Picture1 115 86.25\n");
-  EXPECT_EQ(Get("Text3.Text"), "x = 40");
+  EXPECT_EQ(Get("Text3.Text") + Get("Text6.Text") + Get("Text7.Text"), "x = 40xmin 20xmax 40");
+  EXPECT_EQ(session_.Value("get Form12.Picture1.MousePointer"), 1);
   EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)), 45 / 0.1425, 1e-3);
-  EXPECT_EQ(Curves(colours::Red).size(), 20U);  // from 20 to 40, all below the top
+  // From 20 to 40, all below the top; point 11 of the smooth curve stands behind a padding of three.
+  EXPECT_EQ(Curves(colours::Red).size(), 20U);
+  const double height = 15 + session_.Data().PaddedY[3 + 11] * 71.25 / (45 / 0.1425);
+  EXPECT_THAT(Curves(colours::Red).front(), testing::StartsWith("20 " + RoundedText(height, 2) + " 24.75 "));
   EXPECT_EQ(State(), "2: Bckg Main Smo Resume Subtr Res Save Print QuitBckg");
   // A portion of the portion, given up: all is as before the zoom.
   Select("67.5 60", "90 60");
@@ -212,6 +261,24 @@ TEST_F(Manipulation, AZoomReachesFromThePressDownToTheAxis) {
   EXPECT_EQ(Get("Text3.Text"), "x = 50");
 }
 
+TEST_F(Manipulation, AZoomOfAProfileBelowZeroKeepsItsBottomAndEndsAtTheLastPoint) {
+  Open(41, 'b', -50);
+  Estimate();
+  session_.Play("click Form12.cmdZoom\n");
+  Select("67.5 80", "130 80");
+  EXPECT_EQ(Get("Text6.Text") + Get("Text7.Text"), "xmin 30xmax 50");
+  session_.Play("click Form12.optOK\nmove Form12.Picture1 20 15\n");
+  EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)), -50, 1e-4);
+  // A print in other colours doesn't colour a later zoom.
+  session_.Play(
+      "click Form12.cmdZoom\nmodal set Form31.Combo2 \"Green\"\nmodal click Form31.Command1\n"
+      "printer \"page.pdf\"\nclick Form12.cmdPrint\nclick Form12.cmdZoom\nclick Form12.cmdZoom\n");
+  EXPECT_THAT(Curves(65280), IsEmpty());
+  session_.Play("file " + Json(session_.Folder() + "/plot.bmp").dump() + "\nclick Form12.Command18\n");
+  const auto& picture = dynamic_cast<PictureBox&>(*session_.Desk().Find("Form12")->Find("Picture1"));
+  EXPECT_EQ(session_.Platform().Pictures[session_.Folder() + "/plot.bmp"], picture.Operations());
+}
+
 TEST_F(Manipulation, SmoothingAsksUntilItGetsAWindow) {
   EXPECT_EQ(Words("input \"\"\ninput \"6\"\ninput \"5.5\"\ninput \"5 points\"\nclick Form12.cmdSmo\n"),
             std::vector<std::string>(4, "Smoothing: Give Nr. of points for smoothing (5,7 or 9)"));
@@ -219,6 +286,7 @@ TEST_F(Manipulation, SmoothingAsksUntilItGetsAWindow) {
   EXPECT_FLOAT_EQ(session_.Data().Buffer(1).WorkY[21], 100 + 400.0F * 17 / 35);
   EXPECT_EQ(session_.Data().Buffer(1).PermY[21], 500);
   EXPECT_EQ(Curves(colours::Red).size(), 40U);
+  EXPECT_EQ(Curves(colours::Red)[20].substr(0, 11), "67.5 56.94 ");  // 15 + 294.29 * 0.1425
 }
 
 TEST_F(Manipulation, WhatCannotBeDoneIsToldAndChangesNothing) {
@@ -271,6 +339,7 @@ TEST_F(Manipulation, ResultsGoIntoBuffersAndTheWindowGoesOn) {
   EXPECT_EQ(session_.Data().Buffer(4).PermY[21], 100 + 400.0F * 70 / 256);
   EXPECT_EQ(session_.Data().CurBuf, 4) << "the window goes on with the buffer saved to";
   EXPECT_EQ(Get("Text2.Text"), "buffer d");
+  EXPECT_EQ(session_.Data().Buffer(4).WorkY[21], 0) << "its temporary copy is taken with the next command";
   // The Fourier filter takes its permanent copy, smoothed; parameter 0 filters nothing, and counts twice the
   // last one.
   session_.Play(
@@ -302,13 +371,27 @@ TEST_F(Manipulation, TheTransformsShowHowFarTheyAre) {
               ElementsAre("pointer 11", "line 969.0", "line 1937.0", "pointer 1", "none 2.0"));
   EXPECT_THAT(progress("cmdDFTInv"), ElementsAre("pointer 11", "line 494.0", "line 988.0", "line 1482.0",
                                                  "line 1976.0", "line 2470.0", "pointer 1", "none 2.0"));
-  EXPECT_EQ(Words("input \"-1\"\ninput \"9.5\"\ninput \"2\"\nclick Form12.cmdFilter\n"),
+  EXPECT_EQ(Words("input \"-1\"\ninput \"9.5\"\ninput \"9\"\nclick Form12.cmdFilter\n"),
             std::vector<std::string>(3, "Filter Parameter: Give filter parameter (0 --- 9)"));
   EXPECT_EQ(Curves(colours::Blue).size(), 50U);
   EXPECT_EQ(Curves(colours::Blue).front().substr(0, 5), "21.86");  // coefficient 1 of 51 on 95 units
   const Json shown = session_.Value("picture Form12.Picture1");
   session_.Play("input \"\"\nclick Form12.cmdFilter\n");
   EXPECT_EQ(session_.Value("picture Form12.Picture1"), shown) << "0 filters nothing";
+}
+
+TEST_F(Manipulation, TheTransformsAreDrawnInFramesOfTheirOwn) {
+  session_.Play("click Form12.cmdDFT\n");
+  // 41 points have 21.5 coefficients; the first, the mean, is the highest, without an imaginary part.
+  const std::string first = RoundedText(20 + 95 / 21.5, 2);
+  EXPECT_THAT(Curves(colours::Red), testing::Contains(testing::StartsWith(first + " 86.25 ")));
+  const double zero = session_.Data().Plot.ZeroY;
+  EXPECT_THAT(Curves(colours::Blue).front(), testing::StartsWith(first + " " + RoundedText(zero, 2)));
+  session_.Play("move Form12.Picture1 115 86.25\n");
+  EXPECT_EQ(Get("Text3.Text"), "x = 21.5");
+  session_.Play("click Form12.cmdDFTInv\nmove Form12.Picture1 115 86.25\n");
+  EXPECT_EQ(Get("Text3.Text"), "x = 50");
+  EXPECT_THAT(Curves(colours::Black), testing::Contains(testing::HasSubstr(" 67.5 86.25 ")));
 }
 
 TEST_F(Manipulation, ThePrintTakesTheColoursChosen) {
@@ -341,6 +424,30 @@ TEST_F(Manipulation, AnotherProfileFindsNothingOfTheFormerOne) {
   Estimate();
   session_.Play("click Form12.cmdSave\nclick Form12.cmdQuitBckg\n");
   EXPECT_FALSE(session_.Value("get Form16")["Loaded"].get<bool>());
+}
+
+TEST_F(Manipulation, WhatAnotherWindowHasChangedIsNotTakenForItsOwn) {
+  const auto told = [&](const std::string& script) { return session_.Events(script).dump(); };
+  Estimate();
+  session_.Play("click Form12.cmdSave\n");
+  Load(41, 'a', 300);  // another profile of as many points
+  EXPECT_THAT(told("click Form16.optC\n"), HasSubstr("changed in another window"));
+  EXPECT_TRUE(session_.Data().Buffer(3).Empty());
+  EXPECT_THAT(told("click Form12.cmdSubtr\n"), HasSubstr("changed in another window"));
+  // A smoothed profile that has been taken anew for a display is smoothed no more.
+  Open(41, 'a');
+  session_.Play(
+      "input \"5\"\nclick Form12.cmdSmo\nclick Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n");
+  EXPECT_THAT(told("click Form12.Command14\n"), HasSubstr("changed in another window"));
+  // A window that shows a buffer which a result goes into doesn't write over it.
+  Load(41, 'b');
+  Open(41, 'a');
+  session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
+  Estimate();
+  session_.Play("click Form12.cmdSave\nclick Form16.optB\n");
+  const Json background = session_.Value("buffer b");
+  EXPECT_THAT(told("click Form6.cmdSave\n"), HasSubstr("filled anew in another window"));
+  EXPECT_EQ(session_.Value("buffer b"), background);
 }
 
 /// The whole way on a computed profile of silicon, with results that were looked at and kept.

@@ -108,8 +108,9 @@ std::string ListingOfAllWindows() {
   add("", "Form31");
   session.Desk().Load<Form33>(services.Context);
   add("", "Form33");
-  for (const PickerKind& kind : {pickers::Calibration, pickers::SmoothedResult, pickers::FitBackground,
-                                 pickers::Cell, pickers::ComputedProfile, pickers::SeveralSaved}) {
+  for (const PickerKind& kind :
+       {pickers::CalibrationOrBackground, pickers::SmoothedResult, pickers::FitBackground, pickers::Cell,
+        pickers::ComputedProfile, pickers::SeveralSaved}) {
     const auto picker = session.Desk().Load<BufferPicker>(services.Context, kind, PickerActions{});
     listing += picker->Name() + " \"" + picker->Caption.Get() + "\"\n";
   }

@@ -78,10 +78,11 @@ TEST(DftFilterTest, AttenuatesTheTopOfTheSpectrumByAHalfGaussian) {
     int HalfWidth;
     int Last;
   };
-  // 501 / 1.3 + 1 = 386.38 and (501 - 386.38) / 2 = 57.3; 502.5 / 1.3 + 1 = 387.54 and (502.5 - 387.54) / 2
-  // = 57.5
+  // 501 / 1.3 + 1 = 386.38 and (501 - 386.38) / 2 = 57.3; for 502.5, 387.54 and 57.48; for 3001.5, 2309.85
+  // and 345.83
   for (const auto& [points, first, start, half_width, last] :
-       {Case{1000, 386, 501 / 1.3 + 1, 57, 501}, Case{1003, 388, 502.5 / 1.3 + 1, 57, 502}}) {
+       {Case{1000, 386, 501 / 1.3 + 1, 57, 501}, Case{1003, 388, 502.5 / 1.3 + 1, 57, 502},
+        Case{6001, 2310, 3001.5 / 1.3 + 1, 346, 3002}}) {
     for (const float parameter : {0.25F, 1.0F, 2.0F, 9.0F}) {
       const DftFilter before = FilterOfSpike(points);
       DftFilter once = before;
@@ -113,7 +114,7 @@ TEST(DftFilterTest, Parameter0ChangesNothing) {
 }
 
 TEST(DftFilterTest, ShortProfilesStayFinite) {
-  for (int count = 1; count <= 12; ++count) {
+  for (int count = 1; count <= 16; ++count) {
     DftFilter filter = FilterOfSpike(count);
     AttenuateCoefficients(1, filter);
     TransformBack(count, filter, TellNobody);

@@ -83,6 +83,17 @@ void ExpectSameCoefficients(const Coefficients& fast, const Coefficients& plain,
   }
 }
 
+// Sines that differ in their last bit tip the rounding of a sum now and then: of one point in ten thousand at
+// most, by one unit of its last place.
+void ExpectNearlyAllPointsTheSame(const PointTable& fast, const PointTable& plain, int count) {
+  int differing = 0;
+  for (std::size_t j = 1; j <= static_cast<std::size_t>(count); ++j) {
+    differing += fast[j] == plain[j] ? 0 : 1;
+    EXPECT_TRUE(fast[j] == plain[j] || fast[j] == std::nextafter(plain[j], fast[j])) << "point " << j;
+  }
+  EXPECT_LE(differing, (count + 9999) / 10000);
+}
+
 struct Transform {
   int Count;
   float Scale;
@@ -98,6 +109,7 @@ TEST_P(FourierTransformTest, GivesTheNumbersOfThePlainLoopsInEveryWidth) {
   SumForward(y, count, highest, plain);
   Coefficients first;
   PointTable plain_back(MaxPoints + 1);
+  PointTable first_back;
   for (const VectorWidth width : VectorWidths()) {
     Coefficients fast;
     std::vector<int> told;
@@ -120,7 +132,11 @@ TEST_P(FourierTransformTest, GivesTheNumbersOfThePlainLoopsInEveryWidth) {
     PointTable back(MaxPoints + 1);
     InverseDft(first.Re, first.Im, highest, StepFor(count), count, back, tell, width);
     EXPECT_EQ(told, Twentieths(count));
-    EXPECT_EQ(back, plain_back);
+    if (width == VectorWidth::Baseline) {
+      first_back = back;
+      ExpectNearlyAllPointsTheSame(back, plain_back, count);
+    }
+    EXPECT_EQ(back, first_back);
   }
 }
 

@@ -93,7 +93,7 @@ TEST(RobustBackground, IsInHandWhenAnEarlyEntryIsAboveATenThousandth) {
 TEST(RobustBackground, StartsFromTheProfileCutOffAboveItsMean) {
   const auto start = [](const PointTable& y, int count) {
     PointTable background(y.size(), -1.0F);
-    StartBackground(y, count, background);
+    EXPECT_TRUE(StartBackground(y, count, background));
     return background;
   };
   // Mean 20, lowest 10: cut at 42. What lies behind the profile stays out of it.
@@ -115,7 +115,7 @@ TEST(RobustBackground, GivesEachBitOfItsDefinitionInEachWidthOfVectors) {
       const EndMeans ends = MeansAtEnds(y, n);
       const int m = window / 2;
       PointTable background(MaxPoints + 1);
-      StartBackground(y, n, background);
+      ASSERT_TRUE(StartBackground(y, n, background));
       for (int cycle = 1; cycle <= 3; ++cycle) {
         PointTable expected(PaddedYBound + 1, -7.0F);
         for (int i = 1; i <= m; ++i) expected[i] = ends.First;
