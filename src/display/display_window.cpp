@@ -137,7 +137,7 @@ void Form6::TakeUp() {
 
 void Form6::OnLoad() {
   state_.Slot = context_.Data.CurBuf;
-  state_.Permanent = Buffer().PermY;
+  state_.Kept.Keep(Buffer());
   context_.Data.ZoomMode = context_.Data.ExplorerMode = false;
   for (Control* hidden :
        {static_cast<Control*>(&Line1), static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame2),
@@ -177,10 +177,11 @@ bool Form6::ShowProfile(int slot) {
   const bool drawn = DrawProfile(context_.Data, slot, Picture1,
                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
   state_.Shown.Keep(context_.Data, drawn);
+  const ProfileBuffer& buffer = context_.Data.Buffer(slot);
+  state_.Kept.KeepTemporary(buffer);
   if (!drawn) {
     return false;
   }
-  const ProfileBuffer& buffer = context_.Data.Buffer(slot);
   PrintAxisLabels({.Channels = buffer.WorkX[2] - buffer.WorkX[1] > LargestDegreeStep,
                    .ThetaSize = 10,
                    .ChannelX = 103,
@@ -334,13 +335,15 @@ bool Form6::HasCurve() {
   return false;
 }
 
-/// A result of another window may have gone into the buffer since; it is not to be written over.
+/// A result of another window may have gone into the buffer since, which is not to be written over; or
+/// another window may have changed the temporary copy, and what is shown here is no longer what would be
+/// saved.
 bool Form6::HoldsItsProfile() {
-  if (Buffer().PermY == state_.Permanent) {
+  if (state_.Kept.Matches(Buffer())) {
     return true;
   }
   Desk().Host().MsgBox(ErrorMessage("Buffer " + Buffer().BufLetter +
-                                    " has been filled anew in another window.\r\nDisplay it again first."));
+                                    " has been changed in another window.\r\nDisplay it again first."));
   return false;
 }
 
@@ -350,7 +353,7 @@ void Form6::SaveProfile() {
   }
   EnterMode(DisplayMode::Saved);
   CommitTemporaryCopy(Buffer());
-  state_.Permanent = Buffer().PermY;
+  state_.Kept.KeepPermanent(Buffer());
   Buffer().Title = FixedField(RightTrimmed(Buffer().Title) + " Modified by KOPRAX", TitleWidth);
   Desk()
       .Load<TitleWindow>(context_, title_windows::SavedProfile,

@@ -17,6 +17,7 @@
 #include "display/zoom_window.h"
 #include "forms/form.h"
 #include "workspace/help_button.h"
+#include "workspace/kept_profile.h"
 #include "workspace/services.h"
 #include "workspace/wavelength_choices.h"
 #include "workspace/workspace.h"
@@ -134,8 +135,8 @@ class Form6 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;          ///< of the profile on show
-    PointTable Permanent;  ///< its permanent copy as this window took or left it
+    int Slot = 0;  ///< of the profile on show
+    KeptProfile Kept;
     DrawnPlot Shown;
     bool DragActive = false;     ///< the rubber band follows the mouse
     bool ZoomSelecting = false;  ///< a zoom selection is under way here

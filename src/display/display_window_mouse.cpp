@@ -135,7 +135,7 @@ void Form6::UndoZoom() {
   Shape1.Width = Shape1.Height = BandSize;
   Picture1.MousePointer = Pointer::Arrow;
   TakeTemporaryCopy(Buffer());
-  state_.Permanent = Buffer().PermY;
+  state_.Kept.KeepPermanent(Buffer());
   RedrawProfile();
 }
 

@@ -79,12 +79,22 @@ void Form2::ConnectHandlers() {
 void Form2::OnLoad() {
   HideSelection();
   state_.Slots = SlotsInPlot(context_.Data);
+  KeepPermanentCopies();
   EnableArithmetic();
+}
+
+void Form2::KeepPermanentCopies() {
+  for (const int slot : state_.Slots) {
+    Kept(slot).KeepPermanent(context_.Data.Buffer(slot));
+  }
 }
 
 void Form2::ShowPlot() {
   Workspace& data = context_.Data;
   Show();
+  for (const int slot : state_.Slots) {
+    Kept(slot).KeepTemporary(data.Buffer(slot));
+  }
   DrawMultiProfile(data, Picture1, [this](const Message& message) { Tell(message); });
   DrawLegend(data, state_.Slots, Picture2);
   state_.Shown.Keep(data, true);
@@ -181,6 +191,9 @@ void Form2::DrawAgain() {
     return;
   }
   TakeMultiProfile(data, std::get<MultiProfile>(plan));
+  if (!data.MultiOp) {
+    KeepPermanentCopies();
+  }
   ShowPlot();
 }
 
@@ -223,6 +236,9 @@ std::optional<Message> Form2::WhyNotSaved() const {
                         std::to_string(buffer.WorkNpts) +
                         " are left.\r\nDisplay it alone to cut it and save it there.");
   }
+  if (!state_.Kept[static_cast<std::size_t>(context_.Data.CurBuf)].Matches(buffer)) {
+    return ErrorMessage(name + " has been changed in another window.\r\nDisplay the profiles again first.");
+  }
   return std::nullopt;
 }
 
@@ -234,6 +250,7 @@ void Form2::SaveBuffer() {
   const std::optional<Message> refusal = picked ? WhyNotSaved() : std::nullopt;
   if (picked && !refusal) {
     SaveShownProfile(data.Current());
+    Kept(data.CurBuf).KeepPermanent(data.Current());
     return;
   }
   if (refusal) {

@@ -2,6 +2,7 @@
 // the zoom window shows, opens the arithmetic on two profiles, and saves what that has changed.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +13,7 @@
 #include "display/plot_transform.h"
 #include "forms/form.h"
 #include "workspace/help_button.h"
+#include "workspace/kept_profile.h"
 #include "workspace/services.h"
 #include "workspace/workspace.h"
 
@@ -55,6 +57,8 @@ class Form2 final : public Form {
   [[nodiscard]] bool PickBuffer();
   void SaveBuffer();
   [[nodiscard]] std::optional<Message> WhyNotSaved() const;
+  [[nodiscard]] KeptProfile& Kept(int slot) { return state_.Kept[static_cast<std::size_t>(slot)]; }
+  void KeepPermanentCopies();
 
   // The selection with the rubber band, and its zoom.
   void StartSelection();
@@ -81,6 +85,7 @@ class Form2 final : public Form {
     float SelXLow = 0;
     float SelXHigh = 0;
     float SelYTop = 0;
+    std::array<KeptProfile, NumBuffers + 1> Kept;  ///< of those shown, by their slots
     std::weak_ptr<Form> Arithmetic;
     std::weak_ptr<Form> Zoom;
   };

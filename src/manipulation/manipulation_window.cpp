@@ -88,12 +88,12 @@ void Form12::ConnectHandlers() {
   cmdQuitBckg.OnClick = OnItsProfile([this] { QuitBackground(); });
 
   cmdDFT.OnClick = WithProfile([this] { Transform(); });
-  cmdFilter.OnClick = OnItsProfile([this] { Filter(); });
+  cmdFilter.OnClick = WithProfile([this] { Filter(); });
   cmdDFTInv.OnClick = WithProfile([this] { TransformInverse(); });
   Command7.OnClick = WithProfile([this] { SaveFiltered(); });
   Command16.OnClick = [this] { QuitDft(); };
 
-  optOK.OnClick = OnItsProfile([this] { AcceptZoom(); });
+  optOK.OnClick = WithProfile([this] { AcceptZoom(); });
   optNO.OnClick = OnItsProfile([this] { CancelZoom(); });
   Picture1.OnMouseDown = [this](MouseButton, float x, float y) { MousePressed(x, y); };
   Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
@@ -123,7 +123,7 @@ bool Form12::ShowProfile(int slot) {
   const bool drawn = DrawProfile(data, slot, Picture1, [this](const Message& message) { Tell(message); });
   state_.Shown.Keep(data, drawn);
   state_.Plotted = drawn;
-  KeepPoints(Buffer().WorkY);
+  state_.Kept.Keep(Buffer());
   if (!drawn) {
     return false;
   }
@@ -159,7 +159,6 @@ void Form12::SaveSmoothed(bool by_dft) {
     SaveSmoothedResult(data);
     state_.CopyIsDue = data.CurBuf != state_.Slot;
     state_.Slot = data.CurBuf;
-    KeepPoints(Buffer().PermY);
   });
   context_.Data.SaveDft = by_dft;
 }
@@ -186,6 +185,7 @@ void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save
     return;
   }
   save(data);
+  state_.Kept.Keep(Buffer());
   const ProfileTexts texts = TextsOf(data, state_.Slot);
   Boxes.Text2.Text = texts.Buffer;
   Boxes.Text5.Text = texts.Title;
@@ -211,11 +211,14 @@ void Form12::TakeUp() {
   }
   if (state_.CopyIsDue && HoldsItsPoints()) {
     TakeTemporaryCopy(Buffer());
+    state_.Kept.KeepTemporary(Buffer());
     state_.CopyIsDue = false;
   }
   if (state_.Plotted) {
     state_.Shown.PutBack(data);
     TakeLimitsOfDrawing(data, state_.Whole);
+  }
+  if (state_.Plotted && HoldsItsPoints()) {
     Buffer().NegativeY = state_.NegativeY;
   }
 }
@@ -233,14 +236,10 @@ bool Form12::HasProfile() {
 
 bool Form12::HoldsItsPoints() const {
   const ProfileBuffer& buffer = Buffer();
-  const auto points = static_cast<std::int16_t>(state_.Points.size());
-  const PointTable& y = state_.CopyIsDue ? buffer.PermY : buffer.WorkY;
-  return points > 0 && buffer.PermNpts == points && buffer.WorkNpts == points &&
-         std::ranges::equal(state_.Points, std::span(y).subspan(1, state_.Points.size()));
-}
-
-void Form12::KeepPoints(const PointTable& y) {
-  state_.Points.assign(y.begin() + 1, y.begin() + 1 + Buffer().PermNpts);
+  // A window that has only shown it has taken the copy that is due.
+  const bool copied =
+      state_.CopyIsDue && state_.Kept.PermanentMatches(buffer) && KeptProfile::CopiesAgree(buffer);
+  return buffer.PermNpts > 0 && (copied || state_.Kept.Matches(buffer));
 }
 
 bool Form12::HasPlot() {

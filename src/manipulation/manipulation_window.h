@@ -18,6 +18,7 @@
 #include "manipulation/dft_filter.h"
 #include "workspace/buffer_picker.h"
 #include "workspace/help_button.h"
+#include "workspace/kept_profile.h"
 #include "workspace/services.h"
 #include "workspace/workspace.h"
 
@@ -126,7 +127,6 @@ class Form12 final : public Form {
   [[nodiscard]] bool HasProfile();
   /// Whether the buffer still holds the points that this window has shown or left there.
   [[nodiscard]] bool HoldsItsPoints() const;
-  void KeepPoints(const PointTable& y);
   [[nodiscard]] bool HasPlot();
   void Tell(const Message& message);
   void TellBeyondRange(const std::string& what);
@@ -142,9 +142,9 @@ class Form12 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;                ///< of the profile of the window
-    PointTable Points;           ///< its intensities, as this window has shown or left them
-    bool CopyIsDue = false;      ///< they stand in its permanent copy alone
+    int Slot = 0;  ///< of the profile of the window
+    KeptProfile Kept;
+    bool CopyIsDue = false;      ///< of its temporary copy only the number of points is that of the profile
     PlotLimits Whole{};          ///< of the plot of the whole profile
     bool Plotted = false;        ///< there is such a plot
     DrawnPlot Shown;             ///< the frame on show

@@ -119,6 +119,9 @@ void Form12::ReadBackSmoothCurve() {
 
 /// On top of what is there, so that the cycles can be compared.
 void Form12::DrawCycle() {
+  if (!state_.Shown.Readable()) {
+    return;
+  }
   const ProfileBuffer& buffer = Buffer();
   DrawCurve(context_.Data.Plot, {buffer.WorkX, context_.Data.BackgroundY, buffer.WorkNpts}, Origin(),
             {buffer.WorkXMin, buffer.WorkXMax}, colours::Red, Picture1);
@@ -202,7 +205,9 @@ void Form12::QuitBackground() {
   for (Frame* tool : {&Frame1, &Frame3}) {
     tool->Visible = tool->Enabled = true;
   }
-  if (state_.Plotted && DrawWholeFrame()) {
+  if (!HoldsItsPoints()) {
+    Picture1.Cls();
+  } else if (state_.Plotted && DrawWholeFrame()) {
     DrawOverX(Buffer().WorkY, state_.ProfileColour);
   }
 }

@@ -119,7 +119,7 @@ void Form12::SaveFiltered() {
     return;
   }
   std::copy_n(state_.Dft.DftY.begin() + 1, Buffer().PermNpts, Buffer().WorkY.begin() + 1);
-  KeepPoints(Buffer().WorkY);
+  state_.Kept.KeepTemporary(Buffer());
   SaveSmoothed(true);
 }
 

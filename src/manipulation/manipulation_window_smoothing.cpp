@@ -41,7 +41,7 @@ bool Form12::SmoothOver(int window) {
     return false;
   }
   buffer.WorkY = std::move(smoothed);
-  KeepPoints(buffer.WorkY);
+  state_.Kept.KeepTemporary(buffer);
   return true;
 }
 

@@ -164,6 +164,10 @@ void Form12::EnableBackgroundCommands(bool enabled) {
 }
 
 void Form12::DrawWithSmoothCurve(const PlotLimits& limits) {
+  if (!HoldsItsPoints()) {  // which leaves nothing to show
+    Picture1.Cls();
+    return;
+  }
   if (!DrawFrame(limits)) {
     return;
   }

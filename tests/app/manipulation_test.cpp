@@ -439,15 +439,31 @@ TEST_F(Manipulation, WhatAnotherWindowHasChangedIsNotTakenForItsOwn) {
   session_.Play(
       "input \"5\"\nclick Form12.cmdSmo\nclick Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n");
   EXPECT_THAT(told("click Form12.Command14\n"), HasSubstr("changed in another window"));
-  // A window that shows a buffer which a result goes into doesn't write over it.
+  // Nor does a window that shows what was smoothed here save it, not having shown it.
+  session_.Play("click Form1.cmdAnal\nclick Form10.optA\ninput \"5\"\nclick Form12.cmdSmo\n");
+  EXPECT_THAT(told("click Form6.cmdSave\n"), HasSubstr("changed in another window"));
+  // Windows that show a buffer which a result goes into don't write over it.
   Load(41, 'b');
+  session_.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
   Open(41, 'a');
   session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
   Estimate();
   session_.Play("click Form12.cmdSave\nclick Form16.optB\n");
   const Json background = session_.Value("buffer b");
-  EXPECT_THAT(told("click Form6.cmdSave\n"), HasSubstr("filled anew in another window"));
+  EXPECT_THAT(told("click Form6.cmdSave\n"), HasSubstr("changed in another window"));
+  EXPECT_THAT(told("modal click Form32.optB\nclick Form2.cmdSave\n"), HasSubstr("changed in another window"));
   EXPECT_EQ(session_.Value("buffer b"), background);
+  // A shift of X, and a change before the temporary copy of the buffer saved to is taken.
+  const std::string add_1_to_x = "input \"1\"\nclick Form6.cmdMod\nclick Form8.cmdSumX\n";
+  session_.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n" + add_1_to_x);
+  EXPECT_THAT(told("click Form12.cmdSubtr\n"), HasSubstr("changed in another window"));
+  Open(41, 'a');
+  session_.Play(
+      "click Form12.Command14\nclick Form18.optB\nclick Form1.cmdDisp\nclick Form11.Check2\nclick "
+      "Form11.Command1\n"
+      "input \"5\"\nclick Form12.cmdSmo\nclick Form12.Command14\nclick Form18.optC\n" +
+      std::string("click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n") + add_1_to_x);
+  EXPECT_THAT(told("click Form12.Command17\nclick Form12.cmdDFT\n"), HasSubstr("changed in another window"));
 }
 
 /// The whole way on a computed profile of silicon, with results that were looked at and kept.
