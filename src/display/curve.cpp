@@ -5,9 +5,14 @@ namespace koprax {
 void DrawCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
                const XRange& range, Colour colour, Surface& surface) {
   DrawSegments(plot, points, origin, colour, surface, [&](const CurveSegment& segment) {
-    return range.Holds(segment.X1) && range.Holds(segment.X2) && !IsAboveTop(plot, segment.PictureY1) &&
-           !IsAboveTop(plot, segment.PictureY2);
+    return range.Holds(segment.X1) && range.Holds(segment.X2) && StaysBelowTop(plot, segment);
   });
+}
+
+void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
+                    Colour colour, Surface& surface) {
+  DrawSegments(plot, points, origin, colour, surface,
+               [&](const CurveSegment& segment) { return StaysBelowTop(plot, segment); });
 }
 
 void DrawSticks(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,

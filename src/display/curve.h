@@ -28,6 +28,17 @@ struct CurveSegment {
   float PictureY1, PictureY2;
 };
 
+/// Whether a segment stays below the top of the plot; those that pass it are not drawn.
+[[nodiscard]] inline bool StaysBelowTop(const PlotTransform& plot, const CurveSegment& segment) {
+  return !IsAboveTop(plot, segment.PictureY1) && !IsAboveTop(plot, segment.PictureY2);
+}
+
+inline void DrawSegment(const PlotTransform& plot, const CurveSegment& segment, const CurveOrigin& origin,
+                        Colour colour, Surface& surface) {
+  surface.Line(PictureX(plot, segment.X1, origin.XMin), segment.PictureY1,
+               PictureX(plot, segment.X2, origin.XMin), segment.PictureY2, colour);
+}
+
 /// Joins each two neighbouring points by a straight line, where `keep` takes the segment.
 template <class Keep>
 void DrawSegments(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
@@ -38,8 +49,7 @@ void DrawSegments(const PlotTransform& plot, const CurvePoints& points, const Cu
                                .PictureY1 = PictureY(plot, points.Y[i - 1], origin.Base),
                                .PictureY2 = PictureY(plot, points.Y[i], origin.Base)};
     if (keep(segment)) {
-      surface.Line(PictureX(plot, segment.X1, origin.XMin), segment.PictureY1,
-                   PictureX(plot, segment.X2, origin.XMin), segment.PictureY2, colour);
+      DrawSegment(plot, segment, origin, colour, surface);
     }
   }
 }
@@ -55,6 +65,10 @@ struct XRange {
 /// left out.
 void DrawCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
                const XRange& range, Colour colour, Surface& surface);
+
+/// The same whatever the range.
+void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
+                    Colour colour, Surface& surface);
 
 /// One stick for each point within the range, from Y = 0 to its Y; one that passes the top is left out.
 void DrawSticks(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,

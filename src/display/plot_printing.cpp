@@ -81,7 +81,7 @@ void DrawPermanentCopy(const Workspace& data, const ProfileBuffer& buffer, Print
   DrawSegments(plot, {buffer.PermX, buffer.PermY, buffer.PermNpts}, origin, colours::Black, printer,
                [&](const CurveSegment& segment) {
                  return !(segment.X2 < data.PlotXMin || segment.X1 > data.PlotXMax) &&
-                        !IsAboveTop(plot, segment.PictureY1) && !IsAboveTop(plot, segment.PictureY2);
+                        StaysBelowTop(plot, segment);
                });
 }
 

@@ -15,10 +15,12 @@ struct SegmentPen {
 
   /// The segment that ends at point i, unless it passes the top of the plot.
   void Draw(std::span<const float> y, std::size_t i, Colour colour) const {
-    const float y1 = PictureY(Plot, y[i - 1], Origin.Base);
-    const float y2 = PictureY(Plot, y[i], Origin.Base);
-    if (!IsAboveTop(Plot, y1) && !IsAboveTop(Plot, y2)) {
-      Picture.Line(PictureX(Plot, X[i - 1], Origin.XMin), y1, PictureX(Plot, X[i], Origin.XMin), y2, colour);
+    const CurveSegment segment{.X1 = X[i - 1],
+                               .X2 = X[i],
+                               .PictureY1 = PictureY(Plot, y[i - 1], Origin.Base),
+                               .PictureY2 = PictureY(Plot, y[i], Origin.Base)};
+    if (StaysBelowTop(Plot, segment)) {
+      DrawSegment(Plot, segment, Origin, colour, Picture);
     }
   }
 };
@@ -46,13 +48,6 @@ void DrawDashedCurve(const PlotTransform& plot, const CurvePoints& points, const
     }
     pen.Draw(points.Y, i, in_colour ? colour : colours::White);
   }
-}
-
-void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
-                    Colour colour, Surface& surface) {
-  DrawSegments(plot, points, origin, colour, surface, [&](const CurveSegment& segment) {
-    return !IsAboveTop(plot, segment.PictureY1) && !IsAboveTop(plot, segment.PictureY2);
-  });
 }
 
 void DrawProfileWithBackground(const PlotTransform& plot, const ProfileAndBackground& points,

@@ -17,10 +17,6 @@ namespace koprax {
 void DrawDashedCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
                      Colour colour, Surface& surface);
 
-/// A curve of which only the segments are left out that pass the top of the plot.
-void DrawWholeCurve(const PlotTransform& plot, const CurvePoints& points, const CurveOrigin& origin,
-                    Colour colour, Surface& surface);
-
 /// Two tables over the same X. That of the background may be a part of a larger one, its entry i being the
 /// one of point i.
 struct ProfileAndBackground {

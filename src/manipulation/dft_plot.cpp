@@ -3,18 +3,21 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "display/curve.h"
+
 namespace koprax {
 
 namespace {
 
-void DrawTable(const PlotTransform& plot, const CoefficientTable& table, int highest, float base,
-               Colour colour, Surface& surface) {
+void DrawTable(const PlotTransform& plot, const CoefficientTable& table, int highest,
+               const CurveOrigin& origin, Colour colour, Surface& surface) {
   for (std::size_t k = 2; k <= static_cast<std::size_t>(highest); ++k) {
-    const float y1 = PictureY(plot, table[k - 1], base);
-    const float y2 = PictureY(plot, table[k], base);
-    if (!IsAboveTop(plot, y1) && !IsAboveTop(plot, y2)) {
-      surface.Line(PictureX(plot, static_cast<double>(k - 1), 0), y1,
-                   PictureX(plot, static_cast<double>(k), 0), y2, colour);
+    const CurveSegment segment{.X1 = static_cast<float>(k - 1),
+                               .X2 = static_cast<float>(k),
+                               .PictureY1 = PictureY(plot, table[k - 1], origin.Base),
+                               .PictureY2 = PictureY(plot, table[k], origin.Base)};
+    if (StaysBelowTop(plot, segment)) {
+      DrawSegment(plot, segment, origin, colour, surface);
     }
   }
 }
@@ -26,8 +29,9 @@ PlotLimits CoefficientLimits(const DftFilter& filter) {
 }
 
 void DrawCoefficients(const PlotTransform& plot, const DftFilter& filter, float base, Surface& surface) {
-  DrawTable(plot, filter.DftRe, filter.Highest(), base, colours::Red, surface);
-  DrawTable(plot, filter.DftIm, filter.Highest(), base, colours::Blue, surface);
+  const CurveOrigin origin{.XMin = 0, .Base = base};
+  DrawTable(plot, filter.DftRe, filter.Highest(), origin, colours::Red, surface);
+  DrawTable(plot, filter.DftIm, filter.Highest(), origin, colours::Blue, surface);
 }
 
 PlotLimits FilteredLimits(const ProfileBuffer& buffer, const DftFilter& filter) {

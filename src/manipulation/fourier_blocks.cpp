@@ -8,17 +8,15 @@ namespace koprax {
 
 namespace {
 
-/// The turns of a centre times the coefficients.
-struct CentreTerms {
-  StretchNumbers CosRe;
-  StretchNumbers SinRe;
-  StretchNumbers CosIm;
-  StretchNumbers SinIm;
+/// The coefficients of a stretch as they are seen from the centre of a block.
+struct TurnedCoefficients {
+  StretchNumbers Re;
+  StretchNumbers Im;
 };
 
 template <class Vectors>
-[[gnu::always_inline]] inline void MultiplyCentre(const Stretch& stretch, const CentreTurns& centre,
-                                                  CentreTerms& terms) {
+[[gnu::always_inline]] inline void TurnToCentre(const Stretch& stretch, const CentreTurns& centre,
+                                                TurnedCoefficients& turned) {
   using Doubles = typename Vectors::Doubles;
   for (std::size_t k = 0; k < StretchLength; k += Vectors::Lanes) {
     Doubles cos_on;
@@ -31,10 +29,8 @@ template <class Vectors>
     Load(&stretch.Im[k], im);
     const Doubles cos = centre.FirstCos * cos_on - centre.FirstSin * sin_on;
     const Doubles sin = centre.FirstSin * cos_on + centre.FirstCos * sin_on;
-    Store(cos * re, &terms.CosRe[k]);
-    Store(sin * re, &terms.SinRe[k]);
-    Store(cos * im, &terms.CosIm[k]);
-    Store(sin * im, &terms.SinIm[k]);
+    Store(cos * re - sin * im, &turned.Re[k]);
+    Store(sin * re + cos * im, &turned.Im[k]);
   }
 }
 
@@ -65,19 +61,16 @@ struct PairOfSums {
     Store(Above, &block.Above[first]);
   }
 
-  // The order of the sum is (sum + cos Re) - sin Im: any other would round otherwise now and then.
-  [[gnu::always_inline]] void Add(const CentreTerms& terms, std::size_t k, const DistanceTurns& turns,
+  [[gnu::always_inline]] void Add(const TurnedCoefficients& turned, std::size_t k, const DistanceTurns& turns,
                                   std::size_t first) {
     Doubles cos;
     Doubles sin;
     Load(&turns.Cos[first], cos);
     Load(&turns.Sin[first], sin);
-    const Doubles even_re = terms.CosRe[k] * cos;
-    const Doubles odd_re = terms.SinRe[k] * sin;
-    const Doubles even_im = terms.SinIm[k] * cos;
-    const Doubles odd_im = terms.CosIm[k] * sin;
-    const Doubles below = (Below + (even_re + odd_re)) - (even_im - odd_im);
-    const Doubles above = (Above + (even_re - odd_re)) - (even_im + odd_im);
+    const Doubles even = turned.Re[k] * cos;
+    const Doubles odd = turned.Im[k] * sin;
+    const Doubles below = Below + (even + odd);
+    const Doubles above = Above + (even - odd);
     const Doubles far_below = below * Splitter;
     const Doubles far_above = above * Splitter;
     Below = far_below + (below - far_below);
@@ -87,7 +80,7 @@ struct PairOfSums {
 
 /// Adds to the distances from `first` on of as many blocks as fit in hand.
 template <class Vectors, std::size_t Blocks>
-[[gnu::always_inline]] inline void AddToPairs(const Stretch& stretch, const CentreTerms* terms,
+[[gnu::always_inline]] inline void AddToPairs(const Stretch& stretch, const TurnedCoefficients* turned,
                                               std::size_t first, BlockSums* blocks) {
   constexpr std::size_t Pairs = PairsInHand / Blocks;
   PairOfSums<Vectors> sums[Blocks][Pairs];
@@ -99,7 +92,7 @@ template <class Vectors, std::size_t Blocks>
     for (std::size_t p = 0; p < Pairs; ++p) {
 #pragma GCC unroll 4
       for (std::size_t b = 0; b < Blocks; ++b) {
-        sums[b][p].Add(terms[b], k, stretch.Turns[k], first + p * Vectors::Lanes);
+        sums[b][p].Add(turned[b], k, stretch.Turns[k], first + p * Vectors::Lanes);
       }
     }
   }
@@ -113,11 +106,11 @@ template <class Vectors, std::size_t Blocks>
                                                 const std::vector<CentreTurns>& centres,
                                                 std::vector<BlockSums>& blocks) {
   constexpr std::size_t DistancesInHand = PairsInHand / Blocks * Vectors::Lanes;
-  CentreTerms terms[Blocks];
+  TurnedCoefficients turned[Blocks];
   for (std::size_t n = 0; n < blocks.size(); n += Blocks) {
-    for (std::size_t b = 0; b < Blocks; ++b) MultiplyCentre<Vectors>(stretch, centres[n + b], terms[b]);
+    for (std::size_t b = 0; b < Blocks; ++b) TurnToCentre<Vectors>(stretch, centres[n + b], turned[b]);
     for (std::size_t first = 0; first < Distances; first += DistancesInHand) {
-      AddToPairs<Vectors, Blocks>(stretch, terms, first, &blocks[n]);
+      AddToPairs<Vectors, Blocks>(stretch, turned, first, &blocks[n]);
     }
   }
 }

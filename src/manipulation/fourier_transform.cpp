@@ -155,8 +155,8 @@ void SumPlainly(const CoefficientTable& re, const CoefficientTable& im, std::siz
   }
 }
 
-/// Whether the sums stay among the numbers that AddStretch can round: no sum of these coefficients gets too
-/// large, and the first one, or whatever takes its place, is far from the smallest.
+/// Whether the sums stay among the numbers that AddStretch can round: none gets too large, and all are far
+/// from the smallest but those that cancel to nearly nothing, whose last bits don't matter below 2^-126.
 bool FitsNormalRange(const CoefficientTable& re, const CoefficientTable& im, std::size_t highest) {
   double sum = 0;
   for (std::size_t k = 1; k <= highest; ++k) sum += 2 * (std::abs(re[k]) + std::abs(im[k]));

@@ -24,8 +24,10 @@ void ForwardDft(const PointTable& y, int count, float step, int highest, Coeffic
                 CoefficientTable& im, const TellReached& tell, VectorWidth width = WidestVectors());
 
 /// Points 1 to `count` from coefficients 1 to `highest`: y(j) is the sum over rising k of Re(1) for k = 1 and
-/// 2 cos(a) Re(k) - 2 sin(a) Im(k) beyond, rounded to 32 bits after each k. All but a few points in a hundred
-/// thousand are those of the plain loop to the last bit, the others off by one unit of it.
+/// 2 cos(a) Re(k) - 2 sin(a) Im(k) beyond, rounded to 32 bits after each k. All but a few points in a
+/// hundred thousand are those of the plain loop to the last bit, the others off by one unit in the last place
+/// of their largest partial sum: sums of 64 bits that differ in their last one tip a rounding to 32 now and
+/// then. Every `width` that the processor has gives the same bits.
 void InverseDft(const CoefficientTable& re, const CoefficientTable& im, int highest, float step, int count,
                 PointTable& y, const TellReached& tell, VectorWidth width = WidestVectors());
 

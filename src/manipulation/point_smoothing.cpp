@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdlib>
+#include <limits>
+#include <type_traits>
 
 namespace koprax {
 namespace {
@@ -58,18 +60,21 @@ const SmoothingRule& RuleOf(int window) {
   return window == SevenPoints.Window ? SevenPoints : NinePoints;
 }
 
+/// 80 bits where the platform has them. Elsewhere a wider type would be one of software.
+using Extended = std::conditional_t<std::numeric_limits<long double>::digits == 64, long double, double>;
+
 /// Sums up in extended precision; only the store of the quotient rounds to 32 bits.
 class WeightedSum {
  public:
   void Add(float weight, float value) {
-    sum_ += static_cast<long double>(weight) * static_cast<long double>(value);
+    sum_ += static_cast<Extended>(weight) * static_cast<Extended>(value);
   }
   [[nodiscard]] float Over(float divisor) const {
-    return static_cast<float>(sum_ / static_cast<long double>(divisor));
+    return static_cast<float>(sum_ / static_cast<Extended>(divisor));
   }
 
  private:
-  long double sum_ = 0;
+  Extended sum_ = 0;
 };
 
 float AtCentre(const WeightRow& row, int half_window, const float* centre) {

@@ -21,9 +21,7 @@ red. Each further "Smooth" smooths it again.
 "Save" stores the smoothed profile in the buffer that you choose, with
 "SMOOTHED" added to its title. A buffer that holds a profile already is
 overwritten without a question; it may be the buffer of the profile itself.
-The window then goes on with the buffer saved to. If that is another one, go
-back to the main menu and open it with "Profile manipulation" before you
-smooth it further or estimate its background.
+The window then goes on with the buffer saved to.
 
 "Quit" brings the other tools back. The temporary copy stays smoothed, and
 "Background" works on it. "DFT" does not: it starts from the saved profile, as
@@ -83,9 +81,7 @@ same buffer. What an earlier filter has done is forgotten.
 "SMOOTHED by DFT" added to its title. A buffer that holds a profile already is
 overwritten without a question; it may be the buffer of the profile itself.
 The temporary copy of the profile becomes the filtered one too, whatever
-buffer you choose. The window then goes on with the buffer saved to. If that
-is another one, go back to the main menu and open it with "Profile
-manipulation" before you smooth it or estimate its background.
+buffer you choose. The window then goes on with the buffer saved to.
 
 "Quit" brings the other tools back. The picture stays, and the coefficients
 too until the window is closed.
@@ -99,8 +95,8 @@ calculation takes as long as that of "DFT"; a line shows how far it is.
 
 The result is drawn in black, between its own lowest and highest point. Not
 filtered, a smooth profile comes back as it was. If the number of points is
-even, the highest frequency counts twice, which may be seen in a noisy profile
-that was not filtered.
+even, or one more than a multiple of four, the highest frequency counts twice,
+which may be seen in a noisy profile that was not filtered.
 
 Nothing is changed in the profile until you press "Save". If the result does
 not please you, press "Filter" again for a stronger attenuation, or "DFT" to
