@@ -5,8 +5,8 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 
+#include "each_width.h"
 #include "manipulation/robust_background.h"
 
 namespace koprax {
@@ -71,21 +71,13 @@ void FastCycle(benchmark::State& state, VectorWidth width) {
   if (fast != plain) state.SkipWithError("the two ways differ");
 }
 
-std::string NameOf(VectorWidth width) {
-  if (width == VectorWidth::Baseline) return "Cycle, baseline";
-  return width == VectorWidth::Avx2 ? "Cycle, AVX2" : "Cycle, AVX-512";
-}
-
 }  // namespace
 }  // namespace koprax
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
-  benchmark::RegisterBenchmark("Cycle, plain loops", koprax::PlainCycle)->Unit(benchmark::kMillisecond);
-  for (const koprax::VectorWidth width : koprax::VectorWidths()) {
-    benchmark::RegisterBenchmark(koprax::NameOf(width).c_str(), koprax::FastCycle, width)
-        ->Unit(benchmark::kMillisecond);
-  }
+  benchmark::RegisterBenchmark("CyclePlainly", koprax::PlainCycle)->Unit(benchmark::kMillisecond);
+  koprax::RegisterInEachWidth("Cycle", koprax::FastCycle);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   return 0;

@@ -13,6 +13,7 @@
 #include "app/command_form.h"
 #include "forms/number_text.h"
 #include "golden_file.h"
+#include "manipulation/net_profile.h"
 #include "manipulation/robust_background.h"
 
 namespace koprax {
@@ -197,6 +198,11 @@ TEST_F(Manipulation, EachCycleIsDrawnBeforeTheNextQuestionAndAllIsDrawnAnewAtThe
 }
 
 TEST_F(Manipulation, ResultsBeyond32BitsAreToldAndChangeNothing) {
+  Estimate();
+  session_.Play("input \"2E36\"\nclick Form12.cmdRes\n");  // two points together go beyond
+  const PointTable scaled = session_.Data().BackgroundY;
+  EXPECT_THAT(Words("input \"6\"\nclick Form12.cmdResume\n").back(), HasSubstr("A sum of intensities"));
+  EXPECT_EQ(session_.Data().BackgroundY, scaled);
   const std::string path = session_.File(
       "huge.dat",
       "Huge\r\n7\r\n10,16,1\r\n0\r\n0\r\n3.4E38\r\n3.4E38\r\n3.4E38\r\n0\r\n0\r\n3.4E38 0\r\n1.5\r\n");
@@ -210,6 +216,10 @@ TEST_F(Manipulation, ResultsBeyond32BitsAreToldAndChangeNothing) {
     EXPECT_EQ(session_.Data().BackgroundY, PointTable(MaxPoints + 1));
     EXPECT_EQ(session_.Data().PaddedY, PointTable(PaddedYBound + 1));
   }
+  session_.Data().BackgroundY[3] = -3.4E38F;
+  EXPECT_THAT(Words("click Form12.cmdSubtr\n").back(), HasSubstr("beyond 3.4E+38"));
+  EXPECT_EQ(session_.Data().NetY, PointTable(MaxPoints + 1));
+  EXPECT_EQ(session_.Data().BackgroundSubtracted, 0);
 }
 
 TEST_F(Manipulation, ASubtractionIsDrawnDownToItsLowestValue) {
@@ -226,6 +236,8 @@ TEST_F(Manipulation, ASubtractionIsDrawnDownToItsLowestValue) {
   EXPECT_NEAR(LeadingNumber(Get("Text4.Text").substr(4)),
               *std::min_element(net.begin() + 1, net.begin() + 42), 1e-3);
   EXPECT_EQ(Get("Text3.Text"), "x = 10");
+  PointTable high(2);
+  EXPECT_EQ(SubtractBackground({0, 300000}, {0, 1}, 1, high), 100000) << "where the lowest value starts";
 }
 
 TEST_F(Manipulation, AZoomReachesFromThePressDownToTheAxis) {
@@ -395,17 +407,34 @@ TEST_F(Manipulation, TheTransformsAreDrawnInFramesOfTheirOwn) {
 }
 
 TEST_F(Manipulation, ThePrintTakesTheColoursChosen) {
-  Estimate();
-  const std::string choose =
-      "modal set Form31.Combo1 \"Blue\"\nmodal set Form31.Combo2 \"Green\"\nmodal click Form31.Command1\n";
-  session_.Play(choose + "printer \"page.pdf\"\nclick Form12.cmdPrint\n");
-  EXPECT_EQ(Curves(65280, "Printer").size(), 20U);
-  EXPECT_EQ(Curves(16711680, "Printer").size(), 40U);
-  EXPECT_EQ(session_.Data().Plot.PlotTop, 90);
+  const std::string path =
+      session_.File("five.xy", "Five\r\n1.5406\r\n10 0\r\n12.5 100\r\n15 0\r\n17.5 50\r\n20 -42.5\r\n");
+  session_.Play(WorkbenchSession::LoadCommands(path, 3, 'b') + "click Form1.cmdAnal\nclick Form10.optB\n");
+  Estimate("input cancel\n");
+  for (std::size_t i = 1; i <= 5; ++i) session_.Data().BackgroundY[i] = 10 * static_cast<float>(i);
+  const auto print = [&](const std::string& background, const std::string& printer) {
+    session_.Play("modal set Form31.Combo1 \"Cyano\"\nmodal set Form31.Combo2 \"" + background +
+                  "\"\nmodal click Form31.Command1\nprinter " + printer + "\nclick Form12.cmdPrint\n");
+  };
+  session_.Play("move Form12.Picture1 60 70\n");
+  const std::string y = Get("Text4.Text");
+  print("green", "\"page.pdf\"");
+  // 9.5 mm for a degree, half a mm for a count, upward from the red zero line 108.75 mm below the page's top.
+  // A colour of no name leaves the red of before; the pieces in white are printed too.
+  EXPECT_THAT(Curves(colours::Red, "Printer"),
+              ElementsAre(HasSubstr(" 108.75 "), "95 103.75 118.75 98.75 ", "118.75 98.75 142.5 93.75 "));
+  EXPECT_THAT(Curves(colours::White, "Printer"),
+              ElementsAre("142.5 93.75 166.25 88.75 ", "166.25 88.75 190 83.75 "));
+  EXPECT_THAT(Curves(0xFFFF00, "Printer"),
+              ElementsAre("95 108.75 118.75 58.75 ", "118.75 58.75 142.5 108.75 ",
+                          "142.5 108.75 166.25 83.75 ", "166.25 83.75 190 130 "));
+  session_.Play("move Form12.Picture1 60 70\n");
+  EXPECT_EQ(Get("Text4.Text"), y) << "the screen keeps its scale";
   EXPECT_THAT(session_.Events("modal close Form31\nclick Form12.cmdPrint\n").dump(),
               testing::Not(HasSubstr("dialog")));
-  session_.Play(choose + "printer cancel\nclick Form12.cmdPrint\ninput \"1\"\nclick Form12.cmdRes\n");
-  EXPECT_EQ(Curves(65280).size(), 20U) << "the colours stay chosen for the next drawing";
+  print("Green", "cancel");
+  session_.Play("input \"1\"\nclick Form12.cmdRes\n");
+  EXPECT_EQ(Curves(0x00FF00).size(), 2U) << "the colours stay chosen for the next drawing";
 }
 
 TEST_F(Manipulation, AnotherProfileFindsNothingOfTheFormerOne) {

@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <span>
 #include <string>
 #include <utility>
 #include <variant>
 #include <vector>
 
-#include "display/named_colours.h"
 #include "display/plot_transform.h"
 
 namespace koprax {
@@ -80,12 +78,6 @@ TEST(BackgroundPlot, AZoomDrawsEachSegmentOfBothWhereItLiesInTheRange) {
             (std::vector<DrawingOperation>{
                 LineOperation{20, 35, 30, 45, colours::Black}, LineOperation{20, 17, 30, 18, colours::Red},
                 LineOperation{30, 18, 40, 19, colours::Red}, LineOperation{40, 19, 50, 20, colours::Red}}));
-}
-
-TEST(NamedColours, HaveRedInTheLowByte) {
-  EXPECT_EQ(ColourOfName("Cyano"), 0xFFFF00U);
-  EXPECT_EQ(ColourOfName("Green"), 0x00FF00U);
-  EXPECT_EQ(ColourOfName("red"), std::nullopt);
 }
 
 }  // namespace
