@@ -217,7 +217,7 @@ TEST_F(Manipulation, ResultsBeyond32BitsAreToldAndChangeNothing) {
     EXPECT_EQ(session_.Data().PaddedY, PointTable(PaddedYBound + 1));
   }
   session_.Data().BackgroundY[3] = -3.4E38F;
-  EXPECT_THAT(Words("click Form12.cmdSubtr\n").back(), HasSubstr("beyond 3.4E+38"));
+  EXPECT_THAT(Words("click Form12.cmdSubtr\n"), ElementsAre(HasSubstr("beyond 3.4E+38")));
   EXPECT_EQ(session_.Data().NetY, PointTable(MaxPoints + 1));
   EXPECT_EQ(session_.Data().BackgroundSubtracted, 0);
 }
