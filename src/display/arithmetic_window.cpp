@@ -199,7 +199,11 @@ void Form8::CombineBoth(TwoProfileOperation operation) {
   if (!pair) {
     return;
   }
-  if (const auto refusal = CombineProfiles(context_.Data, *pair, operation)) {
+  auto refusal = opening_.WhyNotCombined ? opening_.WhyNotCombined() : std::nullopt;
+  if (!refusal) {
+    refusal = CombineProfiles(context_.Data, *pair, operation);
+  }
+  if (refusal) {
     Desk().Host().MsgBox(*refusal);
   } else {
     MakeCurrent(context_, pair->First);

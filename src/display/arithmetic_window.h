@@ -19,9 +19,11 @@ namespace koprax {
 
 /// What the window that opens the arithmetic tells about itself, and what it does when it hears back.
 struct ArithmeticOpening {
-  int Profiles;                        ///< shown by the opener, 1 or 2
-  std::weak_ptr<Form> Opener{};        ///< once it is gone, the commands only close the window
-  std::function<void()> TakeUp{};      ///< before each command: the opener's plot is at work again
+  int Profiles;                    ///< shown by the opener, 1 or 2
+  std::weak_ptr<Form> Opener{};    ///< once it is gone, the commands only close the window
+  std::function<void()> TakeUp{};  ///< before each command: the opener's plot is at work again
+  /// Why the two profiles on show are no longer to be combined; where it is missing, they always are.
+  std::function<std::optional<Message>()> WhyNotCombined{};
   std::function<void()> Redraw{};      ///< one profile has changed: the opener draws anew
   std::function<void()> ComeBack{};    ///< the opener comes to the front
   std::function<void()> ResultLeft{};  ///< the result of two profiles has been left

@@ -23,6 +23,11 @@ namespace koprax {
 
 namespace {
 
+Message ChangedElsewhere(const ProfileBuffer& buffer) {
+  return ErrorMessage("Buffer " + buffer.BufLetter +
+                      " has been changed in another window.\r\nDisplay the profiles again first.");
+}
+
 /// Slots as a selection like SelBuf.
 BufferSelection SelectionOf(const std::vector<int>& slots) {
   BufferSelection selection{};
@@ -173,6 +178,7 @@ void Form2::StartArithmetic() {
   OpenArithmetic(context_, {.Profiles = static_cast<int>(state_.Slots.size()),
                             .Opener = weak_from_this(),
                             .TakeUp = while_loaded(&Form2::TakePlotBack),
+                            .WhyNotCombined = [this] { return WhyNotCombined(); },
                             .Redraw = while_loaded(&Form2::DrawAgain),
                             .ComeBack = WhileLoaded(std::function<void()>([this] { Show(); })),
                             .ResultLeft = while_loaded(&Form2::LeaveResult)});
@@ -222,6 +228,18 @@ bool Form2::PickBuffer() {
   return picked;
 }
 
+/// The sum takes the temporary copies as they are, but not one that belongs to another profile. Of an
+/// erased one it tells itself.
+std::optional<Message> Form2::WhyNotCombined() const {
+  for (const int slot : state_.Slots) {
+    const ProfileBuffer& buffer = context_.Data.Buffer(slot);
+    if (!buffer.Empty() && !state_.Kept[static_cast<std::size_t>(slot)].PermanentMatches(buffer)) {
+      return ChangedElsewhere(buffer);
+    }
+  }
+  return std::nullopt;
+}
+
 std::optional<Message> Form2::WhyNotSaved() const {
   const ProfileBuffer& buffer = context_.Data.Current();
   const std::string name = "Buffer " + buffer.BufLetter;
@@ -237,7 +255,7 @@ std::optional<Message> Form2::WhyNotSaved() const {
                         " are left.\r\nDisplay it alone to cut it and save it there.");
   }
   if (!state_.Kept[static_cast<std::size_t>(context_.Data.CurBuf)].Matches(buffer)) {
-    return ErrorMessage(name + " has been changed in another window.\r\nDisplay the profiles again first.");
+    return ChangedElsewhere(buffer);
   }
   return std::nullopt;
 }

@@ -57,6 +57,7 @@ class Form2 final : public Form {
   [[nodiscard]] bool PickBuffer();
   void SaveBuffer();
   [[nodiscard]] std::optional<Message> WhyNotSaved() const;
+  [[nodiscard]] std::optional<Message> WhyNotCombined() const;
   [[nodiscard]] KeptProfile& Kept(int slot) { return state_.Kept[static_cast<std::size_t>(slot)]; }
   void KeepPermanentCopies();
 

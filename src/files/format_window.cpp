@@ -45,6 +45,9 @@ void Form7::ChooseFormat(std::int16_t input_format, OptionButton& option) {
 }
 
 void Form7::ChooseBuffer() {
+  // The picker replaces one that may have been left open for another command, whose mode would turn the load
+  // into it.
+  context_.Data.ModeAnal = context_.Data.ModeFit = false;
   context_.Main.OpenProfilePicker();
   Unload();
 }

@@ -157,6 +157,9 @@ void Form12::SaveBackground() {
 void Form12::SaveSmoothed(bool by_dft) {
   OpenPicker(pickers::SmoothedResult, [this](Workspace& data) {
     SaveSmoothedResult(data);
+    if (data.CurBuf != state_.Slot) {
+      EndSubtraction();
+    }
     state_.CopyIsDue = data.CurBuf != state_.Slot;
     state_.Slot = data.CurBuf;
   });

@@ -98,6 +98,8 @@ class Form12 final : public Form {
   void ClearBackground();
   void PrintBackground();
   void UseBackgroundColours();
+  /// The profile is another one than that which the background was subtracted from.
+  void EndSubtraction();
   /// The commands that a subtraction switches off.
   void EnableUnsubtracted(bool enabled);
 

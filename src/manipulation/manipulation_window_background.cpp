@@ -153,12 +153,18 @@ void Form12::UseBackgroundColours() {
 void Form12::ResumeEstimate() {
   Workspace& data = context_.Data;
   if (data.BackgroundSubtracted == 1) {
-    data.BackgroundSubtracted = 0;
-    EnableUnsubtracted(true);
-    std::ranges::fill(data.NetY, 0.0F);
+    EndSubtraction();
     DrawBackgroundAndProfile();
   }
   EstimateBackground();
+}
+
+void Form12::EndSubtraction() {
+  if (context_.Data.BackgroundSubtracted == 1) {
+    context_.Data.BackgroundSubtracted = 0;
+    EnableUnsubtracted(true);
+    std::ranges::fill(context_.Data.NetY, 0.0F);
+  }
 }
 
 void Form12::Subtract() {

@@ -120,6 +120,7 @@ void Form12::SaveFiltered() {
   }
   std::copy_n(state_.Dft.DftY.begin() + 1, Buffer().PermNpts, Buffer().WorkY.begin() + 1);
   state_.Kept.KeepTemporary(Buffer());
+  EndSubtraction();
   SaveSmoothed(true);
 }
 

@@ -42,6 +42,7 @@ bool Form12::SmoothOver(int window) {
   }
   buffer.WorkY = std::move(smoothed);
   state_.Kept.KeepTemporary(buffer);
+  EndSubtraction();
   return true;
 }
 

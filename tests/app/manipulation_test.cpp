@@ -481,6 +481,7 @@ TEST_F(Manipulation, WhatAnotherWindowHasChangedIsNotTakenForItsOwn) {
   const Json background = session_.Value("buffer b");
   EXPECT_THAT(told("click Form6.cmdSave\n"), HasSubstr("changed in another window"));
   EXPECT_THAT(told("modal click Form32.optB\nclick Form2.cmdSave\n"), HasSubstr("changed in another window"));
+  EXPECT_THAT(told("click Form2.cmdMod\nclick Form8.Command1\n"), HasSubstr("changed in another window"));
   EXPECT_EQ(session_.Value("buffer b"), background);
   // A shift of X, and a change before the temporary copy of the buffer saved to is taken.
   const std::string add_1_to_x = "input \"1\"\nclick Form6.cmdMod\nclick Form8.cmdSumX\n";
