@@ -52,7 +52,8 @@ class Workbench::Windows final : public MainServices,
     PickerActions actions;
     if (data.ModeOut) {
       actions.Chosen = [this](Form&, const std::vector<int>&) {
-        // A picker that this one has replaced leaves nothing behind that would turn a later load into something else.
+        // A picker that this one has replaced leaves nothing behind that would turn a later load into
+        // something else.
         context_.Data.ModeAnal = context_.Data.ModeFit = false;
         SaveChosenProfile(context_);
       };
