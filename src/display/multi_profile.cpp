@@ -129,10 +129,7 @@ void TakeMultiProfile(Workspace& data, const MultiProfile& plot) {
     buffer.SelList =
         slot <= plot.Slots.size() ? static_cast<std::int16_t>(plot.Slots[slot - 1]) : std::int16_t{0};
   }
-  data.PlotXMin = plot.Limits.XMin;
-  data.PlotXMax = plot.Limits.XMax;
-  data.PlotYMin = plot.Limits.YMin;
-  data.PlotYMax = plot.Limits.YMax;
+  TakeLimitsOfDrawing(data, plot.Limits);
   if (plot.Slots.size() == 2) {
     data.SumWavelength = plot.MeanWavelength;
   }
