@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/command_form.h"
+#include "app/journey.h"
 #include "display/arithmetic_window.h"
 #include "forms/fixed_text.h"
 
@@ -18,34 +18,20 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 /// Three points in buffer a and three in buffer b, at 10, 10.9 and 12 degrees.
-class ArithmeticTest : public testing::Test {
+class ArithmeticTest : public Journey {
  protected:
   ArithmeticTest() {
     Load('b', "10 1\r\n10.9 2\r\n12 3\r\n");
     Load('a', "10 5\r\n10.9 20\r\n12 10\r\n");
   }
-  void Load(char letter, const std::string& points, const std::string& wavelength = "1.5406") {
-    const std::string name(1, letter);
-    Session.Play(WorkbenchSession::LoadCommands(
-        Session.File(name + ".xy", "Profile " + name + "\r\n" + wavelength + "\r\n" + points), 3, letter));
-  }
-  void DisplayOne() { Session.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Command1\n"); }
-  void DisplayBoth() {
-    Session.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
-  }
-  /// What the last command of a script leads to.
-  std::vector<std::string> Words(const std::string& script) { return WordsOf(Session.Events(script)); }
   std::vector<std::string> OnOne(const std::string& script) { return Words("click Form6.cmdMod\n" + script); }
   static std::vector<float> Points(const PointTable& table) { return {table.begin() + 1, table.begin() + 4}; }
-  std::vector<float> Y(int slot = 1) { return Points(Session.Data().Buffer(slot).WorkY); }
-  Json Get(const std::string& name) { return Session.Value("get " + name); }
+  std::vector<float> Y(int slot = 1) { return Points(Data().Buffer(slot).WorkY); }
   /// Which of the two frames are on.
   std::string Frames() {
     return std::string(Get("Form8.Frame1.Enabled").get<bool>() ? "one " : "") +
            (Get("Form8.Frame2.Enabled").get<bool>() ? "two" : "");
   }
-
-  WorkbenchSession Session;
 };
 
 const std::string KPrompt = ": Give K\r\n(real number)";
@@ -58,49 +44,45 @@ const std::string Underflow =
 TEST_F(ArithmeticTest, AnOperationOnOneProfileShowsAtOnceAndIsNotSaved) {
   EXPECT_THAT(OnOne(""), ElementsAre("shown Form8"));
   EXPECT_EQ(Frames(), "one ");
-  const Json before = Session.Value("picture Form6.Picture1");
+  const Json before = Value("picture Form6.Picture1");
   EXPECT_THAT(Words("input \"2\"\nclick Form8.cmdProd\n"), ElementsAre("Y=Y*K" + KPrompt, "unloaded Form8"));
   EXPECT_THAT(Y(), ElementsAre(10, 40, 20));
-  EXPECT_NE(Session.Value("picture Form6.Picture1"), before);
-  EXPECT_EQ(Session.Data().Buffer(1).PermY[2], 20);
-  DisplayOne();
-  EXPECT_EQ(Session.Value("picture Form6.Picture1"), before);
+  EXPECT_NE(Value("picture Form6.Picture1"), before);
+  EXPECT_EQ(Data().Buffer(1).PermY[2], 20);
+  Display("a");
+  EXPECT_EQ(Value("picture Form6.Picture1"), before);
 
   EXPECT_THAT(OnOne("answer yes\ninput \"-5.5\"\nclick Form8.cmdAdd\n"),
               ElementsAre("Y=Y+K" + KPrompt, NegativeY, "unloaded Form8"));
-  EXPECT_EQ(Session.Data().Buffer(1).WorkYMin, -0.5F);
-  EXPECT_EQ(Session.Data().Buffer(1).WorkYMax, 20);
+  EXPECT_EQ(Data().Buffer(1).WorkYMin, -0.5F);
+  EXPECT_EQ(Data().Buffer(1).WorkYMax, 20);
   EXPECT_THAT(OnOne("answer yes\ninput \"-10.9\"\nclick Form8.cmdSumX\n"),
               ElementsAre("Y=Y+K" + KPrompt,
                           "Warning, question: Negative X's generated.\r\nThis portion of profile will be "
                           "lost\r\ncontinue?",
                           "unloaded Form8"));
   EXPECT_EQ(Get("Form6.Text6.Text"), "xmin 0");
-  EXPECT_EQ(Session.Data().Buffer(1).WorkNpts, 2);
+  EXPECT_EQ(Data().Buffer(1).WorkNpts, 2);
 }
 
-TEST_F(ArithmeticTest, LogarithmAndExponentialCloseAndShow) {
-  const Json before = Session.Value("picture Form6.Picture1");
+TEST_F(ArithmeticTest, LogarithmAndExponentialTakeTheirOwnTops) {
   EXPECT_THAT(OnOne("click Form8.cmdLogY\n"), ElementsAre("unloaded Form8"));
   EXPECT_FLOAT_EQ(Y()[1], static_cast<float>(std::log(20.0)));
-  EXPECT_FLOAT_EQ(Session.Data().Buffer(1).WorkYMax, static_cast<float>(std::log(1.2 * 20)));
-  const Json logarithm = Session.Value("picture Form6.Picture1");
-  EXPECT_NE(logarithm, before);
+  EXPECT_FLOAT_EQ(Data().Buffer(1).WorkYMax, static_cast<float>(std::log(1.2 * 20)));
   EXPECT_THAT(OnOne("click Form8.cmdExpY\n"), ElementsAre("unloaded Form8"));  // all between -10 and 10
-  EXPECT_FLOAT_EQ(Session.Data().Buffer(1).WorkYMax, 20);
-  EXPECT_NE(Session.Value("picture Form6.Picture1"), logarithm);
+  EXPECT_FLOAT_EQ(Data().Buffer(1).WorkYMax, 20);
 }
 
 TEST_F(ArithmeticTest, WhatIsLeftWithoutPointsIsNotSavedAndASelectionEndsTheArithmetic) {
   for (const char* command : {"cmdEdit", "cmdZoom"}) {
-    DisplayOne();
+    Display("a");
     EXPECT_THAT(OnOne("click Form6." + std::string(command) + "\n"), testing::Contains("unloaded Form8"));
   }
-  DisplayOne();
+  Display("a");
   OnOne("answer yes\ninput \"-100\"\nclick Form8.cmdSumX\n");
-  EXPECT_EQ(Session.Data().Buffer(1).WorkNpts, 0);
+  EXPECT_EQ(Data().Buffer(1).WorkNpts, 0);
   EXPECT_THAT(Words("click Form6.cmdSave\n"), ElementsAre(HasSubstr("Buffer a holds no points")));
-  EXPECT_EQ(Session.Data().Buffer(1).PermNpts, 3);
+  EXPECT_EQ(Data().Buffer(1).PermNpts, 3);
 }
 
 TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
@@ -115,7 +97,7 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
       {"click Form8.Command5\n", {"unloaded Form8", "front Form6"}},
       {"close Form8\n", {"unloaded Form8", "front Form6"}},
   };
-  DisplayOne();
+  Display("a");
   for (const Case& c : cases) {
     // With another window in front the opener has to come back.
     std::vector<std::string> words = OnOne("click Form1.cmdDisp\n" + c.Script);
@@ -130,7 +112,7 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
   }
   EXPECT_THAT(OnOne("input \"3e38\"\nclick Form8.cmdProd\n"),
               ElementsAre("Y=Y*K" + KPrompt, HasSubstr("beyond 3.4E+38"), "unloaded Form8"));
-  auto& y = Session.Data().Buffer(1).WorkY;
+  auto& y = Data().Buffer(1).WorkY;
   y[1] = y[2] = 0.0001F;
   EXPECT_THAT(OnOne("answer yes\nanswer no\nclick Form8.cmdLogY\n"),
               ElementsAre(Underflow, Underflow, "unloaded Form8"));
@@ -140,83 +122,74 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
       ElementsAre(Underflow, Underflow, "Error, exclamation: Negative or null argument for \"ln\" function",
                   "unloaded Form8"));
   EXPECT_THAT(Y(), ElementsAre(0.0001F, 0.0001F, 0));
-  Session.Data().Buffer(1).WorkNpts = 0;
+  Data().Buffer(1).WorkNpts = 0;
   EXPECT_THAT(OnOne("click Form8.cmdLogY\n"), ElementsAre(HasSubstr("no points")));
 }
 
-TEST_F(ArithmeticTest, OneOfTwoIsChosenAndThePlotOfBothDrawnAnew) {
-  DisplayBoth();
-  Session.Play("click Form2.cmdMod\n");
+TEST_F(ArithmeticTest, OneOfTwoIsChosenAndTheOtherStays) {
+  Display("ab");
+  Click("Form2.cmdMod");
   EXPECT_EQ(Frames(), "two");
-  const Json before = Session.Value("picture Form2.Picture1");
-  Session.Play("click Form8.optY2\n");
+  Click("Form8.optY2");
   EXPECT_EQ(Frames(), "one two");
-  EXPECT_EQ(Session.Value("state CurBuf"), 2);
-  Session.Play("click Form1.cmdDisp\nclose Form11\n");
-  Session.Data().CurBuf = 1;  // another command has been at another buffer meanwhile
+  EXPECT_EQ(Value("state CurBuf"), 2);
+  Play("click Form1.cmdDisp\nclose Form11\n");
+  Data().CurBuf = 1;  // another command has been at another buffer meanwhile
   EXPECT_EQ(Words("input \"4\"\nclick Form8.cmdProd\n"),
             (std::vector<std::string>{"front Form8", "Y=Y*K" + KPrompt, "unloaded Form8", "front Form2"}));
   EXPECT_THAT(Y(2), ElementsAre(4, 8, 12));
   EXPECT_THAT(Y(1), ElementsAre(5, 20, 10));
-  EXPECT_NE(Session.Value("picture Form2.Picture1"), before);
-  EXPECT_EQ(Session.Value("state MultiOp"), 0);
-  Session.Play("click Form2.cmdMod\nclick Form8.optY1\ninput \"2\"\nclick Form8.cmdProd\n");
+  EXPECT_EQ(Value("state MultiOp"), 0);
+  Play("click Form2.cmdMod\nclick Form8.optY1\ninput \"2\"\nclick Form8.cmdProd\n");
   EXPECT_THAT(Y(1), ElementsAre(10, 40, 20));
   EXPECT_THAT(Y(2), ElementsAre(4, 8, 12));
-  Session.Play("click Form2.cmdMod\nclick Form8.optY1\nclick Form8.Command5\n");
-  EXPECT_EQ(Session.Value("state MultiOp"), 0) << "or the next plot would keep the temporary copies";
+  Click("Form2.cmdMod Form8.optY1 Form8.Command5");
+  EXPECT_EQ(Value("state MultiOp"), 0) << "or the next plot would keep the temporary copies";
 }
 
 TEST_F(ArithmeticTest, ACommandForAWindowThatIsGoneOnlyCloses) {
-  SilentServices services(Session);
+  SilentServices services(*this);
   for (const char* command : {"Form8.cmdProd", "Form8.Command1", "Form8.optY1"}) {
     const int profiles = std::string(command) == "Form8.cmdProd" ? 1 : 2;
-    OpenArithmetic(services.Context, {.Profiles = profiles,
-                                      .Opener = {},
-                                      .Redraw = [] { ADD_FAILURE(); },
-                                      .ComeBack = [] { ADD_FAILURE(); },
-                                      .ResultLeft = [] { ADD_FAILURE(); }});
+    const auto never = [] { ADD_FAILURE(); };
+    OpenArithmetic(services.Context,
+                   {.Profiles = profiles, .Redraw = never, .ComeBack = never, .ResultLeft = never});
     EXPECT_THAT(Words(std::string("click ") + command + "\n"), ElementsAre("unloaded Form8"));
   }
   // Two that were not there at the load, or are there no more.
-  DisplayBoth();
-  Session.Data().SelBuf[2] = 0;
-  OpenArithmetic(services.Context, {.Profiles = 2,
-                                    .Opener = Session.Desk().Find("Form2"),
-                                    .TakeUp = [] {},
-                                    .Redraw = {},
-                                    .ComeBack = {},
-                                    .ResultLeft = {}});
+  Display("ab");
+  Data().SelBuf[2] = 0;
+  OpenArithmetic(services.Context, {.Profiles = 2, .Opener = Desk().Find("Form2"), .TakeUp = [] {}});
   for (const char* command : {"Command2", "optY1"}) {
     EXPECT_THAT(Words(std::string("click Form8.") + command + "\n"),
                 ElementsAre(HasSubstr("no two profiles")));
   }
   EXPECT_EQ(Get("Form8.optY1.Value"), false);
-  DisplayBoth();
-  EXPECT_THAT(Words("click Form2.cmdMod\nanswer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"
-                    "click Form8.Command1\n"),
+  Display("ab");
+  EXPECT_THAT(Words("click Form2.cmdMod\nanswer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\nclick "
+                    "Form8.Command1\n"),
               ElementsAre("front Form8", HasSubstr("no points in buffer b"), "unloaded Form8"));
 }
 
 TEST_F(ArithmeticTest, TheDifferenceOfTwoInAWindowOfItsOwn) {
-  DisplayBoth();
-  Session.Play("click Form2.cmdMod\n");
-  Session.Data().CurBuf = 2;
+  Display("ab");
+  Click("Form2.cmdMod");
+  Data().CurBuf = 2;
   EXPECT_THAT(Words("click Form8.Command2\n"), ElementsAre("shown Form30", "unloaded Form8"));
-  EXPECT_THAT(Points(Session.Data().Sum.SumY), ElementsAre(4, 18, 7));
-  EXPECT_EQ(Session.Value("state CurBuf"), 1) << "Y1 is the one at work";
+  EXPECT_THAT(Points(Data().Sum.SumY), ElementsAre(4, 18, 7));
+  EXPECT_EQ(Value("state CurBuf"), 1) << "Y1 is the one at work";
   // The scale of Y is 71.25 for 18 - 4 counts: the middle of the plot lies at 37.5 / (71.25 / 14).
-  Session.Play("move Form30.Picture1 67.5 52.5\n");
+  Play("move Form30.Picture1 67.5 52.5\n");
   EXPECT_EQ(Get("Form30.Text1.Text"), "X-pos = 11");
   EXPECT_EQ(Get("Form30.Text2.Text"), "d = 8.0369");  // 1.5406 / (2 sin 5.5 deg), Bragg's law
   EXPECT_EQ(Get("Form30.Text3.Text"), "7.37");
   EXPECT_THAT(Words("click Form30.cmdCancel\n"), ElementsAre("unloaded Form30"));
-  EXPECT_EQ(Session.Value("state SumNpts"), 0);
-  Session.Play("move Form2.Picture1 67.5 52.5\n");  // 71.25 for 20 counts again
+  EXPECT_EQ(Value("state SumNpts"), 0);
+  Play("move Form2.Picture1 67.5 52.5\n");  // 71.25 for 20 counts again
   EXPECT_EQ(Get("Form2.Text4.Text").get<std::string>().substr(0, 10), "y = 10.526");
   // From -10 to 7: 71.25 / 17 a count, 0 stands 10 counts above the bottom.
-  Session.Data().Buffer(2).WorkY[2] = 30;
-  Session.Play("click Form2.cmdMod\nclick Form8.Command2\nmove Form30.Picture1 67.5 52.5\n");
+  Data().Buffer(2).WorkY[2] = 30;
+  Play("click Form2.cmdMod\nclick Form8.Command2\nmove Form30.Picture1 67.5 52.5\n");
   EXPECT_EQ(Get("Form30.Text3.Text"), "-1.05");  // 37.5 / (71.25 / 17) - 10
 }
 
@@ -224,52 +197,51 @@ TEST_F(ArithmeticTest, ChannelsAreReadIn2ThetaOnceCalibrated) {
   Load('b', "10 1\r\n11 2\r\n12 3\r\n");
   Load('a', "10 5\r\n11 20\r\n12 10\r\n");
   for (const int slot : {1, 2}) {
-    Session.Data().Buffer(slot).FormatCode = static_cast<std::int16_t>(FormatCodes::CpsChannels);
+    Data().Buffer(slot).FormatCode = static_cast<std::int16_t>(FormatCodes::CpsChannels);
   }
-  DisplayBoth();
-  Session.Play("click Form2.cmdMod\nclick Form8.Command1\nmove Form30.Picture1 67.5 52.5\n");
-  EXPECT_EQ(Get("Form30.Text1.Text"), "X-pos = 11");
-  EXPECT_EQ(Get("Form30.Text2.Text"), "d = 0");
-  Session.Data().Buffer(1).CalPar[1] = 8;
-  Session.Data().Buffer(1).CalPar[3] = 0.1;
-  Session.Play("move Form30.Picture1 67.5 52.5\n");
+  Display("ab");
+  Play("click Form2.cmdMod\nclick Form8.Command1\nmove Form30.Picture1 67.5 52.5\n");
+  EXPECT_EQ(Values("Form30.Text1.Text Form30.Text2.Text"), (Json{"X-pos = 11", "d = 0"}));
+  Data().Buffer(1).CalPar[1] = 8;
+  Data().Buffer(1).CalPar[3] = 0.1;
+  Play("move Form30.Picture1 67.5 52.5\n");
   EXPECT_EQ(Get("Form30.Text1.Text"), "X-pos = 20.1");  // 8 + 0.1 * 11^2
   EXPECT_EQ(Get("Form30.Text2.Text"), "d = 4.4141");    // 1.5406 / (2 sin 10.05 deg)
 }
 
 TEST_F(ArithmeticTest, TheResultIsSavedUnderATitleAndNeverLost) {
-  DisplayBoth();
-  Session.Play("click Form2.cmdMod\nclick Form8.Command1\n");
+  Display("ab");
+  Click("Form2.cmdMod Form8.Command1");
   const std::string question =
       "Message, information: Buffer already occupied by another profile!\r\nOverwrite?";
   const auto save = [&](const std::string& script) { return Words("click Form30.cmdSave\n" + script); };
   EXPECT_THAT(save("answer no\nclick Form29.optB\n"), ElementsAre("unloaded Form29", question));
   EXPECT_THAT(Y(2), ElementsAre(1, 2, 3));
   EXPECT_THAT(save("click Form29.optC\n"), ElementsAre("unloaded Form29", "shown Form14"));
-  EXPECT_EQ(Session.Value("state SumSource"), 2) << "it was CurBuf, and is one of the two";
-  Session.Play("set Form14.Text1 \"Both\"\nclick Form14.Command1\n");
-  EXPECT_EQ(Session.Data().Buffer(3).Title, FixedField("Both", TitleWidth));
-  EXPECT_THAT(Points(Session.Data().Buffer(3).PermY), ElementsAre(6, 22, 13));
+  EXPECT_EQ(Value("state SumSource"), 2) << "it was CurBuf, and is one of the two";
+  Play("set Form14.Text1 \"Both\"\nclick Form14.Command1\n");
+  EXPECT_EQ(Data().Buffer(3).Title, FixedField("Both", TitleWidth));
+  EXPECT_THAT(Points(Data().Buffer(3).PermY), ElementsAre(6, 22, 13));
   // Over one of its own sources, without a title.
   EXPECT_THAT(save("answer yes\nclick Form29.optA\n"),
               ElementsAre("unloaded Form29", question, "shown Form14"));
-  EXPECT_EQ(Session.Value("state SumSource"), 1) << "CurBuf is neither of the two now";
-  Session.Play("close Form14\n");
-  EXPECT_EQ(Session.Data().Buffer(1).Title, FixedField("Y = Y1 + Y2", TitleWidth));
-  EXPECT_EQ(Session.Data().Buffer(1).FormatCode, 2);
+  EXPECT_EQ(Value("state SumSource"), 1) << "CurBuf is neither of the two now";
+  Play("close Form14\n");
+  EXPECT_EQ(Data().Buffer(1).Title, FixedField("Y = Y1 + Y2", TitleWidth));
+  EXPECT_EQ(Data().Buffer(1).FormatCode, 2);
   // The picker of a window that has been left goes with it, and both sources stand on the base of their plot.
-  Session.Data().Buffer(2).NegativeY = 1;
+  Data().Buffer(2).NegativeY = 1;
   EXPECT_THAT(save("click Form30.cmdCancel\n"),
               ElementsAre("front Form30", "unloaded Form30", "unloaded Form29"));
-  EXPECT_EQ(Session.Data().Buffer(2).NegativeY, 0);
+  EXPECT_EQ(Data().Buffer(2).NegativeY, 0);
   // A plot of another wavelength, shown meanwhile, changes nothing.
-  DisplayBoth();
-  Session.Play("click Form2.cmdMod\nclick Form8.Command1\n");
+  Display("ab");
+  Click("Form2.cmdMod Form8.Command1");
   for (const char letter : {'e', 'f'}) Load(letter, "10 1\r\n12 3\r\n", "0.7107");
-  Session.Play("click Form1.cmdDisp\nclick Form11.Check5\nclick Form11.Check6\nclick Form11.Command1\n");
-  EXPECT_FLOAT_EQ(Session.Data().SumWavelength, 0.7107F);
+  Display("ef");
+  EXPECT_FLOAT_EQ(Data().SumWavelength, 0.7107F);
   save("click Form29.optD\nclick Form14.Command1\n");
-  EXPECT_FLOAT_EQ(Session.Data().Buffer(4).Wavelength, 1.5406F);
+  EXPECT_FLOAT_EQ(Data().Buffer(4).Wavelength, 1.5406F);
 }
 
 }  // namespace

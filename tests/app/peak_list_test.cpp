@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "app/command_form.h"
+#include "app/journey.h"
 #include "files/peak_list_commands.h"
 #include "forms/fixed_text.h"
 
@@ -27,11 +27,13 @@ std::string Repeated(const std::string& line, int count) {
 }
 
 /// Lists of buffer c.
-class PeakListTest : public testing::Test {
+class PeakListTest : public Journey {
  protected:
-  PeakListTest() { session_.Data().CurBuf = 3; }
+  using CommandSession::Run;  // and not the test's own
 
-  ProfileBuffer& Buffer() { return session_.Data().Buffer(3); }
+  PeakListTest() { Data().CurBuf = 3; }
+
+  ProfileBuffer& Buffer() { return Data().Buffer(3); }
   void AddPeak(const char* theta, const char* y, const char* d, const char* channel = "") {
     const auto k = static_cast<std::size_t>(++Buffer().NPeaks);
     std::tie(Buffer().PeakTheta[k], Buffer().PeakY[k], Buffer().PeakD[k], Buffer().PeakChannel[k]) =
@@ -49,7 +51,7 @@ class PeakListTest : public testing::Test {
 
   using Reading = bool (*)(const WindowContext&, std::function<void()>, std::function<void()>);
   std::vector<std::string> Read(Reading reading, const std::string& answers) {
-    return session_.Run(
+    return Run(
         [this, reading](const WindowContext& context) {
           opened_ = reading(
               context, [this] { ++drawn_; }, [this] { ++given_up_; });
@@ -64,66 +66,63 @@ class PeakListTest : public testing::Test {
   }
   /// The answers that open a file of these contents.
   std::string Open(const std::string& contents) {
-    session_.File("list.pks", contents);
-    return "input \"y\"\n" + CommandSession::FileAnswer(path_);
+    File("list.pks", contents);
+    return "input \"y\"\n" + FileAnswer(path_);
   }
   /// What a reading has done, since the last call: opened a preview, drawn peaks, given up; then CurBuf and
   /// CalCancelled, which start again.
   std::vector<int> Outcome() {
-    Workspace& data = session_.Data();
+    Workspace& data = Data();
     std::vector<int> outcome{opened_ ? 1 : 0, drawn_, given_up_, data.CurBuf, data.CalCancelled};
     drawn_ = given_up_ = data.CalCancelled = 0;
     data.CurBuf = 3;
     return outcome;
   }
 
-  CommandSession session_;
-  std::string path_ = session_.Folder() + "/list.pks";
+  std::string path_ = Folder() + "/list.pks";
   bool opened_ = false;
   int drawn_ = 0;
   int given_up_ = 0;
 };
 
 TEST_F(PeakListTest, TheExplorerSavesItsListSortedAndRounded) {
-  session_.Play(
-      WorkbenchSession::LoadCommands(session_.File("a.xy", "A\r\n1.5\r\n10 1\r\n11 9\r\n"), 3, 'c'));
+  Play(LoadCommands(File("a.xy", "A\r\n1.5\r\n10 1\r\n11 9\r\n"), 3, 'c'));
   AddPeak("11.50049", "9.25", "7.69");
   AddPeak("10", "1", "8.6057");
-  session_.Play("click Form6.cmdManExpl\n");
-  EXPECT_THAT(session_.Words("file cancel\nclick Form6.cmdSavePeaks\n"), ElementsAre(SaveDialog));
-  const std::string save = CommandSession::FileAnswer(path_) + "click Form6.cmdSavePeaks\n";
-  EXPECT_THAT(session_.Words(save), ElementsAre(SaveDialog));
-  EXPECT_EQ(CommandSession::BytesOf(path_), " 10  1  8.6057\r\n 11.5  9.2  7.69\r\n");
+  Click("Form6.cmdManExpl");
+  EXPECT_THAT(Words("file cancel\nclick Form6.cmdSavePeaks\n"), ElementsAre(SaveDialog));
+  const std::string save = FileAnswer(path_) + "click Form6.cmdSavePeaks\n";
+  EXPECT_THAT(Words(save), ElementsAre(SaveDialog));
+  EXPECT_EQ(BytesOf(path_), " 10  1  8.6057\r\n 11.5  9.2  7.69\r\n");
   EXPECT_EQ(Buffer().PeakTheta[1], "11.50049");
-  EXPECT_EQ(session_.Words("answer no\n" + save).size(), 2U);
-  EXPECT_THAT(session_.Words("file \"/nowhere/a.pks\"\nclick Form6.cmdSavePeaks\n"),
+  EXPECT_EQ(Words("answer no\n" + save).size(), 2U);
+  EXPECT_THAT(Words("file \"/nowhere/a.pks\"\nclick Form6.cmdSavePeaks\n"),
               ElementsAre(SaveDialog, StartsWith("Error, stop: The file /nowhere/a.pks can't be written: ")));
 }
 
 TEST_F(PeakListTest, AnEmptyListIsWrittenOnlyAsHeld) {
-  EXPECT_THAT(session_.Run(SavePeakListSorted), ElementsAre());
-  EXPECT_THAT(session_.Run(SavePeakListAsHeld, CommandSession::FileAnswer(path_)), ElementsAre(SaveDialog));
-  EXPECT_EQ(CommandSession::BytesOf(path_), "");
+  EXPECT_THAT(Run(SavePeakListSorted), ElementsAre());
+  EXPECT_THAT(Run(SavePeakListAsHeld, FileAnswer(path_)), ElementsAre(SaveDialog));
+  EXPECT_EQ(BytesOf(path_), "");
   AddPeak("21.50", "9.25", "", "700.0");
-  session_.Run(SavePeakListAsHeld, "answer yes\n" + CommandSession::FileAnswer(path_));
-  EXPECT_EQ(CommandSession::BytesOf(path_), " 21.50   9.25   \r\n");
+  Run(SavePeakListAsHeld, "answer yes\n" + FileAnswer(path_));
+  EXPECT_EQ(BytesOf(path_), " 21.50   9.25   \r\n");
 }
 
 TEST_F(PeakListTest, AListOfChannelsComesBackForACalibration) {
   Buffer().FormatCode = 4;
   AddPeak("21.5004", "9.5", "4.1297", "700.25");
   AddPeak("9.5", "8", "9.3021", "31");
-  session_.Run(SavePeakListSorted, CommandSession::FileAnswer(path_));
+  Run(SavePeakListSorted, FileAnswer(path_));
   Buffer().NPeaks = 0;
-  EXPECT_THAT(ReadForCalibration("input \"Y\"\n" + CommandSession::FileAnswer(path_)),
+  EXPECT_THAT(ReadForCalibration("input \"Y\"\n" + FileAnswer(path_)),
               ElementsAre(Question, "open \"\" 2 of All Files (*.*)|*.*| calib. Files (*.pks)|*.pks",
                           "shown Form25"));
-  EXPECT_EQ(session_.Value("get Form25")["Caption"], "Input file (Form25)");
-  EXPECT_EQ(
-      session_.Value("get Form25.Text1.Text"),
-      FixedField(" 31  8  9.3021  9.5", 80) + "\r\n" + FixedField(" 700.25  9.5  4.1297  21.5", 80) + "\r\n");
+  EXPECT_EQ(Get("Form25")["Caption"], "Input file (Form25)");
+  EXPECT_EQ(Get("Form25.Text1.Text"), FixedField(" 31  8  9.3021  9.5", 80) + "\r\n" +
+                                          FixedField(" 700.25  9.5  4.1297  21.5", 80) + "\r\n");
   EXPECT_THAT(Outcome(), ElementsAre(1, 0, 0, 3, 0));
-  EXPECT_THAT(session_.Words("click Form25.cmdOK\n"), ElementsAre("unloaded Form25"));
+  EXPECT_THAT(Words("click Form25.cmdOK\n"), ElementsAre("unloaded Form25"));
   EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
   EXPECT_EQ(Peaks(), "31 8 9.3021 9.5\n700.25 9.5 4.1297 21.5\n");
 }
@@ -132,8 +131,8 @@ TEST_F(PeakListTest, AListForTheCellIsOneOf2ThetaOrOfChannels) {
   EXPECT_THAT(ReadForCell(Open("10.5 7 8.4\r\n180 3 0.9\r\n\r\n200 1 1\r\n")),
               ElementsAre(Question, "open \"*.pks\" 2 of All Files (*.*)|*.*| calib. Files (*.pks)|*.pks",
                           "shown Form28"));
-  EXPECT_EQ(session_.Value("get Form28")["Caption"], "Input file (Form28)");
-  EXPECT_THAT(session_.Words("click Form28.cmdOK\n"), ElementsAre("unloaded Form28"));
+  EXPECT_EQ(Get("Form28")["Caption"], "Input file (Form28)");
+  EXPECT_THAT(Words("click Form28.cmdOK\n"), ElementsAre("unloaded Form28"));
   EXPECT_EQ(Peaks(), "10.5 7 8.4 10.5\n180 3 0.9 180\n");
   EXPECT_EQ(Buffer().CellFormat, 0);
   EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
@@ -152,7 +151,7 @@ TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
   for (const std::string form : {"Form25", "Form28"}) {
     for (const std::string& act : {"click " + form + ".cmdCancel\n", "close " + form + "\n"}) {
       Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open("1 2 3\n"));
-      EXPECT_THAT(session_.Words(act), ElementsAre("unloaded " + form));
+      EXPECT_THAT(Words(act), ElementsAre("unloaded " + form));
       EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, form == "Form25" ? 3 : 0, 0));
     }
   }
@@ -164,7 +163,7 @@ TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
   const auto told = [&](const std::string& form, const std::string& contents) {
     Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open(contents));
     std::string all;
-    for (const auto& words : session_.Words("click " + form + ".cmdOK\n")) all.append(words).append("; ");
+    for (const auto& words : Words("click " + form + ".cmdOK\n")) all.append(words).append("; ");
     return all;
   };
   const auto too_long = [&](const std::string& limit) {
@@ -194,20 +193,20 @@ TEST_F(PeakListTest, WhatAListCannotGiveIsTold) {
 TEST_F(PeakListTest, AListBelongsToTheBufferItWasOpenedFor) {
   ReadForCalibration(Open("1 2 3 4\n"));
   ReadForCell(Open("1 2 3 4\n"));
-  session_.Play("click Form1.cmdDelBuff\nanswer no\nclick Form17.optE\n");  // another buffer is picked
-  EXPECT_EQ(session_.Value("forms"), (Json{"Form1", "Command"}));
+  Play("click Form1.cmdDelBuff\nanswer no\nclick Form17.optE\n");  // another buffer is picked
+  EXPECT_EQ(Value("forms"), (Json{"Form1", "Command"}));
   EXPECT_THAT(Outcome(), ElementsAre(1, 0, 2, 5, 0));
   ReadForCalibration(Open("1 2 3 4\n"));
   ReadForCell("input \"n\"\n");  // this one is left
-  EXPECT_EQ(session_.Value("get Form25")["Loaded"], false);
+  EXPECT_EQ(Get("Form25")["Loaded"], false);
   Outcome();
   ReadForCell(Open("1 2 3 4\n"));
   ReadForCell("input \"y\"\nfile \"\"\n");  // a new start ends the one before, without a word
-  EXPECT_EQ(session_.Value("get Form28")["Loaded"], false);
+  EXPECT_EQ(Get("Form28")["Loaded"], false);
   EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, 3, 0));
   ReadForCell(Open("1 2 3 4\n"));
-  session_.Play("click Form1.cmdDelBuff\nanswer yes\nclick Form17.optC\n");  // erased, and still at work
-  EXPECT_EQ(session_.Value("get Form28")["Loaded"], false);
+  Play("click Form1.cmdDelBuff\nanswer yes\nclick Form17.optC\n");  // erased, and still at work
+  EXPECT_EQ(Get("Form28")["Loaded"], false);
   EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, 3, 0));
 }
 

@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 #include <string>
 #include <vector>
 
-#include "app/command_form.h"
+#include "app/journey.h"
 #include "app/script_values.h"
-#include "display/colours_window.h"
 
 namespace koprax {
 namespace {
@@ -17,17 +15,13 @@ namespace {
 using testing::HasSubstr;
 
 /// A profile of five points in buffer a, on the screen: a unit of X is 9.5, one of Y is 0.7125.
-class Printing : public testing::Test {
+class Printing : public Journey {
  protected:
-  Printing() {
-    const std::string path =
-        session_.File("five.xy", "Five\r\n1.5406\r\n10 0\r\n12.5 100\r\n15 0\r\n17.5 50\r\n20 0\r\n");
-    session_.Play(WorkbenchSession::LoadCommands(path, 3, 'a'));
-  }
+  Printing() { Load('a', "10 0\r\n12.5 100\r\n15 0\r\n17.5 50\r\n20 0\r\n"); }
   /// The lines on the printer from the first one of the curve on.
   Json PrintedCurve() {
     Json curve = Json::array();
-    for (const Json& operation : session_.Value("picture Printer")) {
+    for (const Json& operation : Value("picture Printer")) {
       if (operation["op"] == "line" && operation["y1"] != operation["y2"] &&
           operation["x1"] != operation["x2"]) {
         curve.push_back(
@@ -37,46 +31,33 @@ class Printing : public testing::Test {
     return curve;
   }
   Json Print(const std::string& click) {
-    return session_.Events("printer " + Quoted("page.pdf") + "\nclick " + click + "\n");
+    return Events("printer " + Quoted("page.pdf") + "\nclick " + click + "\n");
   }
-  void LoadB(const std::string& points) {
-    session_.Play(WorkbenchSession::LoadCommands(session_.File("b.xy", "B\r\n1.5406\r\n" + points), 3, 'b'));
-  }
-  void DisplayBoth() {
-    session_.Play("click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
-  }
-  std::string Quoted(const std::string& name) { return Json(session_.Folder() + "/" + name).dump(); }
-
-  WorkbenchSession session_;
+  std::string Quoted(const std::string& name) { return Json(Folder() + "/" + name).dump(); }
 };
 
 TEST_F(Printing, TakesThePermanentCopyAndGivesTheTransformBack) {
-  session_.Data().Buffer(1).WorkY[2] = 70;  // a change that is not saved is not printed
-  session_.Play("move Form6.Picture1 67.5 50\n");
-  const Json before = session_.Value("get Form6.Text4.Text");
-  const Json events = session_.Events("printer " + Quoted("page.pdf") + " copies 3\nclick Form6.cmdPrint\n");
-  EXPECT_EQ(events, (Json{{{"event", "dialog"},
-                           {"kind", "printer"},
-                           {"filter", ""},
-                           {"filterIndex", 0},
-                           {"name", ""},
-                           {"answer", session_.Folder() + "/page.pdf"}},
-                          {{"event", "printed"}, {"file", session_.Folder() + "/page.pdf"}}}));
+  Data().Buffer(1).WorkY[2] = 70;  // a change that is not saved is not printed
+  Play("move Form6.Picture1 67.5 50\n");
+  const Json before = Get("Form6.Text4.Text");
+  const Json events = Events("printer " + Quoted("page.pdf") + " copies 3\nclick Form6.cmdPrint\n");
+  ASSERT_EQ(events.size(), 2U);
+  EXPECT_EQ(events[0]["kind"], "printer");
+  EXPECT_EQ(events[1], (Json{{"event", "printed"}, {"file", Folder() + "/page.pdf"}}));
   // The axes meet at (95, 130); 9.5 mm for a degree, 0.7125 mm for a count.
   const auto y100 = static_cast<float>(130 - 100.0 * 0.7125F);
   EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 118.75, JsonNumber(y100), 0},
                                   {118.75, JsonNumber(y100), 142.5, 130, 0},
                                   {142.5, 130, 166.25, 94.375, 0},
                                   {166.25, 94.375, 190, 130, 0}}));
-  EXPECT_EQ(session_.Value("get Printer")["Orientation"], 2);
-  EXPECT_EQ(session_.Value("get Printer")["ScaleMode"], 6);
-  session_.Play("move Form6.Picture1 67.5 50\n");
-  EXPECT_EQ(session_.Value("get Form6.Text4.Text"), before);
-  EXPECT_EQ(session_.Value("state Upward"), 1);
+  EXPECT_EQ(Get("Printer")["Orientation"], 2);
+  EXPECT_EQ(Get("Printer")["ScaleMode"], 6);
+  Play("move Form6.Picture1 67.5 50\n");
+  EXPECT_EQ(Values("Form6.Text4.Text Upward"), (Json{before, 1}));
 }
 
 TEST_F(Printing, OfOneProfileLeavesOutWhatLiesOutsideOrPassesTheTop) {
-  ProfileBuffer& buffer = session_.Data().Buffer(1);
+  ProfileBuffer& buffer = Data().Buffer(1);
   buffer.PermNpts = 6;
   for (std::size_t i = 1; i <= 6; ++i) buffer.PermY[i] = 10 * static_cast<float>(i);
   const std::vector<float> x{8, 9, 11, 19, 21, 22};  // in a plot from 10 to 20
@@ -90,15 +71,15 @@ TEST_F(Printing, OfOneProfileLeavesOutWhatLiesOutsideOrPassesTheTop) {
   Print("Form6.cmdPrint");
   EXPECT_EQ(PrintedCurve().size(), 1U);
   // 0.475 mm a count, the zero line at 130 - 50 * 0.475.
-  LoadB("10 -50\r\n20 100\r\n");
+  Load('b', "10 -50\r\n20 100\r\n");
   Print("Form6.cmdPrint");
   EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 190, 58.75, 0}}));
 }
 
 TEST_F(Printing, OfSeveralTakesWorkYAtPermXInTheColoursOfThePlotWhole) {
-  LoadB("10 10\r\n20 40\r\n");
-  DisplayBoth();
-  ProfileBuffer& b = session_.Data().Buffer(2);
+  Load('b', "10 10\r\n20 40\r\n");
+  Display("ab");
+  ProfileBuffer& b = Data().Buffer(2);
   b.WorkX[1] = 12;
   b.PermY[1] = 0;
   b.PermX[2] = 25;   // beyond the frame
@@ -112,146 +93,114 @@ TEST_F(Printing, OfSeveralTakesWorkYAtPermXInTheColoursOfThePlotWhole) {
 }
 
 TEST_F(Printing, TellsWhatIsErasedAndPrintsWithoutASpanOfY) {
-  LoadB("10 0\r\n20 0\r\n");
-  session_.Data().Buffer(2).PermY[2] = 10;
+  Load('b', "10 0\r\n20 0\r\n");
+  Data().Buffer(2).PermY[2] = 10;
   EXPECT_EQ(WordsOf(Print("Form6.cmdPrint")).back(),
             "Error, stop: For some reason the width of the window to be displayed is NULL. This leads to an "
             "error 'divide by 0'. Reurn to main menu.");
-  EXPECT_EQ(session_.Value("picture Printer").size(), 5U) << "the frame and the curve";
+  EXPECT_EQ(Value("picture Printer").size(), 5U) << "the frame and the curve";
   EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 190, JsonNumber(130 - 7.125F), 0}}));  // in the scale of before
-  DisplayBoth();
-  for (const std::string picker : {"A", "B"}) {
-    session_.Play("answer yes\nclick Form1.cmdDelBuff\nclick Form17.opt" + picker + "\n");
-  }
-  EXPECT_THAT(WordsOf(session_.Events("click Form6.cmdPrint\n")).back(), HasSubstr("holds no points"));
-  EXPECT_THAT(WordsOf(session_.Events("click Form2.Command1\n")).back(), HasSubstr("have been erased"));
-}
-
-TEST_F(Printing, ACancelPrintsNothing) {
-  EXPECT_EQ(session_.Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U);
-  EXPECT_EQ(session_.Value("picture Printer"), Json::array());
+  Display("ab");
+  Erase('a');
+  Erase('b');
+  EXPECT_THAT(After("Form6.cmdPrint").back(), HasSubstr("holds no points"));
+  EXPECT_THAT(After("Form2.Command1").back(), HasSubstr("have been erased"));
 }
 
 TEST_F(Printing, ABitmapIsSavedShownAndPrintedInScale) {
-  session_.Play("file " + Quoted("plot.bmp") + "\nclick Form6.Command17\n");
-  EXPECT_EQ(session_.Value("state FileName"), session_.Folder() + "/plot.bmp");
-  EXPECT_EQ(session_.Value("state BitmapSource"), 0);
+  Play("file " + Quoted("plot.bmp") + "\nclick Form6.Command17\n");
+  EXPECT_EQ(Values("FileName BitmapSource"), (Json{Folder() + "/plot.bmp", 0}));
   // The image that comes back has 2 x 1 pixels; a pixel is 15 twips.
-  EXPECT_EQ(session_.Value("picture Form36.Picture1"),
+  EXPECT_EQ(Value("picture Form36.Picture1"),
             (Json{{{"op", "image"}, {"x", 0}, {"y", 0}, {"width", 30}, {"height", 15}}}));
   // A landscape page of A4 is 297 mm, 16837.8 twips, wide; half of it.
-  const Json events =
-      session_.Events("input \"0.5\"\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
+  const Json events = Events("input \"0.5\"\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
   EXPECT_EQ(events[1]["prompt"], "give a scale factor, 0 < scale factor < 1");
   EXPECT_EQ(events[1]["title"], "Scale factor");
   EXPECT_EQ(events[1]["default"], "0.5");
-  const Json image = session_.Value("picture Printer")[0];
+  const Json image = Value("picture Printer")[0];
   EXPECT_NEAR(image["width"].get<double>(), 297 * 1440 / 25.4 / 2, 0.01);
+  for (const char* refused : {"2", "-0.1", "half", "1.001"}) {
+    EXPECT_THAT(Words("input \"" + std::string(refused) + "\"\nclick Form36.Command1\n").back(),
+                HasSubstr("no scale factor"));
+  }
+  for (const char* none : {"input cancel", "input \"\"", "input \"0\""}) {
+    Play(std::string(none) + "\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
+    EXPECT_EQ(Value("picture Printer")[0]["width"], 0) << none;
+  }
+  Play("input \"1\"\nprinter cancel\nclick Form36.Command1\nclick Form36.Command2\n");
+  EXPECT_EQ(Get("Form36")["Loaded"], false);
 }
 
 TEST_F(Printing, EachWindowSavesItsOwnPicture) {
   const auto save = [&](const std::string& form, const std::string& button) {
-    session_.Play("file " + Quoted(form + ".bmp") + "\nclick " + form + "." + button + "\n");
-    const auto& picture = dynamic_cast<PictureBox&>(*session_.Desk().Find(form)->Find("Picture1"));
-    EXPECT_EQ(session_.Platform().Pictures[session_.Folder() + "/" + form + ".bmp"], picture.Operations());
+    Play("file " + Quoted(form + ".bmp") + "\nclick " + form + "." + button + "\n");
+    const auto& picture = dynamic_cast<PictureBox&>(*Desk().Find(form)->Find("Picture1"));
+    EXPECT_EQ(Platform().Pictures[Folder() + "/" + form + ".bmp"], picture.Operations());
   };
   save("Form6", "Command17");
-  LoadB("10 10\r\n20 40\r\n");
-  DisplayBoth();
+  Load('b', "10 10\r\n20 40\r\n");
+  Display("ab");
   save("Form2", "cmdBitMap");
-  session_.Play(
-      "click Form2.cmdZoom\ndown Form2.Picture1 left 40 80\nmove Form2.Picture1 80 20\n"
-      "up Form2.Picture1 left 80 20\nclick Form2.optOK\n");
+  Click("Form2.cmdZoom");
+  Drag("Form2", "40 80", "80 20");
+  Click("Form2.optOK");
   save("Form15", "Command1");
 }
 
-TEST_F(Printing, TheScaleOfABitmap) {
-  session_.Play("file " + Quoted("plot.bmp") + "\nclick Form6.Command17\n");
-  for (const char* refused : {"2", "-0.1", "half", "1.001"}) {
-    const Json events = session_.Events("input " + Json(refused).dump() + "\nclick Form36.Command1\n");
-    EXPECT_THAT(events.back().value("text", ""), HasSubstr("no scale factor")) << refused;
-  }
-  for (const char* none : {"input cancel", "input \"\"", "input \"0\""}) {
-    session_.Play(std::string(none) + "\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
-    EXPECT_EQ(session_.Value("picture Printer")[0]["width"], 0) << none;
-  }
-  session_.Play("input \"1\"\nprinter cancel\nclick Form36.Command1\nclick Form36.Command2\n");
-  EXPECT_EQ(session_.Value("get Form36")["Loaded"], false);
-}
-
 TEST_F(Printing, ABitmapThatIsGivenUpLeavesTheFileAlone) {
-  const std::string path = session_.File("old.bmp", "old");
+  const std::string path = File("old.bmp", "old");
   const std::string start = "file " + Json(path).dump() + "\n";
-  const Json events = session_.Events(start + "answer no\nclick Form6.Command17\n");
-  EXPECT_EQ(events[0]["filter"], "All Files (*.*)|*.*| bmp Files (*.bmp)|*.bmp| ");
-  EXPECT_EQ(events[0]["filterIndex"], 2);
-  EXPECT_EQ(events[1]["text"], "file  " + path + "  already exists!!\r\n\r\nOverwrite ?");
-  EXPECT_EQ(session_.Value("state BitmapSource"), 6);
-  EXPECT_EQ(session_.Events("file cancel\nclick Form6.Command17\n").size(), 1U);
-  session_.Platform().PictureFailure = "no space left";
-  const Json failed = session_.Events(start + "answer yes\nclick Form6.Command17\n");
-  EXPECT_THAT(failed.back().value("text", ""), HasSubstr("old.bmp:\r\nno space left"));
-  EXPECT_EQ(session_.Value("get Form36")["Loaded"], false);
-  std::string kept;
-  std::ifstream(path) >> kept;
-  EXPECT_EQ(kept, "old");
+  EXPECT_THAT(Words(start + "answer no\nclick Form6.Command17\n"),
+              testing::ElementsAre("save \"\" 2 of All Files (*.*)|*.*| bmp Files (*.bmp)|*.bmp| ",
+                                   HasSubstr(": file  " + path + "  already exists!!\r\n\r\nOverwrite ?")));
+  EXPECT_EQ(Value("state BitmapSource"), 6);
+  EXPECT_EQ(Events("file cancel\nclick Form6.Command17\n").size(), 1U);
+  Platform().PictureFailure = "no space left";
+  EXPECT_THAT(Words(start + "answer yes\nclick Form6.Command17\n").back(),
+              HasSubstr("old.bmp:\r\nno space left"));
+  EXPECT_EQ(Get("Form36")["Loaded"], false);
+  EXPECT_EQ(BytesOf(path), "old");
 }
 
-TEST_F(Printing, APrinterThatFailsIsTold) {
-  session_.Platform().PrintFailure = "out of paper";
-  EXPECT_THAT(Print("Form6.cmdPrint").back().value("text", ""),
-              HasSubstr("could not be printed: out of paper"));
-}
-
-TEST_F(Printing, TheColoursAreTakenOnlyByOk) {
-  SilentServices services(session_);
-  const auto ask = [&](const std::string& commands) {
-    session_.Desk().Load<Form31>(services.Context)->Show();
-    session_.Play(commands);
-    return session_.Data().ProfileColourName + "," + session_.Data().BackgroundColourName;
-  };
-  EXPECT_EQ(ask("set Form31.Combo1 \"Blue\"\nclose Form31\n"), ",");
-  EXPECT_EQ(ask("set Form31.Combo2 \"Cyano\"\nclick Form31.Command1\n"), "Black,Cyano");
+TEST_F(Printing, ACancelPrintsNothingAndAFailureIsTold) {
+  EXPECT_EQ(Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U);
+  EXPECT_EQ(Value("picture Printer"), Json::array());
+  Platform().PrintFailure = "out of paper";
+  EXPECT_THAT(WordsOf(Print("Form6.cmdPrint")).back(), HasSubstr("could not be printed: out of paper"));
 }
 
 /// The card of the examples in buffer b: ten reflections, 25.58 to 76.87 degrees with copper.
-class CardWindow : public testing::Test {
+class CardWindow : public Journey {
  protected:
   CardWindow() {
-    session_.Play("modal click Form33.cmdComboOK\n" +
-                  WorkbenchSession::LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'b'));
+    Play("modal click Form33.cmdComboOK\n" +
+         LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'b'));
   }
-  WorkbenchSession session_;
 };
 
-TEST_F(CardWindow, ShowsTheCardAndReadsItUnderTheMouse) {
-  EXPECT_EQ(session_.Value("get Form34.Text6.Text"), "4.75936");
-  EXPECT_EQ(session_.Value("get Form34.Text11.Text"), "120");
-  EXPECT_EQ(session_.Value("get Form34.Label3.Caption"), "R-3c");
-  EXPECT_EQ(session_.Value("get Form34.Text3.Text"), "  l = 1.54184");
-  EXPECT_EQ(session_.Value("get Form34.Label6.Font"), "symbol");
-  const double xmin = session_.Data().Buffer(2).PermXMin - 5;
-  const double xmax = session_.Data().Buffer(2).PermXMax + 5;
-  session_.Play("move Form34.Picture1 62.5 99\n");  // half of the width; above the plot counts as its top
-  const auto shown = [&](const char* box, std::size_t label) {
-    return std::stod(
-        session_.Value(std::string("get Form34.") + box + ".Text").get<std::string>().substr(label));
+TEST_F(CardWindow, ReadsTheCardUnderTheMouse) {
+  const double xmin = Data().Buffer(2).PermXMin - 5;
+  const double xmax = Data().Buffer(2).PermXMax + 5;
+  Play("move Form34.Picture1 62.5 99\n");  // half of the width; above the plot counts as its top
+  const auto shown = [&](const char* box) {
+    return std::stod(Get(std::string("Form34.") + box + ".Text").get<std::string>().substr(4));
   };
-  EXPECT_NEAR(shown("Text4", 4), (xmin + xmax) / 2, 1e-4);  // shown to 4 decimals
-  EXPECT_NEAR(shown("Text5", 4), 120 / 0.95, 0.05);         // to one
+  EXPECT_NEAR(shown("Text4"), (xmin + xmax) / 2, 1e-4);  // shown to 4 decimals
+  EXPECT_NEAR(shown("Text5"), 120 / 0.95, 0.05);         // to one
   const double theta = (xmin + xmax) / 4 * std::acos(-1.0) / 180;
-  EXPECT_NEAR(shown("Text12", 4), 1.54184 / 2 / std::sin(theta), 1e-4);
+  EXPECT_NEAR(shown("Text12"), 1.54184 / 2 / std::sin(theta), 1e-4);
 }
 
 TEST_F(CardWindow, PrintsItsPage) {
-  session_.Play("printer \"" + session_.Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
-  const Json page = session_.Value("picture Printer");
+  Play("printer \"" + Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
+  const Json page = Value("picture Printer");
   std::vector<std::string> texts;
   for (const Json& operation : page) {
     if (operation["op"] != "text") continue;
     texts.push_back(Json{operation["x"], operation["y"], operation["font"], operation["text"]}.dump());
   }
-  EXPECT_EQ(texts.front(), Json({30.0, 25.0, "Helvetica-narrow", session_.Data().Buffer(2).Title}).dump());
+  EXPECT_EQ(texts.front(), Json({30.0, 25.0, "Helvetica-narrow", Data().Buffer(2).Title}).dump());
   const char* const heading =
       "   H   K   L  Int.  d      2theta  "
       "   H   K   L  Int.  d      2theta  "
@@ -266,7 +215,7 @@ TEST_F(CardWindow, PrintsItsPage) {
     EXPECT_THAT(texts, testing::Contains(line.dump()));
   }
   // The axes meet at (35, 110); 95 mm for the reflections and 5 degrees around, 71.25 mm for 120.
-  const ProfileBuffer& card = session_.Data().Buffer(2);
+  const ProfileBuffer& card = Data().Buffer(2);
   std::size_t i = 0;
   for (const Json& line : page) {
     if (line["op"] != "line" || line["y1"] != 110 || line["y2"] == 110 || line["y2"] == 35) continue;
@@ -279,52 +228,51 @@ TEST_F(CardWindow, PrintsItsPage) {
   EXPECT_EQ(i, static_cast<std::size_t>(card.PermNpts));
   // The rows start at the left edge, 1.2 times 8 points below each other; the last of them has what is left.
   EXPECT_EQ(page.back()["x"], 0);
-  const int rows = (session_.Data().Buffer(2).PermNpts + 2) / 3;
+  const int rows = (Data().Buffer(2).PermNpts + 2) / 3;
   EXPECT_NEAR(page.back()["y"].get<double>(), 135 + (rows - 1) * 1.2 * 8 * 25.4 / 72, 1e-4);
 }
 
 TEST_F(CardWindow, PrintsBesideAPlotThatReachesBelowZero) {
-  session_.Play(
-      WorkbenchSession::LoadCommands(session_.File("a.xy", "A\r\n1.5406\r\n10 -50\r\n80 100\r\n"), 3, 'a') +
-      "click Form1.cmdDisp\nclick Form11.Check1\nclick Form11.Check2\nclick Form11.Command1\n");
+  Load('a', "10 -50\r\n80 100\r\n");
+  Display("ab");
   const auto read = [&] {
-    session_.Play("move Form2.Picture1 67.5 50\n");
-    return session_.Value("get Form2.Text4.Text");
+    Play("move Form2.Picture1 67.5 50\n");
+    return Get("Form2.Text4.Text");
   };
   const Json before = read();
-  session_.Data().CurBuf = 2;
-  ASSERT_EQ(session_.Data().Current().NegativeY, 1);
-  session_.Play("printer \"" + session_.Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
-  EXPECT_EQ(session_.Data().Current().NegativeY, 1);
+  Data().CurBuf = 2;
+  ASSERT_EQ(Data().Current().NegativeY, 1);
+  Play("printer \"" + Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
+  EXPECT_EQ(Data().Current().NegativeY, 1);
   EXPECT_EQ(read(), before);
 }
 
 TEST_F(CardWindow, LacksWhatTheCardLacksAndTellsWhenTheCardIsGone) {
-  ProfileBuffer& card = session_.Data().Buffer(2);
+  ProfileBuffer& card = Data().Buffer(2);
   card.CardCell = {0, 4.5F, 0, 0, 0, 0, 0};
   card.CardSpaceGroup = "";
   card.PermX[1] = 3;
-  const std::string display =
-      "click Form34.Command3\nclick Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n";
-  session_.Play(display + "move Form34.Picture1 13 20\n");
-  EXPECT_EQ(session_.Value("get Form34.Text4.Text"), "x = -2");
-  EXPECT_EQ(session_.Value("get Form34.Text12.Text"), "d = 0") << "there is none at or below 0";
-  EXPECT_EQ(session_.Value("get Form34.Label3.Caption"), "not given");
+  const auto show_anew = [&] {
+    Click("Form34.Command3");
+    Display("b");
+  };
+  show_anew();
+  Play("move Form34.Picture1 13 20\n");
+  EXPECT_EQ(Get("Form34.Text4.Text"), "x = -2");
+  EXPECT_EQ(Get("Form34.Text12.Text"), "d = 0") << "there is none at or below 0";
+  EXPECT_EQ(Get("Form34.Label3.Caption"), "not given");
   card.Wavelength = 0;
-  session_.Play(display);
-  EXPECT_EQ(session_.Value("get Form34.Text7.Text"), "");
-  EXPECT_EQ(session_.Value("get Form34.Text3.Text"), "");
-  session_.Play("move Form34.Picture1 50 20\nprinter \"" + session_.Folder() +
-                "/c.pdf\"\nclick Form34.cmdPrint\n");
-  EXPECT_EQ(session_.Value("get Form34.Text12.Text"), "d = 0");
-  const std::string page = session_.Value("picture Printer").dump();
+  show_anew();
+  EXPECT_EQ((Json{Get("Form34.Text7.Text"), Get("Form34.Text3.Text")}), (Json{"", ""}));
+  Play("move Form34.Picture1 50 20\nprinter \"" + Folder() + "/c.pdf\"\nclick Form34.cmdPrint\n");
+  EXPECT_EQ(Get("Form34.Text12.Text"), "d = 0");
+  const std::string page = Value("picture Printer").dump();
   EXPECT_THAT(page, HasSubstr("\"a = 4.5 alpha =        \""));
   EXPECT_THAT(page, HasSubstr("\"b =           beta  =        \""));
   EXPECT_THAT(page, testing::Not(HasSubstr("SpaceGroup")));
   EXPECT_THAT(page, testing::Not(HasSubstr("Wave length")));
-  const Json told =
-      session_.Events("answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\nclick Form34.cmdPrint\n");
-  EXPECT_THAT(told.back().value("text", ""), HasSubstr("Buffer b holds no card"));
+  Erase('b');
+  EXPECT_THAT(After("Form34.cmdPrint").back(), HasSubstr("Buffer b holds no card"));
 }
 
 }  // namespace

@@ -2,34 +2,27 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 #include <numeric>
 #include <string>
 #include <vector>
 
-#include "app/workbench_session.h"
+#include "app/journey.h"
 #include "forms/fixed_text.h"
 
 namespace koprax {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr const char* SaveFilter =
-    "All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| udf Files (*.udf)|*.udf| "
-    "uxd Files (*uxd)|*.uxd";
-
 /// A session with a profile of a given format in buffer b.
-class SaveSequence : public testing::Test {
+class SaveSequence : public Journey {
  protected:
-  SaveSequence() {
-    Fill(FormatCodes::TwoColumns, 0.5F, 3);
-    Session.Play("forms\n");
-  }
+  SaveSequence() { Fill(FormatCodes::TwoColumns, 0.5F, 3); }
 
   void Fill(FormatCodes code, float step, int points) {
-    ProfileBuffer& buffer = Session.Data().Buffer(2);
+    ProfileBuffer& buffer = Data().Buffer(2);
     buffer.Title = FixedField("Quartz", TitleWidth);
     buffer.FormatCode = static_cast<std::int16_t>(code);
     buffer.Wavelength = 1.5406F;
@@ -45,127 +38,108 @@ class SaveSequence : public testing::Test {
 
   /// Starts to save buffer b under a name; the events of the picker's choice.
   Json Start(const std::string& path, const std::string& answers = "") {
-    return Session.Events(answers + "file " + Json(path).dump() +
-                          "\nclick Form1.cmdOut\nclick Form10.optB\n");
+    return Events(answers + "file " + Json(path).dump() + "\nclick Form1.cmdOut\nclick Form10.optB\n");
   }
-  Json ModeOut() { return Session.Value("state ModeOut"); }
-  [[nodiscard]] Json Shown() { return Session.Value("forms"); }
-  static Json MessageEvent(const std::string& text, const std::string& title, const std::string& icon,
-                           const std::string& buttons = "ok", const std::string& answer = "ok") {
-    return {{"event", "message"}, {"text", text}, {"title", title},
-            {"buttons", buttons}, {"icon", icon}, {"answer", answer}};
-  }
-  static std::string Contents(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  WorkbenchSession Session;
+  Json ModeOut() { return Value("state ModeOut"); }
+  [[nodiscard]] Json Shown() { return Value("forms"); }
 };
 
 TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
-  const std::string path = Session.Folder() + "/saved.xy";
-  EXPECT_EQ(Start(path), (Json{{{"event", "dialog"},
-                                {"kind", "save"},
-                                {"filter", SaveFilter},
-                                {"filterIndex", 1},
-                                {"name", ""},
-                                {"answer", path}},
-                               UnloadedEvent("Form10"),
-                               ShownEvent("Form7")}));
-  EXPECT_EQ(Session.Value("state CurBuf"), 2);
-  EXPECT_EQ(Session.Value("state FileName"), path);
-  EXPECT_EQ(Session.Value("get Form7.Option7.Enabled"), false);
+  const std::string path = Folder() + "/saved.xy";
+  EXPECT_THAT(
+      WordsOf(Start(path)),
+      ElementsAre("save \"\" 1 of All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| "
+                  "udf Files (*.udf)|*.udf| uxd Files (*uxd)|*.uxd",
+                  "unloaded Form10", "shown Form7"));
+  EXPECT_EQ(Values("CurBuf FileName Form7.Option7.Enabled"), (Json{2, path, false}));
   EXPECT_EQ(ModeOut(), -1);
-  EXPECT_EQ(Session.Events("click Form7.Option3\n"),
-            (Json{UnloadedEvent("Form7")}));  // which leaves the main menu in front
-  EXPECT_EQ(Session.Value("state InputFormat"), 3);
+  EXPECT_EQ(Click("Form7.Option3"), (Json{UnloadedEvent("Form7")}));  // which leaves the main menu in front
+  EXPECT_EQ(Value("state InputFormat"), 3);
   EXPECT_EQ(ModeOut(), 0);
-  EXPECT_EQ(Contents(path),
+  EXPECT_EQ(BytesOf(path),
             FixedField("Quartz", TitleWidth) + "\r\n 1.5406 \r\n 1   0\r\n 2   0\r\n 3   0\r\n");
   // The next load is a load.
-  Session.Play(WorkbenchSession::LoadCommands(path, 3, 'a'));
-  EXPECT_EQ(Session.Value("buffer a")["PermX"], (Json{1.0, 2.0, 3.0}));
+  Play(LoadCommands(path, 3, 'a'));
+  EXPECT_EQ(Value("buffer a")["PermX"], (Json{1.0, 2.0, 3.0}));
   // The main menu comes to the front from behind another window.
-  Start(Session.Folder() + "/again.xy");
-  Session.Play("move Form6.Picture1 50 50\n");
-  EXPECT_EQ(Session.Events("click Form7.Option3\n").back(), FrontEvent("Form1"));
+  Start(Folder() + "/again.xy");
+  Play("move Form6.Picture1 50 50\n");
+  EXPECT_EQ(Click("Form7.Option3").back(), FrontEvent("Form1"));
 }
 
 TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
-  const std::string path = Session.File("there.dat", "as it was");
-  EXPECT_EQ(Start(path, "answer no\n")[2],
-            MessageEvent("file  " + path + "  already exists!!\r\n\r\nOverwrite ?", "Information",
-                         "information", "yesno", "no"));
+  const std::string path = File("there.dat", "as it was");
+  EXPECT_EQ(WordsOf(Start(path, "answer no\n")).at(2),
+            "Information, information: file  " + path + "  already exists!!\r\n\r\nOverwrite ?");
   EXPECT_EQ(ModeOut(), 0);
   EXPECT_EQ(Shown(), Json{"Form1"});
   Start(path, "answer yes\n");
-  EXPECT_EQ(Contents(path), "as it was");
-  Session.Play("click Form7.Option1\n");
-  EXPECT_THAT(Contents(path), HasSubstr("\r\n3\r\n1,3,0.5\r\n0\r\n0\r\n0\r\n"));
+  EXPECT_EQ(BytesOf(path), "as it was");
+  Click("Form7.Option1");
+  EXPECT_THAT(BytesOf(path), HasSubstr("\r\n3\r\n1,3,0.5\r\n0\r\n0\r\n0\r\n"));
 }
 
 TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
-  const std::string path = Session.Folder() + "/never.dat";
+  const std::string path = Folder() + "/never.dat";
   const std::string pick = "click Form1.cmdOut\nclick Form10.optB\n";
   const std::string start = "file " + Json(path).dump() + "\n" + pick;
-  const std::string other_load = "file " + Json(Session.File("x", "1 2\r\n2 3\r\n")).dump() +
-                                 "\nclick Form1.cmdInp\nclick Form4.cmdCancel\n";
+  const std::string other_load =
+      "file " + Json(File("x", "1 2\r\n2 3\r\n")).dump() + "\nclick Form1.cmdInp\nclick Form4.cmdCancel\n";
   for (const std::string& given_up :
        {"click Form1.cmdOut\nclose Form10\n" + std::string(), "file cancel\n" + pick, "file \"\"\n" + pick,
         start + "close Form7\n", "click Form1.cmdOut\n" + other_load, start + other_load}) {
-    Session.Play(given_up);
+    Play(given_up);
     EXPECT_EQ(ModeOut(), 0) << given_up;
     EXPECT_EQ(Shown(), Json{"Form1"}) << given_up;
   }
   // A card is refused before any dialog.
   Fill(FormatCodes::Card, 0, 3);
-  EXPECT_EQ(Session.Events(pick), (Json{MessageEvent("PDS files (*.aid) cannot be saved", "Warning", "none"),
-                                        UnloadedEvent("Form10")}));
+  EXPECT_THAT(Words(pick),
+              ElementsAre("Warning, none: PDS files (*.aid) cannot be saved", "unloaded Form10"));
   EXPECT_EQ(ModeOut(), 0);
-  EXPECT_EQ(Contents(path), "");
+  EXPECT_EQ(BytesOf(path), "");
 }
 
 TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
-  const std::string there = Session.File("there.xy", "1 2\r\n2 3\r\n");
-  const std::string list = "file " + Json(Session.Folder() + "/list.pks").dump() + "\n";
+  const std::string there = File("there.xy", "1 2\r\n2 3\r\n");
+  const std::string list = "file " + Json(Folder() + "/list.pks").dump() + "\n";
   const std::string display = "click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n";
-  Session.Play(WorkbenchSession::LoadCommands(Session.File("other.xy", "5 6\r\n7 8\r\n"), 3, 'c'));
+  Play(LoadCommands(File("other.xy", "5 6\r\n7 8\r\n"), 3, 'c'));
   const auto load_to = [&](const std::string& window) {
-    Session.Play("file " + Json(there).dump() + "\nclick Form1.cmdInp\n");
-    if (window == "Form7") Session.Play("click Form4.cmdOK\n");
+    Play("file " + Json(there).dump() + "\nclick Form1.cmdInp\n");
+    if (window == "Form7") Click("Form4.cmdOK");
     EXPECT_EQ(Shown()[0], window);
   };
-  const auto start_new = [&] { Start(Session.Folder() + "/new.xy"); };
+  const auto start_new = [&] { Start(Folder() + "/new.xy"); };
   const auto ends = [&](const std::string& script, const std::string& window = "Form7") {
-    Session.Play(script);
-    EXPECT_EQ(Session.Value("get " + window)["Loaded"], false) << script;
-    EXPECT_EQ(Contents(there), "1 2\r\n2 3\r\n");
+    Play(script);
+    EXPECT_EQ(Value("get " + window)["Loaded"], false) << script;
+    EXPECT_EQ(BytesOf(there), "1 2\r\n2 3\r\n");
   };
   for (const char* window : {"Form4", "Form7"}) {  // a save that is started while a load waits
     load_to(window);
     ends("click Form1.cmdOut\n", window);
-    Session.Play("close Form10\n");
+    Play("close Form10\n");
   }
   start_new();
   ends("click Form1.cmdOut\n");  // a second save
-  Session.Play("close Form10\n");
+  Play("close Form10\n");
   EXPECT_EQ(ModeOut(), 0);
 
-  Session.Data().Buffer(2).NPeaks = 1;
-  Session.Play(display + "click Form6.cmdManExpl\n");
+  Data().Buffer(2).NPeaks = 1;
+  Play(display + "click Form6.cmdManExpl\n");
   start_new();
   ends(list + "click Form6.cmdSavePeaks\n");  // else Form7 would write the profile over the list now
-  Session.Data().Buffer(2).Wavelength = 0;
-  Session.Play(display);
+  Data().Buffer(2).Wavelength = 0;
+  Play(display);
   start_new();
   ends(list + "click Form6.cmdComboOK\n");
   EXPECT_EQ(ModeOut(), 0);
-  Session.Play("close Form4\n");
+  Play("close Form4\n");
   load_to("Form7");
-  Session.Play("answer no\nclick Form1.cmdDelBuff\nclick Form17.optC\n");
-  EXPECT_EQ(Session.Value("get Form7")["Loaded"], true);  // a load may wait for any buffer
-  Session.Play("close Form7\n");
+  Play("answer no\nclick Form1.cmdDelBuff\nclick Form17.optC\n");
+  EXPECT_EQ(Get("Form7")["Loaded"], true);  // a load may wait for any buffer
+  Play("close Form7\n");
 
   for (const std::string pick : {"click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n",
                                  "answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"}) {
@@ -179,7 +153,7 @@ TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {
   int code = 0;
   for (const int index : {1, 1, 1, 1, 3, 4, 5}) {
     Fill(static_cast<FormatCodes>(code++), 1, 3);
-    const Json events = Session.Events("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n");
+    const Json events = Events("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n");
     EXPECT_EQ(events[0]["filterIndex"], index) << code;
   }
 }
@@ -190,57 +164,53 @@ const std::string WholeRange =
 
 TEST_F(SaveSequence, AFormatIsWrittenOrRefusedWithTheReason) {
   using Code = FormatCodes;
+  const std::string written = "unloaded Form7";
   const struct {
     Code From;
     float Step;
     int Points, Option;
-    std::string Text, Title, Icon;
-    bool Stays;
-  } rows[] = {{Code::TwoColumns, 0, 3, 1,
-               "Profile with variable step cannot be saved as an ITAL STRUCTURES data file.", "Variable step",
-               "none", false},
-              {Code::CpsChannels, 1, 4096, 1, " CPS-120 data cannot be saved as ITAL STRUCTURES data",
-               "Error", "none", false},
-              {Code::CpsChannels, 1, 4096, 2,
-               "File type \"CPS-120 (4096 channels)\" can be saved ONLY with its own format \r\n"
-               "or in TWO COLUMNS format.",
-               "Error", "none", false},
-              {Code::TwoColumns, 0, 3, 2, "Data with variable step cannot be saved as a \"one column\" file.",
-               "Error", "none", false},
-              {Code::Siemens, 1, 4096, 4,
-               "Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.", "Error",
-               "none", true},
-              {Code::CpsChannels, 1, 4095, 4, WholeRange, "Warning", "stop", true},
-              {Code::CpsChannels, 1, 4104, 4, WholeRange, "Warning", "stop", true},
-              {Code::Siemens, 1, 3, 5, "Data files loaded with PHILIPS format ONLY be saved in this way.",
-               "Warning", "stop", true},
-              {Code::Philips, 1, 3, 6, "Data files loaded with D0005 format ONLY be saved in this way.",
-               "Warning", "stop", true},
-              {Code::OneColumn, 0, 3, 2, "", "", "", false},
-              {Code::TwoColumns, 0.5F, 3, 2, "", "", "", false},
-              {Code::ItalDat, 0.5F, 3, 1, "", "", "", false},
-              {Code::CpsChannels, 1, 4096, 4, "", "", "", false},
-              {Code::Philips, 0.5F, 3, 5, "", "", "", false},
-              {Code::Siemens, 0, 3, 6, "", "", "", false},
-              {Code::Philips, 0.5F, 3, 3, "", "", "", false},
-              {Code::None, 0, 3, 3, "", "", "", false}};
+    std::string Told;
+    bool Stays = false;
+  } rows[] = {
+      {Code::TwoColumns, 0, 3, 1,
+       "Variable step, none: Profile with variable step cannot be saved as an ITAL STRUCTURES data file."},
+      {Code::CpsChannels, 1, 4096, 1, "Error, none:  CPS-120 data cannot be saved as ITAL STRUCTURES data"},
+      {Code::CpsChannels, 1, 4096, 2,
+       "Error, none: File type \"CPS-120 (4096 channels)\" can be saved ONLY with its own format \r\n"
+       "or in TWO COLUMNS format."},
+      {Code::TwoColumns, 0, 3, 2,
+       "Error, none: Data with variable step cannot be saved as a \"one column\" file."},
+      {Code::Siemens, 1, 4096, 4,
+       "Error, none: Files different from \"CPS-120 (4096 channels)\" cannot be saved in this format.", true},
+      {Code::CpsChannels, 1, 4095, 4, "Warning, stop: " + WholeRange, true},
+      {Code::CpsChannels, 1, 4104, 4, "Warning, stop: " + WholeRange, true},
+      {Code::Siemens, 1, 3, 5,
+       "Warning, stop: Data files loaded with PHILIPS format ONLY be saved in this way.", true},
+      {Code::Philips, 1, 3, 6,
+       "Warning, stop: Data files loaded with D0005 format ONLY be saved in this way.", true},
+      {Code::OneColumn, 0, 3, 2, written},
+      {Code::TwoColumns, 0.5F, 3, 2, written},
+      {Code::ItalDat, 0.5F, 3, 1, written},
+      {Code::CpsChannels, 1, 4096, 4, written},
+      {Code::Philips, 0.5F, 3, 5, written},
+      {Code::Siemens, 0, 3, 6, written},
+      {Code::Philips, 0.5F, 3, 3, written},
+      {Code::None, 0, 3, 3, written}};
   for (const auto& row : rows) {
     const std::string option = "Form7.Option" + std::to_string(row.Option);
-    const std::string path = Session.Folder() + "/" + option + std::to_string(&row - rows);
+    const std::string path = Folder() + "/" + option + std::to_string(&row - rows);
     SCOPED_TRACE(path);
     Fill(row.From, row.Step, row.Points);
     Start(path);
-    EXPECT_EQ(Session.Events("click " + option + "\n")[0],
-              row.Text.empty() ? UnloadedEvent("Form7") : MessageEvent(row.Text, row.Title, row.Icon));
+    EXPECT_EQ(After(option)[0], row.Told);
     EXPECT_EQ(ModeOut(), row.Stays ? -1 : 0);
     EXPECT_EQ(Shown(), row.Stays ? (Json{"Form7", "Form1"}) : Json{"Form1"});
-    EXPECT_EQ(std::ifstream(path).is_open(), row.Text.empty());
-    EXPECT_EQ(Contents(path).size() > 3, row.Text.empty());
+    EXPECT_EQ(std::filesystem::exists(path), row.Told == written);
+    EXPECT_EQ(BytesOf(path).size() > 3, row.Told == written);
     if (row.Stays) {
-      EXPECT_EQ(Session.Value("get " + option + ".Value"), false);
-      Session.Play((row.From == Code::CpsChannels ? "input \"n\"\n" : "") +
-                   std::string("click Form7.Option3\n"));
-      EXPECT_THAT(Contents(path), HasSubstr("Quartz"));
+      EXPECT_EQ(Value("get " + option + ".Value"), false);
+      Play((row.From == Code::CpsChannels ? "input \"n\"\n" : "") + std::string("click Form7.Option3\n"));
+      EXPECT_THAT(BytesOf(path), HasSubstr("Quartz"));
       EXPECT_EQ(ModeOut(), 0);
     }
   }
@@ -253,27 +223,26 @@ TEST_F(SaveSequence, WhatAFailedLoadLeftIsNoProfile) {
   broken.replace(broken.find("5 5 5"), 5, "9 1E39");
   const std::string header = "DataAngleRange,1,2,/\r\nScanStepSize,1,/\r\nRawScan\r\n";
   const auto load = [&](const std::string& contents, int format) {
-    Session.Try(WorkbenchSession::LoadCommands(Session.File("load", contents), format, 'b'));
+    Try(LoadCommands(File("load", contents), format, 'b'));
   };
   load(channels, 4);
   load(broken, 4);
-  Start(Session.Folder() + "/mixed");
-  EXPECT_EQ(Session.Events("click Form7.Option4\n")[0]["text"], WholeRange);
+  Start(Folder() + "/mixed");
+  EXPECT_EQ(Click("Form7.Option4")[0]["text"], WholeRange);
   load(header + "1,2,3,/\r\n", 5);
   load(header + "9,8,1E39,/\r\n", 5);
-  Start(Session.Folder() + "/mixed");
-  Session.Play("click Form7.Option5\n");
-  EXPECT_THAT(Contents(Session.Folder() + "/mixed"), testing::EndsWith("RawScan\r\n"));
+  Start(Folder() + "/mixed");
+  Click("Form7.Option5");
+  EXPECT_THAT(BytesOf(Folder() + "/mixed"), testing::EndsWith("RawScan\r\n"));
 }
 
 TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
   Start("/dev/full", "answer yes\n");
-  const Json buffer = Session.Value("buffer b");
-  const Json events = Session.Events("click Form7.Option3\n");
-  EXPECT_EQ(events[1],
-            MessageEvent("The file /dev/full can't be written: No space left on device.", "Error", "stop"));
+  const Json buffer = Value("buffer b");
+  EXPECT_EQ(Words("click Form7.Option3\n").at(1),
+            "Error, stop: The file /dev/full can't be written: No space left on device.");
   EXPECT_EQ(Shown(), Json{"Form1"});
-  EXPECT_EQ(Session.Value("buffer b"), buffer);
+  EXPECT_EQ(Value("buffer b"), buffer);
   EXPECT_EQ(ModeOut(), 0);
 }
 
