@@ -69,14 +69,6 @@ TEST(ProfilePlot, SegmentsPastTheTopOrOutsideTheRangeAreLeftOutThoseBelowTheAxis
   EXPECT_LT(curve.back().Y1, 15);
 }
 
-TEST(ProfilePlot, ACurveOnAZeroLine) {
-  Workspace data = WithProfile({{0, -50}, {10, 100}}, -50, 100);
-  const auto curve = CurveOf(data);
-  ASSERT_EQ(curve.size(), 1U);
-  EXPECT_NEAR(curve[0].Y1, 15, 1e-4);     // the lowest point stands on the X axis
-  EXPECT_NEAR(curve[0].Y2, 86.25, 1e-4);  // the highest leaves the free share above it
-}
-
 TEST(ProfilePlot, AZoomedCurveGoesByTheLimitsAndNotByItsFirstPoint) {
   Workspace data = WithProfile({{10, 0}, {15, 100}, {20, 50}}, 0, 100);
   data.Buffer(1).WorkXMin = 5;  // 95 units for 15 degrees now

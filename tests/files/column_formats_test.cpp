@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <random>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -247,8 +245,6 @@ TEST_F(ColumnFormats, ColumnsTakeNoMoreThan8000Points) {
   ExpectLimitFailure(ReadOneColumn, "t\r\n0 1 1.5\r\n" + Records(8000, "3") + "\r\n");
 }
 
-// ---- Anything --------------------------------------------------------------------------------------
-
 TEST_F(ColumnFormats, TellWhatIsWrong) {
   ExpectFailure(ReadItalDat, "t", {"too early", "number of points"});
   ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2\r\n", {"too early", "step"});
@@ -266,23 +262,6 @@ TEST_F(ColumnFormats, TellWhatIsWrong) {
   ExpectFailure(ReadTwoColumns, "t\r\n1.5\r\n1 1\r\n1E39 1\r\n", {"line 4", "X", "range"});
   ExpectFailure(ReadTwoColumns, "1 1\r\n2 -1E39\r\n", {"line 2", "intensity", "range"});
   ExpectFailure(ReadTwoColumns, "-3E38 1\r\n3E38 1\r\n", {"line 2", "step", "range"});
-}
-
-TEST_F(ColumnFormats, AnyFileIsReadOrReported) {
-  const std::vector<std::string> pieces{"1",   "2.5", " ",  ",",    "\r\n", "\n",    "-", "1E39",
-                                        "abc", "\t",  "\r", "\x80", "\"",   "3 4\n", "8", "1 2 3\n"};
-  std::mt19937 random(5);
-  for (int i = 0; i < 2000; ++i) {
-    std::string text;
-    for (auto length = random() % 40; length > 0; --length) text += pieces[random() % pieces.size()];
-    for (const ReaderFunction reader : {ReadItalDat, ReadOneColumn, ReadTwoColumns}) {
-      const ReadOutcome outcome = Read(reader, text);
-      ASSERT_EQ(outcome.Failed, outcome.Problem.has_value()) << text;
-      ASSERT_GE(Buffer().PermNpts, 0) << text;
-      ASSERT_EQ(CharacterCount(Buffer().Title), 80U) << text;
-      for (int k = 1; k <= Buffer().PermNpts; ++k) ASSERT_TRUE(std::isfinite(X(k)) && std::isfinite(Y(k)));
-    }
-  }
 }
 
 }  // namespace

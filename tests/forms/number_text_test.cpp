@@ -68,22 +68,15 @@ std::string Shown(const std::vector<Float>& values) {
   return texts;
 }
 
-TEST(GeneralText, ShowsTheShortestTextOfA32BitFloat) {
+TEST(GeneralText, ShowsTheShortestText) {
   using Limits = std::numeric_limits<float>;
-  EXPECT_EQ(Shown<float>({0, -0.0F, 0.5F, -3, 0.1F, 100, 1.54056F}), "0 0 0.5 -3 0.1 100 1.54056");
-  EXPECT_EQ(Shown<float>({1.0F / 3, 99.999999F, 0.00012345678F}), "0.3333333 100 0.0001234568");
-  EXPECT_EQ(Shown<float>({9999999, 1e7F, 1.5e7F, 16777216}), "9999999 1E+07 1.5E+07 1.677722E+07");
-  EXPECT_EQ(Shown<float>({0.0001F, 0.00005F, 1e-7F, 1e-8F}), "0.0001 0.00005 0.0000001 1E-08");
-  EXPECT_EQ(Shown<float>({-1.234567e-5F, Limits::max(), Limits::denorm_min()}),
-            "-1.234567E-05 3.402823E+38 1E-45");
-  EXPECT_EQ(Shown<float>({infinity32, -infinity32, Limits::quiet_NaN()}), "Inf -Inf NaN");
-}
-
-TEST(GeneralText, ShowsTheShortestTextOfA64BitFloat) {
-  EXPECT_EQ(Shown<double>({0.1, 0.1 + 0.2, 1.0 / 3, 2.9999999999999996}), "0.1 0.3 0.333333333333333 3");
-  EXPECT_EQ(Shown<double>({999999999999999.0, 999999999999999.9, 1e15}), "999999999999999 1E+15 1E+15");
-  EXPECT_EQ(Shown<double>({1e-15, 1e-16, 5e-324}), "0.000000000000001 1E-16 5E-324");
-  EXPECT_EQ(GeneralText(-1.7976931348623157e308), "-1.79769313486232E+308");
+  EXPECT_EQ(Shown<float>({0, -0.0F, -3, 0.1F, 1.0F / 3, 99.999999F}), "0 0 -3 0.1 0.3333333 100");
+  EXPECT_EQ(Shown<float>({1e7F, 0.00005F, 1e-8F, -1.234567e-5F}), "1E+07 0.00005 1E-08 -1.234567E-05");
+  EXPECT_EQ(Shown<float>({Limits::max(), Limits::denorm_min(), infinity32, -infinity32, Limits::quiet_NaN()}),
+            "3.402823E+38 1E-45 Inf -Inf NaN");
+  EXPECT_EQ(Shown<double>({0.1 + 0.2, 2.9999999999999996, 999999999999999.9}), "0.3 3 1E+15");
+  EXPECT_EQ(Shown<double>({1e-15, 1e-16, 5e-324, -1.7976931348623157e308}),
+            "0.000000000000001 1E-16 5E-324 -1.79769313486232E+308");
 }
 
 /// Compares with the trial for every `stride`-th of all 2^32 floats; returns the first float that differs.
@@ -150,16 +143,9 @@ void ExpectRoundedAsPrinted(double value, int decimals) {
   ASSERT_EQ(RoundDecimals(narrow, decimals), std::strtof(narrow_text.c_str(), nullptr)) << narrow_text;
 }
 
-TEST(RoundDecimals, TakesTheExactValueAndHalvesToTheEvenDigit) {
-  EXPECT_EQ(RoundDecimals(0.125, 2), 0.12);
-  EXPECT_EQ(RoundDecimals(0.375, 2), 0.38);
-  EXPECT_EQ(RoundDecimals(2.5, 0), 2.0);
-  EXPECT_EQ(RoundDecimals(-3.5, 0), -4.0);
+TEST(RoundDecimals, TakesTheExactValueOfAnySize) {
   EXPECT_EQ(RoundDecimals(0.15F, 1), 0.2F);
-  EXPECT_EQ(RoundDecimals(0.35F, 1), 0.3F);
-  EXPECT_EQ(RoundDecimals(0.15, 1), 0.1);   // 0.1499999999999999944
-  EXPECT_EQ(RoundDecimals(1.005, 2), 1.0);  // 1.00499999999999989
-  EXPECT_EQ(RoundDecimals(0.0009765625, 9), 0.000976562);
+  EXPECT_EQ(RoundDecimals(0.15, 1), 0.1);               // 0.1499999999999999944
   EXPECT_EQ(RoundDecimals(0.49999999999999994, 0), 0);  // half added to it is 1 in 64 bits
   EXPECT_EQ(RoundDecimals(1e300, 3), 1e300);
   EXPECT_EQ(RoundDecimals(0.1, 2000), 0.1);
@@ -198,11 +184,6 @@ TEST(ToInt16, TakesHalvesToTheEvenNeighbourWithinItsRange) {
   }
 }
 
-TEST(Fix, TruncatesTowardZero) {
-  EXPECT_EQ(Fix(2.9), 2);
-  EXPECT_EQ(Fix(-2.9), -2);
-}
-
 // ---- Numbers from text -----------------------------------------------------------------------------
 
 /// The rule as a pattern; what it accepts goes to strtod.
@@ -216,11 +197,7 @@ double PlainLeadingNumber(const std::string& text) {
 
 TEST(LeadingNumber, StopsAtTheFirstCharacterThatDoesNotFit) {
   const std::vector<std::pair<std::string, double>> cases{
-      {"", 0},         {"-", 0},        {".", 0},        {"+-.", 0},           {"abc", 0},
-      {"1-2", 1},      {"2.3.4", 2.3},  {"1.0D3", 1000}, {"-1.5d-2x", -0.015}, {"1E", 1},
-      {"1E+", 1},      {"2e3.5", 2000}, {"+7", 7},       {".5", 0.5},          {"5.", 5},
-      {"  12 34", 12}, {"\t12", 0},     {"0x10", 0},     {"inf", 0},           {"nan", 0},
-      {"1,5", 1},      {"1.5E 3", 1.5}, {"--1", 0},      {"- 1", 0},           {".E5", 0}};
+      {"", 0}, {"abc", 0}, {"\t12", 0}, {"0x10", 0}, {"inf", 0}, {"nan", 0}, {"-1.5d-2x", -0.015}};
   for (const auto& [text, value] : cases) EXPECT_EQ(LeadingNumber(text), value) << text;
 }
 
