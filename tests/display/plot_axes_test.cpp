@@ -7,6 +7,7 @@
 #include <iomanip>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "display/plot_ticks.h"
@@ -147,6 +148,20 @@ TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
   EXPECT_EQ(data.Plot.ZeroY, before.ZeroY);
   EXPECT_EQ(data.Plot.ScaleX, 4.75F);
   EXPECT_FALSE(DrawAxes(data, {0, 20, -3, -3}, picture));
+}
+
+TEST(PlotAxes, SetPlotScaleLeavesTheSameTransformAsTheDrawing) {
+  for (const PlotLimits& limits : {PlotLimits{5, 80, 0, 1000}, PlotLimits{-3, 4096, -17, 3}}) {
+    const Plotted drawn(limits);
+    Workspace data;
+    data.CurBuf = 1;
+    SetPlotScale(data, limits);
+    const auto scale = [](const PlotTransform& plot) {
+      return std::tuple(plot.ScaleX, plot.ScaleY, plot.ZeroY, plot.PlotTop);
+    };
+    EXPECT_EQ(scale(data.Plot), scale(drawn.Data.Plot));
+    EXPECT_EQ(data.Buffer(1).NegativeY, drawn.Data.Buffer(1).NegativeY);
+  }
 }
 
 // The steps are strict at their thresholds: the span itself still has the finer step.
