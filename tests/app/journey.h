@@ -28,7 +28,7 @@ class Journey : public testing::Test, public CommandSession {
     std::string states;
     std::istringstream words(names);
     for (std::string name; words >> name;) {
-      states += Get(form + "." + name + ".Enabled").get<bool>() ? '+' : '-';
+      states += Get(std::string(form).append(".").append(name).append(".Enabled")).get<bool>() ? '+' : '-';
     }
     return states;
   }
