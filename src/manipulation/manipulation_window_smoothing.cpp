@@ -1,5 +1,7 @@
 // Point smoothing in the manipulation window.
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -13,16 +15,17 @@
 namespace koprax {
 
 void Form12::Smooth() {
-  const std::array<bool, 4> before{Frame1.Visible, Frame2.Visible, cmdBckg.Enabled, cmdMain.Enabled};
-  Frame1.Visible = Frame2.Visible = cmdBckg.Enabled = cmdMain.Enabled = false;
+  const std::array others{&Frame1.Visible, &Frame2.Visible, &cmdBckg.Enabled, &cmdMain.Enabled};
+  std::array<bool, others.size()> before{};
+  std::ranges::transform(others, before.begin(), [](const Property<bool>* other) { return other->Get(); });
+  std::ranges::for_each(others, [](Property<bool>* other) { *other = false; });
   if (SmoothOver(AskForSmoothingWindow())) {
     DrawSmoothedProfile();
     return;
   }
-  Frame1.Visible = before[0];
-  Frame2.Visible = before[1];
-  cmdBckg.Enabled = before[2];
-  cmdMain.Enabled = before[3];
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    *others[i] = before[i];
+  }
 }
 
 /// False, and the user is told, when the profile can't be smoothed over that many points.
