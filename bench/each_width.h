@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "manipulation/vector_width.h"
+#include "workspace/vector_width.h"
 
 namespace koprax {
 

@@ -12,6 +12,7 @@
 #include "files/preview_window.h"
 #include "files/save_pipeline.h"
 #include "files/title_window.h"
+#include "fit/peak_fit_window.h"
 #include "manipulation/manipulation_window.h"
 #include "workspace/buffer_commands.h"
 #include "workspace/buffer_picker.h"
@@ -26,9 +27,10 @@ class Workbench::Windows final : public MainServices,
                                  public FileServices,
                                  public DisplayServices,
                                  public CardServices,
-                                 public ManipulationServices {
+                                 public ManipulationServices,
+                                 public FitServices {
  public:
-  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this, *this} {}
+  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this, *this, *this} {}
 
   void Start() {
     file_dialog_ = context_.Desk.Load<Form9>(context_.Desk, context_.Data);
@@ -113,6 +115,12 @@ class Workbench::Windows final : public MainServices,
     return window->ShowProfile(slot);
   }
 
+  bool OpenFitWindow(int slot) override {
+    const auto window = context_.Desk.Load<Form19>(context_);
+    window->Show();
+    return window->ShowProfile(slot);
+  }
+
  private:
   void CloseByBox(const char* name) {
     if (const auto window = context_.Desk.Find(name)) {
@@ -154,7 +162,11 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::CalibrationOrBackground.Name,
       pickers::Erase.Name,
       pickers::SmoothedResult.Name,
+      "Form19",
+      "Form20",
       pickers::FitBackground.Name,
+      "Form22",
+      "Form23",
       peak_list_windows::Calibration.Name,
       pickers::Cell.Name,
       peak_list_windows::Cell.Name,

@@ -92,6 +92,9 @@ bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
   if (context.Data.ModeAnal) {
     return context.Manipulation.OpenManipulationWindow(slot);
   }
+  if (context.Data.ModeFit) {
+    return context.Fit.OpenFitWindow(slot);
+  }
   if (buffer.IsCard()) {
     context.Cards.OpenCardWindow();
     return true;

@@ -10,7 +10,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "manipulation/vector_width.h"
+#include "workspace/vector_width.h"
 
 namespace koprax {
 

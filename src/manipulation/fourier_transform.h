@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "manipulation/vector_width.h"
+#include "workspace/vector_width.h"
 #include "workspace/workspace.h"
 
 namespace koprax {

@@ -5,7 +5,7 @@
 
 #include <variant>
 
-#include "manipulation/vector_width.h"
+#include "workspace/vector_width.h"
 #include "workspace/workspace.h"
 
 namespace koprax {

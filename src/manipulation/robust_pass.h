@@ -2,7 +2,7 @@
 // lies in the tables, is left to the robust background.
 #pragma once
 
-#include "manipulation/vector_width.h"
+#include "workspace/vector_width.h"
 #include "workspace/workspace.h"
 
 namespace koprax {

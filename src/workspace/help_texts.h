@@ -14,5 +14,6 @@ namespace koprax {
 [[nodiscard]] std::string_view DisplayHelp(HelpTopic topic);
 [[nodiscard]] std::string_view ArithmeticHelp(HelpTopic topic);
 [[nodiscard]] std::string_view ManipulationHelp(HelpTopic topic);
+[[nodiscard]] std::string_view FitHelp(HelpTopic topic);
 
 }  // namespace koprax

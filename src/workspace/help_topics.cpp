@@ -20,7 +20,8 @@ std::string WithCarriageReturns(std::string_view text) {
 }  // namespace
 
 std::string HelpText(HelpTopic topic) {
-  for (const auto texts : {MainMenuHelp, FormatHelp, DisplayHelp, ArithmeticHelp, ManipulationHelp}) {
+  for (const auto texts :
+       {MainMenuHelp, FormatHelp, DisplayHelp, ArithmeticHelp, ManipulationHelp, FitHelp}) {
     if (const std::string_view text = texts(topic); !text.empty()) {
       return WithCarriageReturns(text);
     }

@@ -64,6 +64,19 @@ enum class HelpTopic {
   HelpSubtract,
   HelpSaveBackground,
   HelpRescale,
+  // The fit of peaks.
+  HelpSelectRange,
+  HelpQuitFit,
+  HelpShowParam,
+  HelpBackgroundBuffer,
+  HelpDrawBackground,
+  HelpDefineBackground,
+  HelpDefinePeaks,
+  HelpLoadPeaks,
+  HelpSelectPeaks,
+  HelpStartFit,
+  HelpFitFrame,
+  HelpSaveFit,
 };
 
 /// The whole text of a topic. Each line ends with CR LF.

@@ -12,16 +12,16 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
   ArrangeControls();
 
   cmdInp.OnClick = [this] { context_.Files.StartLoad(); };
-  cmdOut.OnClick = [this] {
-    context_.Files.GiveUpEarlierFile();
-    context_.Data.ModeOut = true;
-    context_.Main.OpenProfilePicker();
+  const auto picking_for = [this](bool Workspace::*mode) {
+    return [this, mode] {
+      context_.Files.GiveUpEarlierFile();
+      context_.Data.*mode = true;
+      context_.Main.OpenProfilePicker();
+    };
   };
-  cmdAnal.OnClick = [this] {
-    context_.Files.GiveUpEarlierFile();
-    context_.Data.ModeAnal = true;
-    context_.Main.OpenProfilePicker();
-  };
+  cmdOut.OnClick = picking_for(&Workspace::ModeOut);
+  cmdAnal.OnClick = picking_for(&Workspace::ModeAnal);
+  cmdFit.OnClick = picking_for(&Workspace::ModeFit);
   cmdDisp.OnClick = [this] { OpenDisplayPicker(); };
   cmdDelBuff.OnClick = [this] { OpenErasePicker(); };
   cmdStop.OnClick = [this] { Desk().Quit(); };

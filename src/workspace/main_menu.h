@@ -36,8 +36,7 @@ class Form1 final : public Form {
                  {.Caption = "&Display profile(s) and work", .ToolTip = "Specified buffers are displayed"}};
   Button cmdAnal{
       *this, "cmdAnal", {.Caption = "&Profile manipulation", .ToolTip = "Specified buffer is manipulated"}};
-  Button cmdFit{
-      *this, "cmdFit", {.Caption = "&Fit", .ToolTip = "Start the peak fitting procedure", .Enabled = false}};
+  Button cmdFit{*this, "cmdFit", {.Caption = "&Fit", .ToolTip = "Start the peak fitting procedure"}};
   Button cmdDelBuff{
       *this, "cmdDelBuff", {.Caption = "&Erase buffer", .ToolTip = "Delete a specified buffer"}};
   Button cmdCalib{*this,

@@ -97,6 +97,19 @@ class ManipulationServices {
   virtual bool OpenManipulationWindow(int slot) = 0;
 };
 
+/// The fit of peaks.
+class FitServices {
+ public:
+  FitServices() = default;
+  FitServices(const FitServices&) = delete;
+  FitServices& operator=(const FitServices&) = delete;
+  virtual ~FitServices() = default;
+
+  /// Opens the Peak fit window anew and draws the temporary copy of the buffer; false when there is nothing
+  /// to draw.
+  virtual bool OpenFitWindow(int slot) = 0;
+};
+
 /// What each window is handed at its making.
 struct WindowContext {
   Desktop& Desk;
@@ -106,6 +119,7 @@ struct WindowContext {
   DisplayServices& Display;
   CardServices& Cards;
   ManipulationServices& Manipulation;
+  FitServices& Fit;
 };
 
 }  // namespace koprax

@@ -149,6 +149,33 @@ struct EditedPortion {
   std::vector<std::string> EditLine = std::vector<std::string>(MaxPoints + 1);
 };
 
+inline constexpr std::size_t ParameterTableSize = 101;
+/// One value for each parameter of the peak fit, numbered from 1.
+using ParameterTable = std::array<float, ParameterTableSize>;
+
+/// The peak fit: its range, its background and its parameters.
+struct PeakFit {
+  ParameterTable FitParam{};                               ///< the parameters, 1 to 77
+  std::array<std::int16_t, ParameterTableSize> FitList{};  ///< the numbers of those to refine, in this order
+  std::int16_t FitListCount = 0;
+  float FitBestChi = 0;  ///< the least sum of squared differences so far
+
+  PointTable FitX = PointTable(MaxPoints + 1);  ///< the points of the range, from 1
+  PointTable FitY = PointTable(MaxPoints + 1);
+  std::int16_t FitPointCount = 0;
+  PointTable FitBackgroundY = PointTable(MaxPoints + 1);  ///< the measured background, point by point
+  PointTable FitCalc = PointTable(MaxPoints + 1);         ///< the calculated profile of a finished fit
+
+  bool FitPolyBackground = false;  ///< the background is a polynomial, else the measured one
+  std::int16_t FitPeakCount = 0;   ///< 0 to 12
+  /// The line that was drawn for the background, from 1: its origin, its height there, its slope.
+  std::array<float, 6> FitLine{};
+  [[nodiscard]] float FitOrigin() const { return FitLine[1]; }  ///< the X that the polynomial counts from
+
+  bool FitRunning = false;   ///< a refinement is open, to be continued or stopped
+  bool FitStopping = false;  ///< the next step closes it
+};
+
 struct Workspace {
   Workspace();
 
@@ -208,12 +235,15 @@ struct Workspace {
 
   /// The background in hand, one value for each point of the profile; all 0 when there is none.
   PointTable BackgroundY = PointTable(MaxPoints + 1);
-  PointTable NetY = PointTable(MaxPoints + 1);        ///< the profile less the background
-  std::int16_t BackgroundSubtracted = 0;              ///< 1: NetY is what is saved, not BackgroundY
-  PointTable PaddedY = PointTable(PaddedYBound + 1);  ///< the background between its two paddings
-  bool SaveDft = false;                               ///< the smoothed profile comes from the Fourier filter
+  PointTable BackgroundX = PointTable(MaxPoints + 1);  ///< X of a background that was chosen for a fit
+  PointTable NetY = PointTable(MaxPoints + 1);         ///< the profile less the background
+  std::int16_t BackgroundSubtracted = 0;               ///< 1: NetY is what is saved, not BackgroundY
+  PointTable PaddedY = PointTable(PaddedYBound + 1);   ///< the background between its two paddings
+  bool SaveDft = false;                                ///< the smoothed profile comes from the Fourier filter
   PointTable ScratchX = PointTable(MaxPoints + 1);
   PointTable ScratchY = PointTable(MaxPoints + 1);
+
+  PeakFit Fit;
 };
 
 /// Clears everything of a slot, the format header lines excepted. The limits become 0.

@@ -125,12 +125,28 @@ void VisitWorkspaceFields(Data& data, Visitor&& visit) {
   visit("ProfileColourName", data.ProfileColourName);
   visit("BackgroundColourName", data.BackgroundColourName);
   visit("BackgroundY", data.BackgroundY);
+  visit("BackgroundX", data.BackgroundX);
   visit("NetY", data.NetY);
   visit("BackgroundSubtracted", data.BackgroundSubtracted);
   visit("PaddedY", data.PaddedY);
   visit("SaveDft", data.SaveDft);
   visit("ScratchX", data.ScratchX);
   visit("ScratchY", data.ScratchY);
+  visit("FitParam", data.Fit.FitParam);
+  visit("FitList", data.Fit.FitList);
+  visit("FitListCount", data.Fit.FitListCount);
+  visit("FitBestChi", data.Fit.FitBestChi);
+  visit("FitX", data.Fit.FitX);
+  visit("FitY", data.Fit.FitY);
+  visit("FitPointCount", data.Fit.FitPointCount);
+  visit("FitBackgroundY", data.Fit.FitBackgroundY);
+  visit("FitCalc", data.Fit.FitCalc);
+  visit("FitPolyBackground", data.Fit.FitPolyBackground);
+  visit("FitPeakCount", data.Fit.FitPeakCount);
+  visit("FitLine", data.Fit.FitLine);
+  visit("FitOrigin", data.Fit.FitLine[1]);
+  visit("FitRunning", data.Fit.FitRunning);
+  visit("FitStopping", data.Fit.FitStopping);
 }
 
 }  // namespace koprax

@@ -106,10 +106,11 @@ class SilentServices : public MainServices,
                        public FileServices,
                        public DisplayServices,
                        public CardServices,
-                       public ManipulationServices {
+                       public ManipulationServices,
+                       public FitServices {
  public:
   explicit SilentServices(WorkbenchSession& session)
-      : Context{session.Desk(), session.Data(), *this, *this, *this, *this, *this} {}
+      : Context{session.Desk(), session.Data(), *this, *this, *this, *this, *this, *this} {}
 
   void ShowMainMenu() override {}
   void BringMainMenuToFront() override {}
@@ -126,6 +127,7 @@ class SilentServices : public MainServices,
   void ShowSeveralProfiles() override {}
   void OpenCardWindow() override {}
   bool OpenManipulationWindow(int /*slot*/) override { return false; }
+  bool OpenFitWindow(int /*slot*/) override { return false; }
 
   WindowContext Context;
   int TitlesGivenUp = 0;

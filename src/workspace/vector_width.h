@@ -1,5 +1,5 @@
-// How wide the vectors of the processor are: the long loops of this wing are built for several widths and the
-// widest is chosen at run time. Every width gives the same bits, so the choice is one of speed alone.
+// How wide the vectors of the processor are: long loops are built for several widths and the widest is chosen
+// at run time. Every width gives the same bits, so the choice is one of speed alone.
 #pragma once
 
 #include <vector>

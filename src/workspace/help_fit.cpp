@@ -1,0 +1,12 @@
+#include "workspace/help_texts.h"
+
+namespace koprax {
+
+std::string_view FitHelp(HelpTopic topic) {
+  switch (topic) {
+    default:
+      return {};
+  }
+}
+
+}  // namespace koprax
