@@ -30,7 +30,8 @@ struct StepFindings {
 /// One step over the points 1 to `point_count` and the parameters 1 to `parameter_count`. Below 0 Lambda
 /// comes back as 0.001 times 0.1 or 10; above 0 it falls tenfold with a lower chi square, and rises tenfold
 /// without. The closing step changes no parameter and fills FitCalc.
-[[nodiscard]] StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimiser& state);
+[[nodiscard]] StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimiser& state,
+                                  VectorWidth width = WidestVectors());
 
 /// The normal equations of the parameters in FitList, and the chi square, at a table of parameters: each
 /// product and each sum is rounded to 32 bits, the points in their order, so that every width gives the same
