@@ -1,0 +1,235 @@
+#include "fit/parameters_window.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "fit/fit_parameters.h"
+#include "fit/parameter_printing.h"
+#include "fit/peak_quantities.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr std::size_t PeakParameterCount = ConstantTerm - 1;
+constexpr std::size_t PolynomialTerms = 4;
+constexpr TextSetup ValueBox() { return {.Columns = 10}; }
+
+std::size_t PeakOf(std::size_t parameter) { return (parameter - 1) / ParametersPerPeak + 1; }
+
+bool IsIntensity(std::size_t parameter) {
+  return parameter <= PeakParameterCount &&
+         parameter == NumberOf(static_cast<int>(PeakOf(parameter)), PeakParameter::Intensity);
+}
+
+float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
+
+/// The place of a box in words.
+std::string NameOf(std::size_t parameter) {
+  constexpr std::array columns{"Position", "Intensity", "FWHM left", "FWHM right", "eta left", "eta right"};
+  if (parameter == ScaleFactor) {
+    return "The scale factor of the measured background";
+  }
+  if (parameter >= ConstantTerm) {
+    return std::string("The coefficient ") + "ABCD"[parameter - ConstantTerm] +
+           " of the calculated background";
+  }
+  return std::string("\"") + columns[(parameter - 1) % ParametersPerPeak] + "\" of peak " +
+         std::to_string(PeakOf(parameter));
+}
+
+}  // namespace
+
+Form20::Form20(const WindowContext& context, std::function<void()> confirmed)
+    : Form(context.Desk, "Form20", "Peak fit parameters"),
+      context_(context),
+      confirmed_(std::move(confirmed)) {
+  for (Label* greek : {&Label5, &Label7, &Label11, &Label14}) {
+    greek->FontName = SymbolFont;
+  }
+  MakeBoxes();
+  ArrangeControls();
+  Command1.OnClick = [this] { PrintParameters(context_); };
+  Command2.OnClick = [this] { Accept(); };
+}
+
+void Form20::MakeBoxes() {
+  for (int i = 0; i < static_cast<int>(PeakParameterCount); ++i) {
+    Text1.emplace_back(*this, "Text1", ValueBox(), i);
+    Check1.emplace_back(*this, "Check1", CaptionSetup{}, i);
+  }
+  for (int i = 0; i < MaxFitPeaks; ++i) {
+    const int peak = i + 1;
+    Label40.emplace_back(*this, "Label40", CaptionSetup{}, i);
+    Label41.emplace_back(*this, "Label41", CaptionSetup{}, i);
+    Number.emplace_back(*this, "Number", CaptionSetup{.Caption = std::to_string(peak)}, i);
+    Number.back().OnClick = [this, peak] { DeletePeak(peak); };
+  }
+  for (int i = 0; i < static_cast<int>(PolynomialTerms); ++i) {
+    Text2.emplace_back(*this, "Text2", ValueBox(), i);
+    Check2.emplace_back(*this, "Check2", CaptionSetup{}, i);
+  }
+}
+
+void Form20::ArrangeControls() {
+  SetLayout(Column({
+      Row({Label10, Label11, Label12, Label13, Label14, Label15, Label16, Space()}),
+      PeaksLayout(),
+      Row({BackgroundLayout(), Framed(Frame2, Row({Label23, Text3, Check3})), Space()}),
+      Row({Label24, Text4, Label25, Text5, Space(), Command1, Command2}),
+  }));
+}
+
+/// A row for each peak: the button that deletes it, six boxes with their ticks, area and width.
+LayoutNode Form20::PeaksLayout() {
+  constexpr int columns = 1 + 2 * ParametersPerPeak + 2;
+  std::vector<LayoutNode> cells{Label9,
+                                Label1,
+                                Space(),  //
+                                Label2,
+                                Space(),  //
+                                Label3,
+                                Space(),  //
+                                Label4,
+                                Space(),  //
+                                Row({Label5, Label6, Space()}),
+                                Space(),  //
+                                Row({Label7, Label8, Space()}),
+                                Space(),  //
+                                Label39,
+                                Label42};
+  for (std::size_t row = 0; row < MaxFitPeaks; ++row) {
+    cells.emplace_back(Number[row]);
+    for (std::size_t i = row * ParametersPerPeak; i < (row + 1) * ParametersPerPeak; ++i) {
+      cells.emplace_back(Text1[i]);
+      cells.emplace_back(Check1[i]);
+    }
+    cells.emplace_back(Label40[row]);
+    cells.emplace_back(Label41[row]);
+  }
+  return Grid(columns, std::move(cells));
+}
+
+LayoutNode Form20::BackgroundLayout() {
+  return Framed(Frame1, Row({Label17, Text2[0], Check2[0],           //
+                             Label18, Text2[1], Check2[1], Label19,  //
+                             Label20, Text2[2], Check2[2],           //
+                             Label21, Text2[3], Check2[3], Label22}));
+}
+
+Form20::Entry Form20::EntryOf(std::size_t parameter) {
+  if (parameter == ScaleFactor) {
+    return {&Text3, &Check3};
+  }
+  if (parameter >= ConstantTerm) {
+    return {&Text2[parameter - ConstantTerm], &Check2[parameter - ConstantTerm]};
+  }
+  return {&Text1[parameter - 1], &Check1[parameter - 1]};
+}
+
+// ---- The parameters in the boxes ---------------------------------------------------------------------
+
+void Form20::OnLoad() {
+  const PeakFit& fit = context_.Data.Fit;
+  const int of_background = fit.FitPolyBackground ? static_cast<int>(PolynomialTerms) : 1;
+  Text5.Text = std::to_string(ParametersPerPeak * fit.FitPeakCount + of_background);
+  for (int peak = 1; peak <= fit.FitPeakCount; ++peak) {
+    ShowPeak(peak);
+  }
+  ShowBackground();
+  Text4.Text = std::to_string(fit.FitPeakCount);
+}
+
+void Form20::ShowPeak(int peak) {
+  const PeakFit& fit = context_.Data.Fit;
+  const auto row = static_cast<std::size_t>(peak - 1);
+  Label40[row].Caption = RoundedText(PeakArea(fit, peak), 3);
+  Label41[row].Caption = RoundedText(PeakWidth(fit, peak), 4);
+  const std::size_t first = NumberOf(peak, PeakParameter::Position);
+  for (std::size_t parameter = first; parameter < first + ParametersPerPeak; ++parameter) {
+    Fill(parameter, RoundedText(fit.FitParam[parameter], IsIntensity(parameter) ? 3 : 5));
+  }
+}
+
+void Form20::ShowBackground() {
+  const PeakFit& fit = context_.Data.Fit;
+  Frame2.Enabled = false;  // even with a measured background: its factor is refined, not typed
+  if (fit.FitPolyBackground) {
+    for (std::size_t parameter = ConstantTerm; parameter <= CubicTerm; ++parameter) {
+      Fill(parameter, RoundedText(fit.FitParam[parameter], 5));
+    }
+  } else {
+    Fill(ScaleFactor, GeneralText(fit.FitParam[ScaleFactor]));
+  }
+}
+
+void Form20::Fill(std::size_t parameter, const std::string& text) {
+  const Entry entry = EntryOf(parameter);
+  entry.Value->Text = text;
+  entry.Refined->Value = 1;
+}
+
+// ---- What the user does ------------------------------------------------------------------------------
+
+void Form20::DeletePeak(int peak) {
+  PeakFit& fit = context_.Data.Fit;
+  if (peak > fit.FitPeakCount) {
+    Desk().Host().MsgBox({.Text = "Unacceptable peak number", .Title = "Error"});
+    return;
+  }
+  for (std::size_t i = NumberOf(peak, PeakParameter::Position) - 1; i < PeakParameterCount; ++i) {
+    const std::size_t below = i + ParametersPerPeak;
+    const bool last_row = below >= PeakParameterCount;
+    Text1[i].Text = last_row ? std::string() : Text1[below].Text.Get();
+    Check1[i].Value = last_row ? 0 : Check1[below].Value.Get();
+  }
+  --fit.FitPeakCount;
+  Text4.Text = std::to_string(fit.FitPeakCount);
+}
+
+void Form20::Accept() {
+  if (!AllWithin32Bits()) {
+    return;
+  }
+  StoreParameters();
+  if (Desk().Host().MsgBox({.Text = "Everything OK?", .Title = "Sure?", .Buttons = MessageButtons::YesNo}) ==
+      MessageAnswer::Yes) {
+    Unload();
+    confirmed_();
+  }
+}
+
+bool Form20::AllWithin32Bits() {
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    const TextBox& box = *EntryOf(parameter).Value;
+    if (!std::isfinite(NumberIn(box))) {
+      Desk().Host().MsgBox(ErrorMessage(NameOf(parameter) +
+                                        " is to be a number of at most 3.4E+38 in size.\r\n" + "It was \"" +
+                                        box.Text.Get() + "\". Nothing is changed."));
+      return false;
+    }
+  }
+  return true;
+}
+
+/// FitList takes the numbers of the ticked boxes, upward.
+void Form20::StoreParameters() {
+  PeakFit& fit = context_.Data.Fit;
+  fit.FitListCount = 0;
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    const Entry entry = EntryOf(parameter);
+    fit.FitParam[parameter] = NumberIn(*entry.Value);
+    if (entry.Refined->Value == 1) {
+      ++fit.FitListCount;
+      fit.FitList[static_cast<std::size_t>(fit.FitListCount)] = static_cast<std::int16_t>(parameter);
+    }
+  }
+  Text5.Text = std::to_string(fit.FitListCount);
+}
+
+}  // namespace koprax
