@@ -91,10 +91,11 @@ constexpr std::string_view Fit = R"TEXT(Command "Fit" starts the procedure for p
 3) Define the background of that range: a straight line, which is refined as
    a polynomial, or a background measured or estimated before and loaded from
    another buffer, which is refined by a scale factor.
-4) Select the peaks with the mouse, or load those of the Manual Explorer.
+4) Select the peaks with the mouse, or take those of the peak list of the
+   buffer.
 5) Look at the parameters, tick those to be refined, and start the fit. It
-   runs in groups of five cycles; after each group you see the result and
-   decide whether to go on.
+   runs in groups of five cycles; after each group you see how CHI square has
+   fallen and decide whether to go on. At the end the result is drawn.
 
 Each peak is an asymmetric pseudo-Voigt function: position, intensity, and on
 either side a width (FWHM) and an eta, the share of the Gaussian. With eta 1

@@ -22,7 +22,7 @@ const std::string SequenceOfTheFilter =
 
 std::vector<HelpTopic> AllTopics() {
   std::vector<HelpTopic> topics;
-  for (int i = 0; i <= static_cast<int>(HelpTopic::HelpRescale); ++i) {
+  for (int i = 0; i <= static_cast<int>(HelpTopic::HelpSaveFit); ++i) {
     topics.push_back(static_cast<HelpTopic>(i));
   }
   return topics;
@@ -100,6 +100,8 @@ TEST(HelpTopics, OpenAsTheyShould) {
 TEST(HelpTopics, StateTheFactsTheyAreKnownFor) {
   const std::vector<std::pair<HelpTopic, std::string>> facts{
       {HelpTopic::HelpFit, "A maximum of 12 peaks can be optimized in a single run. \r\n"},
+      {HelpTopic::HelpFit, "set it to 0 or 1 by hand, take it off the set of refinable parameters"},
+      {HelpTopic::HelpShowParam, "PV = eta G + (1 - eta) L\r\n"},
       {HelpTopic::HelpAbout, "1) Load profile data from disk. \r\n"},
       {HelpTopic::HelpAbout, "2) Save profile data on disk.\r\n"},
       {HelpTopic::HelpAbout, "3) Display profile and work.\r\n"},
