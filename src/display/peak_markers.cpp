@@ -21,8 +21,8 @@ void DrawBar(const PlotTransform& plot, const CurveOrigin& origin, const PeakPos
 }  // namespace
 
 void DrawMarker(const PlotTransform& plot, const CurveOrigin& origin, const PeakPosition& peak, float length,
-                Surface& picture) {
-  DrawBar(plot, origin, peak, Gap, length, colours::Red, picture);
+                Surface& picture, Colour colour) {
+  DrawBar(plot, origin, peak, Gap, length, colour, picture);
 }
 
 void EraseMarker(const PlotTransform& plot, const CurveOrigin& origin, const PeakPosition& peak,

@@ -1,4 +1,4 @@
-// The red marks that float above the picked peaks of a plot, and their erasing.
+// The marks that float above the picked peaks of a plot, and their erasing.
 #pragma once
 
 #include "display/curve.h"
@@ -20,7 +20,7 @@ inline constexpr float ZoomedMarkerLength = 7;
 
 /// Draws a vertical bar that starts a little above the peak and ends at the top of the frame at most.
 void DrawMarker(const PlotTransform& plot, const CurveOrigin& origin, const PeakPosition& peak, float length,
-                Surface& picture);
+                Surface& picture, Colour colour = colours::Red);
 
 /// Draws over a marker of MarkerLength in white, a little beyond both of its ends. What it crosses is erased
 /// with it.

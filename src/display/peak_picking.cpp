@@ -52,7 +52,11 @@ std::size_t IndexOf(int peak) { return static_cast<std::size_t>(peak); }
 }  // namespace
 
 PeakPick ReadOutAt(const ProfileBuffer& buffer, float x) {
-  const TwoThetaAtX two_theta = TwoThetaAt(buffer, buffer.PermX[2] - buffer.PermX[1], x);
+  return ReadOutAt(buffer, buffer.PermX[2] - buffer.PermX[1], x);
+}
+
+PeakPick ReadOutAt(const ProfileBuffer& buffer, float step, float x) {
+  const TwoThetaAtX two_theta = TwoThetaAt(buffer, step, x);
   const std::string shown = RoundedText(x, 4);
   return {.Theta = two_theta.FromChannel ? GeneralText(two_theta.Value) : shown,
           .D = SpacingText(buffer, two_theta.Value),

@@ -1,7 +1,198 @@
+// The window as a whole: its making, what is on show, the ways out. The mouse stands in
+// peak_fit_window_mouse.cpp, the stages in the files named for them.
 #include "fit/peak_fit_window.h"
+
+#include "display/plot_axes.h"
+#include "display/profile_plot.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/buffer_commands.h"
 
 namespace koprax {
 
-bool Form19::ShowProfile(int slot) { return slot != 0; }
+Form19::Form19(const WindowContext& context) : Form(context.Desk, "Form19", "Peak fit"), context_(context) {
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+LayoutNode Form19::PictureLayout() {
+  return Column({
+      Row({Stretched(Boxes.Text1), Boxes.Text2}),
+      Boxes.Text5,
+      Stretched(Picture1),
+      Row({Stretched(Boxes.Text6), Stretched(Boxes.Text7), Stretched(Boxes.Text9), Stretched(Text8)}),
+      Row({Text3, Text4, Space(), KeepingRoom(optOK), KeepingRoom(optNO)}),
+  });
+}
+
+LayoutNode Form19::StagesLayout() {
+  return Column({
+      Row({Stretched(cmdSelectRange), Command1}),
+      Text16,
+      Text17,
+      Stack({Framed(Frame1, Grid(2, {Stretched(cmdDefBkg), Command9,  //
+                                     Command2, Command8,              //
+                                     Command5, Command12})),
+             Framed(Frame3, Grid(2, {Stretched(cmdSelPeaks), Command4,  //
+                                     cmdLoadPeaks, Command3,            //
+                                     Command10, Command11})),
+             Framed(Frame4, Grid(2, {Stretched(cmdShowParam), Command7,  //
+                                     cmdStartFit, Command13,             //
+                                     cmdSave, Command16,                 //
+                                     Command15, Command14}))}),
+      Text18,
+      KeepingRoom(Picture2),
+      Space(),
+      Grid(2, {Label1, Text10, Label2, Text14, Label3, Text15}),
+      Row({Stretched(cmdMain), Command6}),
+  });
+}
+
+void Form19::ArrangeControls() { SetLayout(Row({Stretched(PictureLayout()), StagesLayout()}), true); }
+
+template <class Command>
+std::function<void()> Form19::OnItsProfile(Command command) {
+  return [this, command] {
+    ClosePicker();
+    TakeUp();
+    command();
+  };
+}
+
+template <class Command>
+std::function<void()> Form19::WithProfile(Command command) {
+  return OnItsProfile([this, command] {
+    if (HasProfile()) {
+      command();
+    }
+  });
+}
+
+void Form19::ConnectHandlers() {
+  cmdMain.OnClick = [this] { ReturnToMainMenu(); };
+  cmdSelectRange.OnClick = WithProfile([this] { SelectRange(); });
+  optOK.OnClick = WithProfile([this] { AcceptSelection(); });
+  optNO.OnClick = WithProfile([this] { RefuseSelection(); });
+
+  cmdDefBkg.OnClick = WithProfile([this] { StartBackgroundLine(); });
+  Command2.OnClick = WithProfile([this] { LoadBackground(); });
+  Command5.OnClick = OnItsProfile([this] { QuitBackground(); });
+
+  cmdSelPeaks.OnClick = WithProfile([this] { StartPeakSelection(); });
+  cmdLoadPeaks.OnClick = WithProfile([this] { LoadPeaks(); });
+  Command10.OnClick = OnItsProfile([this] { QuitPeaks(); });
+
+  cmdShowParam.OnClick = OnItsProfile([this] { ShowParameters(); });
+  cmdStartFit.OnClick = OnItsProfile([this] { StartFit(); });
+  cmdSave.OnClick = WithProfile([this] { SavePeaks(); });
+  Command15.OnClick = [this] { ForgetFit(); };
+
+  Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
+  Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
+}
+
+void Form19::OnLoad() {
+  state_.Slot = context_.Data.CurBuf;
+  ClearFit(Fit());
+  ForgetFit();
+  Text8.Text = "l = " + GeneralText(Buffer().Wavelength);
+}
+
+/// The windows that act for this one.
+void Form19::CloseHelpers() {
+  ClosePicker();
+  Desk().Unload("Form20");
+  Desk().Unload("Form22");
+}
+
+void Form19::ReturnToMainMenu() {
+  ForgetFit();
+  Picture1.Cls();
+  Unload();
+  context_.Main.ShowMainMenu();
+}
+
+void Form19::ForgetFit() {
+  CloseHelpers();
+  Fit().FitPolyBackground = Fit().FitRunning = Fit().FitStopping = false;
+  Fit().FitPeakCount = 0;
+  context_.Data.ModeFit = false;
+  state_.PeakLimitReached = state_.LoadBkgPending = false;
+  state_.RangeMode = state_.FollowLow = state_.FollowHigh = false;
+  state_.DrawBkgMode = state_.SelPeaksMode = false;
+  state_.ClickCount = 0;
+  OfferAnswers(false);
+  for (Control* hidden :
+       {static_cast<Control*>(&Picture2), static_cast<Control*>(&Line5), static_cast<Control*>(&Shape1),
+        static_cast<Control*>(&Line1), static_cast<Control*>(&Line2), static_cast<Control*>(&Line3),
+        static_cast<Control*>(&Line4), static_cast<Control*>(&Frame1), static_cast<Control*>(&Frame3),
+        static_cast<Control*>(&Frame4)}) {
+    hidden->Visible = false;
+  }
+  Picture1.MousePointer = Pointer::Arrow;
+  ShowPeakCount();
+  cmdShowParam.Enabled = false;
+}
+
+bool Form19::ShowProfile(int slot) {
+  Workspace& data = context_.Data;
+  const bool drawn = DrawProfile(data, slot, Picture1, [this](const Message& message) { Tell(message); });
+  state_.Shown.Keep(data, drawn);
+  state_.Kept.Keep(Buffer());
+  if (!drawn) {
+    return false;
+  }
+  state_.PictureXMin = data.PlotXMin;
+  state_.NegativeY = Buffer().NegativeY;
+  Boxes.Show(TextsOf(data, slot));
+  return true;
+}
+
+// What is on show.
+
+ProfileBuffer& Form19::Buffer() const {
+  Workspace& data = context_.Data;
+  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
+}
+
+void Form19::TakeUp() {
+  Workspace& data = context_.Data;
+  if (data.CurBuf != 0) {
+    MakeCurrent(context_, state_.Slot);
+  }
+  state_.Shown.PutBack(data);
+  if (state_.Shown.Readable() && HoldsItsPoints()) {
+    Buffer().NegativeY = state_.NegativeY;
+  }
+}
+
+bool Form19::HoldsItsPoints() const { return Buffer().PermNpts > 0 && state_.Kept.Matches(Buffer()); }
+
+bool Form19::HasProfile() {
+  const bool holds = HoldsItsPoints();
+  if (!holds) {
+    Tell(ProfileGone(Buffer(), "Fit"));
+  }
+  return holds;
+}
+
+void Form19::Tell(const Message& message) { Desk().Host().MsgBox(message); }
+
+void Form19::DrawFrame(const XRange& range) {
+  Workspace& data = context_.Data;
+  Picture1.Cls();
+  const PlotLimits limits{
+      .XMin = range.Low, .XMax = range.High, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
+  if (!DrawAxes(data, limits, Picture1)) {
+    Tell(NoYSpan());
+  }
+  state_.Shown.Keep(data, true);
+  state_.PictureXMin = range.Low;
+  state_.NegativeY = Buffer().NegativeY;
+}
+
+CurveOrigin Form19::Origin() const {
+  return {.XMin = state_.PictureXMin, .Base = PlotBase(context_.Data.Plot, state_.NegativeY == 1)};
+}
 
 }  // namespace koprax

@@ -228,10 +228,7 @@ void Form12::TakeUp() {
 
 bool Form12::HasProfile() {
   if (!HoldsItsPoints()) {
-    const ProfileBuffer& buffer = Buffer();
-    Tell(ErrorMessage("Buffer " + buffer.BufLetter +
-                      (buffer.PermNpts == 0 ? " holds no profile." : " has been changed in another window.") +
-                      "\r\nOpen a profile with \"Profile manipulation\" of the main menu."));
+    Tell(ProfileGone(Buffer(), "Profile manipulation"));
     return false;
   }
   return HasPlot();

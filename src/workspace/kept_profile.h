@@ -2,8 +2,10 @@
 // window has changed them. What it does then is left to the window.
 #pragma once
 
+#include <string>
 #include <vector>
 
+#include "forms/runtime.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -47,5 +49,13 @@ class KeptProfile {
   Points permanent_;
   Points temporary_;
 };
+
+/// What the user is told where a buffer holds another profile by now than the one on show, or none; `command` of
+/// the main menu opens one anew.
+[[nodiscard]] inline Message ProfileGone(const ProfileBuffer& buffer, const std::string& command) {
+  return ErrorMessage("Buffer " + buffer.BufLetter +
+                      (buffer.PermNpts == 0 ? " holds no profile." : " has been changed in another window.") +
+                      "\r\nOpen a profile with \"" + command + "\" of the main menu.");
+}
 
 }  // namespace koprax

@@ -1,0 +1,143 @@
+// The last stage of the peak fit window: the parameters, the cycles of the refinement, what comes of them.
+#include <cstddef>
+#include <string>
+
+#include "fit/fit_parameters.h"
+#include "fit/fit_plot.h"
+#include "fit/parameters_window.h"
+#include "fit/peak_fit_window.h"
+#include "fit/refined_peaks_window.h"
+#include "fit/refinement_results_window.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+Message ImproperList() { return ErrorMessage("Improper permutation in LISTA"); }
+
+Message Singular() { return {.Text = "Singular matrix", .Title = "Warning", .Icon = MessageIcon::Stop}; }
+
+Message BeyondRange() {
+  return ErrorMessage(
+      "The numbers of this step went beyond 3.4E+38, the largest that the fit can hold.\r\nThe parameters "
+      "are "
+      "as they were before it; \"Parameters\" shows them.");
+}
+
+Message TooFewPoints() {
+  return ErrorMessage(
+      "The range holds fewer than two points of the profile, so there is nothing to fit.\r\nReturn to the "
+      "main "
+      "menu, and start the fit again with a wider range.");
+}
+
+}  // namespace
+
+void Form19::ShowParameters() {
+  if (const auto shown = Desk().Find("Form20")) {
+    shown->Show();
+    return;
+  }
+  const auto confirmed =
+      WhileLoaded(std::function<void()>([this] { cmdStartFit.Enabled = cmdSave.Enabled = true; }));
+  Desk().Load<Form20>(context_, confirmed)->Show();
+}
+
+void Form19::StartFit() {
+  if (Fit().FitStopping) {
+    CloseRefinement();
+  } else if (Fit().FitPointCount < 2) {
+    Tell(TooFewPoints());
+  } else if (Fit().FitRunning || OpenRefinement()) {
+    RunCycles();
+  }
+}
+
+/// False when the refinement can't start from the parameters as they are, which is told.
+bool Form19::OpenRefinement() {
+  MousePointer = Pointer::Hourglass;
+  Picture2.Visible = Line5.Visible = true;
+  Line5.Move(1, 5, 2, 5);
+  Fit().FitRunning = true;
+  state_.Refinement.Lambda = -1;
+  Step();
+  if (state_.Refinement.Lambda < 0) {
+    Fit().FitRunning = false;
+    Picture2.Visible = Line5.Visible = false;
+    MousePointer = Pointer::Arrow;
+    return false;
+  }
+  state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
+  return true;
+}
+
+void Form19::RunCycles() {
+  for (int cycle = 1;; ++cycle) {
+    ShowProgress(static_cast<float>(cycle) / CyclesPerRun * ProgressWidth);
+    if (cycle > CyclesPerRun) {
+      break;
+    }
+    Step();
+    state_.CycleChi[static_cast<std::size_t>(cycle)] = GeneralText(state_.Refinement.ChiSquare);
+  }
+  MousePointer = Pointer::Arrow;
+  Line5.X2 = 2;
+  ShowResults();
+}
+
+/// One step; what has to be told about it is told.
+StepFindings Form19::Step() {
+  const StepFindings findings = LmStep(Fit(), Fit().FitPointCount, FitParameterCount, state_.Refinement);
+  if (findings.ImproperPermutation) {
+    Tell(ImproperList());
+  }
+  if (findings.SingularMatrix) {
+    Tell(Singular());
+  }
+  if (findings.BeyondRange) {
+    Tell(BeyondRange());
+  }
+  return findings;
+}
+
+void Form19::ShowProgress(float end) {
+  Line5.X2 = end;
+  Line5.Refresh();
+}
+
+void Form19::ShowResults() {
+  auto results = std::dynamic_pointer_cast<Form22>(Desk().Find("Form22"));
+  if (!results) {
+    RefinementActions actions;
+    actions.Continue = WhileLoaded(std::function<void()>([this] { cmdStartFit.Click(); }));
+    actions.Stop = WhileLoaded(std::function<void()>([this] { StopRefinement(); }));
+    results = Desk().Load<Form22>(context_, std::move(actions));
+  }
+  results->ShowResults(state_.StartChi, state_.CycleChi);
+}
+
+void Form19::StopRefinement() {
+  Fit().FitRunning = false;
+  Fit().FitStopping = true;
+  Desk().Unload("Form22");
+  Picture2.Visible = false;
+  cmdStartFit.Click();
+}
+
+void Form19::CloseRefinement() {
+  state_.Refinement.Lambda = 0;
+  const StepFindings findings = Step();
+  Fit().FitStopping = false;
+  cmdStartFit.Enabled = false;
+  Line3.Visible = false;
+  Line3.Move(0, 0, 1, 1);
+  DrawFrame(Range());
+  const auto draw = findings.BeyondRange ? DrawFitRange : DrawFitResult;  // there may be nothing calculated
+  draw(context_.Data.Plot, Fit(), Origin(), Picture1);
+}
+
+void Form19::SavePeaks() { Desk().Load<Form23>(context_)->Show(); }
+
+}  // namespace koprax
