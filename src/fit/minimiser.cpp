@@ -5,7 +5,9 @@
 #include <cstddef>
 #include <vector>
 
+#include "fit/model_chunk.h"
 #include "fit/peak_model.h"
+#include "fit/product_sums.h"
 
 namespace koprax {
 namespace {
@@ -120,27 +122,36 @@ bool Reject(const PeakFit& fit, Minimiser& state) {
   return true;
 }
 
+/// What the model lacks at each point of a chunk; adds the squares to a chi square.
+float TakeResiduals(const PeakFit& fit, const ModelChunk& chunk, float chi_square, ChunkColumn& residuals) {
+  for (std::size_t i = 0; i < At(chunk.Count); ++i) {
+    const float dy = fit.FitY[At(chunk.First) + i] - chunk.Y[i];
+    residuals[i] = dy;
+    chi_square = static_cast<float>(chi_square + static_cast<double>(dy) * dy);
+  }
+  return chi_square;
+}
+
 }  // namespace
 
 void LmEquations(const PeakFit& fit, int point_count, const ParameterTable& parameters, SquareTable& matrix,
-                 ParameterTable& vector, float& chi_square, VectorWidth /*width*/) {
+                 ParameterTable& vector, float& chi_square, VectorWidth width) {
   const std::size_t count = At(fit.FitListCount);
   for (std::size_t j = 1; j <= count; ++j) {
     std::fill_n(matrix[j].begin() + 1, j, 0.0F);
     vector[j] = 0;
   }
   chi_square = 0;
-  ParameterTable d{};
-  for (int i = 1; i <= point_count; ++i) {
-    const float y = PeakModel(fit, i, parameters, d);
-    const float dy = fit.FitY[At(i)] - y;
-    for (std::size_t j = 1; j <= count; ++j) {
-      const float w = d[At(fit.FitList[j])];
-      for (std::size_t k = 1; k <= j; ++k) matrix[j][k] += w * d[At(fit.FitList[k])];
-      vector[j] += dy * w;
-    }
-    chi_square = static_cast<float>(chi_square + static_cast<double>(dy) * dy);
+  ProductSums sums(fit, width, matrix, vector);
+  ModelChunk chunk;
+  ChunkColumn residuals;
+  for (chunk.First = 1; chunk.First <= point_count; chunk.First += ChunkSize) {
+    chunk.Count = std::min(ChunkSize, point_count - chunk.First + 1);
+    FillChunk(fit, parameters, width, chunk);
+    chi_square = TakeResiduals(fit, chunk, chi_square, residuals);
+    sums.Add(chunk, residuals);
   }
+  sums.Finish();
   for (std::size_t j = 2; j <= count; ++j) {
     for (std::size_t k = 1; k < j; ++k) matrix[k][j] = matrix[j][k];
   }
@@ -156,7 +167,7 @@ StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimise
   TakeTrialSystem(fit.FitListCount, state, step);
   bool in_range = AllFinite(state.CovarMatrix, fit.FitListCount) && AllFinite(step, fit.FitListCount);
   if (in_range || state.Lambda == 0) {
-    findings.SingularMatrix = !GaussJordan(state.CovarMatrix, step, fit.FitListCount);
+    findings.SingularMatrix = !GaussJordan(state.CovarMatrix, step, fit.FitListCount, width);
   }
   if (state.Lambda == 0) {
     CovarianceSort(state.CovarMatrix, fit.FitList, fit.FitListCount, parameter_count);

@@ -14,6 +14,10 @@ namespace koprax {
 [[nodiscard]] float PeakModel(const PeakFit& fit, int i, const ParameterTable& parameters,
                               ParameterTable& derivatives);
 
+/// What the model adds to the sum `y` of the peaks at point i, with its derivatives: the background in use.
+[[nodiscard]] float AddBackground(const PeakFit& fit, int i, const ParameterTable& parameters, float y,
+                                  ParameterTable& derivatives);
+
 /// The polynomial background of a table of parameters, at a distance from the origin.
 [[nodiscard]] double PolynomialBackground(const ParameterTable& parameters, double distance);
 

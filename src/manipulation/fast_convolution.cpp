@@ -3,7 +3,7 @@
 #include <numbers>
 
 #include "manipulation/phase_table.h"
-#include "manipulation/vector_types.h"
+#include "workspace/vector_types.h"
 
 namespace koprax {
 

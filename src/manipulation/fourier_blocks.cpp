@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "manipulation/vector_types.h"
+#include "workspace/vector_types.h"
 
 namespace koprax {
 
