@@ -22,7 +22,8 @@ enum class PeakParameter : std::uint8_t {
 
 /// The number of a parameter of a peak (1 to 12).
 [[nodiscard]] constexpr std::size_t NumberOf(int peak, PeakParameter parameter) {
-  return static_cast<std::size_t>(ParametersPerPeak * (peak - 1) + static_cast<int>(parameter));
+  const int number = ParametersPerPeak * (peak - 1) + static_cast<int>(parameter);
+  return static_cast<std::size_t>(number);
 }
 
 // The background: A + B t + C t^2 + D t^3 with t counted from the origin, or a measured one times a factor.
