@@ -2,6 +2,9 @@
 // peak_fit_window_mouse.cpp, the stages in the files named for them.
 #include "fit/peak_fit_window.h"
 
+#include <utility>
+#include <vector>
+
 #include "display/plot_axes.h"
 #include "display/profile_plot.h"
 #include "forms/desktop.h"
@@ -26,20 +29,17 @@ LayoutNode Form19::PictureLayout() {
 }
 
 LayoutNode Form19::StagesLayout() {
+  const auto stage = [](Frame& frame, std::vector<LayoutNode> commands) {
+    return Framed(frame, Column({Grid(2, std::move(commands)), Space()}));
+  };
   return Column({
       Row({Stretched(cmdSelectRange), Command1}),
       Text16,
       Text17,
-      Stack({Framed(Frame1, Grid(2, {Stretched(cmdDefBkg), Command9,  //
-                                     Command2, Command8,              //
-                                     Command5, Command12})),
-             Framed(Frame3, Grid(2, {Stretched(cmdSelPeaks), Command4,  //
-                                     cmdLoadPeaks, Command3,            //
-                                     Command10, Command11})),
-             Framed(Frame4, Grid(2, {Stretched(cmdShowParam), Command7,  //
-                                     cmdStartFit, Command13,             //
-                                     cmdSave, Command16,                 //
-                                     Command15, Command14}))}),
+      Stack({stage(Frame1, {Stretched(cmdDefBkg), Command9, Command2, Command8, Command5, Command12}),
+             stage(Frame3, {Stretched(cmdSelPeaks), Command4, cmdLoadPeaks, Command3, Command10, Command11}),
+             stage(Frame4, {Stretched(cmdShowParam), Command7, cmdStartFit, Command13, cmdSave, Command16,
+                            Command15, Command14})}),
       Text18,
       KeepingRoom(Picture2),
       Space(),

@@ -58,6 +58,7 @@ std::function<void()> Form12::OnItsProfile(Command command) {
     ClosePicker();  // the result that it waits for may be another one after the command
     TakeUp();
     command();
+    state_.Background = context_.Data.BackgroundY;
   };
 }
 
@@ -187,6 +188,7 @@ void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save
     data.SaveDft = false;
     return;
   }
+  PutBackBackground();
   save(data);
   state_.Kept.Keep(Buffer());
   const ProfileTexts texts = TextsOf(data, state_.Slot);
@@ -217,12 +219,20 @@ void Form12::TakeUp() {
     state_.Kept.KeepTemporary(Buffer());
     state_.CopyIsDue = false;
   }
+  PutBackBackground();
   if (state_.Plotted) {
     state_.Shown.PutBack(data);
     TakeLimitsOfDrawing(data, state_.Whole);
   }
   if (state_.Plotted && HoldsItsPoints()) {
     Buffer().NegativeY = state_.NegativeY;
+  }
+}
+
+/// A fit may have taken another background meanwhile.
+void Form12::PutBackBackground() {
+  if (state_.BackgroundMode) {
+    context_.Data.BackgroundY = state_.Background;
   }
 }
 

@@ -121,6 +121,7 @@ class Form12 final : public Form {
   [[nodiscard]] ProfileBuffer& Buffer() const;
   /// Before a command: the profile on show, its limits and scale are the ones at work again.
   void TakeUp();
+  void PutBackBackground();
   template <class Command>
   [[nodiscard]] std::function<void()> OnItsProfile(Command command);
   /// The same for a command that does nothing but tell the user when there is no profile to work on.
@@ -161,6 +162,7 @@ class Form12 final : public Form {
     float ZoomTop = 0;
     float ZoomBottom = 0;
     bool BackgroundMode = false;
+    PointTable Background;  ///< as the last command left it
     int HalfWindow = 0;  ///< half the window of the last cycles
     Colour ProfileColour = colours::Black;
     Colour BackgroundColour = colours::Black;

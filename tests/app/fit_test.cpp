@@ -197,6 +197,16 @@ TEST_F(Fit, TakesAMeasuredBackgroundFromABuffer) {
   EXPECT_EQ(Drawn("line", colours::Magenta), 110);
 }
 
+TEST_F(Fit, LeavesTheManipulationWindowItsOwnBackground) {
+  Play("click Form1.cmdAnal\nclick Form10.optA\ninput \"30\"\ninput \"n\"\nclick Form12.cmdBckg\n");
+  const Json estimate = Value("state BackgroundY");
+  SelectRange();
+  Click("Form19.Command2 Form21.optA");
+  EXPECT_NE(Value("state BackgroundY"), estimate);
+  Click("Form12.cmdSave Form16.optC");
+  EXPECT_EQ(Value("state PermY(c)")[50], estimate[50]);
+}
+
 TEST_F(Fit, SelectsPeaksUntilThereAreTwelve) {
   DrawLine();
   Click("Form19.cmdSelPeaks");
