@@ -23,7 +23,9 @@ struct StepFindings {
   bool ImproperPermutation = false;  ///< FitList names a parameter twice; nothing else has been done
   bool SingularMatrix = false;
   /// A number left the range of 32 bits. The step counts as failed: parameters and best chi square are as
-  /// before it. An opening that starts from such numbers does nothing: Lambda stays below 0.
+  /// before it. An opening that starts from such numbers completes FitList and does nothing else:
+  /// Lambda stays below 0. A closing step that has such a value leaves FitCalc as it was. Lambda stays where
+  /// its tenfold is beyond the range.
   bool BeyondRange = false;
 };
 
@@ -35,7 +37,7 @@ struct StepFindings {
 
 /// The normal equations of the parameters in FitList, and the chi square, at a table of parameters: each
 /// product and each sum is rounded to 32 bits, the points in their order, so that every width gives the same
-/// bits.
+/// bits. What is 0 at a point is left out, even beside an infinite derivative, whose own row isn't finite.
 void LmEquations(const PeakFit& fit, int point_count, const ParameterTable& parameters, SquareTable& matrix,
                  ParameterTable& vector, float& chi_square, VectorWidth width = WidestVectors());
 

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <limits>
-#include <numbers>
 
 #include "fit/fit_parameters.h"
 #include "fit/half_peak.h"
 #include "fit/peak_at_point.h"
 #include "fit/peak_model.h"
-#include "workspace/vector_types.h"
+#include "fit/several_points.h"
 
 namespace koprax {
 namespace {
@@ -69,55 +67,8 @@ struct HalfColumns {
   float* ByEta;
 };
 
-template <class Vectors>
-struct SeveralPoints {
-  using Doubles = typename Vectors::Doubles;
-  static constexpr std::make_index_sequence<Vectors::Lanes> Lanes{};
-
-  [[gnu::always_inline]] static void Round(Doubles& numbers) {
-    Widen(__builtin_convertvector(numbers, typename Vectors::HalfFloats), numbers, Lanes);
-  }
-  [[gnu::always_inline]] static void Take(const float* from, Doubles& to) {
-    typename Vectors::HalfFloats floats;
-    Load(from, floats);
-    Widen(floats, to, Lanes);
-  }
-  [[gnu::always_inline]] static void Put(const Doubles& from, float* to) {
-    Store(__builtin_convertvector(from, typename Vectors::HalfFloats), to);
-  }
-};
-
-/// exp(-square) to a part in 1E+12 of it, 0 to 1; below 1E-47 for squares above 110.
-template <class Vectors>
-[[gnu::always_inline]] inline void TakeExponential(const typename Vectors::Doubles& square,
-                                                   typename Vectors::Doubles& exponential) {
-  using Doubles = typename Vectors::Doubles;
-  using Bits = typename Vectors::DoubleBits;
-  // In two parts, the first of few digits, so that its multiples are exact.
-  constexpr double high_part = 0x1.62e42feep-1;
-  constexpr double low_part = 0x1.a39ef35793c76p-33;
-  constexpr double whole = 0x1.8p52;  // to which only whole numbers can be added
-  const Doubles s = square > 110.0 ? Doubles{} + 110.0 : square;
-  const Doubles shifted = s * std::numbers::log2e + whole;
-  const Doubles halvings = shifted - whole;
-  const Doubles r = (halvings * high_part - s) + halvings * low_part;
-  Doubles sum = r * (1.0 / 3628800) + 1.0 / 362880;
-  sum = sum * r + 1.0 / 40320;
-  sum = sum * r + 1.0 / 5040;
-  sum = sum * r + 1.0 / 720;
-  sum = sum * r + 1.0 / 120;
-  sum = sum * r + 1.0 / 24;
-  sum = sum * r + 1.0 / 6;
-  sum = sum * r + 0.5;
-  sum = sum * r + 1.0;
-  sum = sum * r + 1.0;
-  Bits bits;
-  std::memcpy(&bits, &shifted, sizeof bits);
-  bits = (std::int64_t{1023} << 52) - (bits << 52);
-  Doubles power;
-  std::memcpy(&power, &bits, sizeof power);
-  exponential = sum * power;
-}
+// All below is compiled into its callers, down to those that say for which processor they are built: a call
+// between code for two of them takes longer than what it would do.
 
 /// A half at the points of a block that lies within it. False where the rounding of an exponential isn't
 /// certain.
@@ -126,7 +77,6 @@ template <class Vectors>
                                              float* values) {
   using Points = SeveralPoints<Vectors>;
   using Doubles = typename Vectors::Doubles;
-  constexpr double uncertainty = 1E-12;
   typename Vectors::DoubleBits uncertain{};
   for (std::size_t i = 0; i < BlockSize; i += Vectors::Lanes) {
     Doubles dx;
@@ -137,8 +87,8 @@ template <class Vectors>
     Points::Round(z);
     Doubles g;
     TakeExponential<Vectors>(z * z, g);
-    Doubles above = g + g * uncertainty;
-    g -= g * uncertainty;
+    Doubles above = g + g * ExponentialError;
+    g -= g * ExponentialError;
     Points::Round(above);
     Points::Round(g);
     uncertain |= g != above;
