@@ -115,6 +115,12 @@ class Workbench::Windows final : public MainServices,
     return window->ShowProfile(slot);
   }
 
+  void PutByBackground() override {
+    if (const auto window = std::dynamic_pointer_cast<Form12>(context_.Desk.Find("Form12"))) {
+      window->PutByBackground();
+    }
+  }
+
   bool OpenFitWindow(int slot) override {
     const auto window = context_.Desk.Load<Form19>(context_);
     window->Show();

@@ -122,6 +122,7 @@ void Form19::TakeBackground(Form& picker, int slot, bool polynomial_before) {
     Fit().FitPolyBackground = polynomial_before;
     return;
   }
+  context_.Manipulation.PutByBackground();
   TakeMeasuredBackground(data, data.Buffer(slot));
   picker.Unload();
   CollectFitBackground(data, Buffer().PermNpts, Range());

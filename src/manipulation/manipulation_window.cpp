@@ -58,7 +58,6 @@ std::function<void()> Form12::OnItsProfile(Command command) {
     ClosePicker();  // the result that it waits for may be another one after the command
     TakeUp();
     command();
-    state_.Background = context_.Data.BackgroundY;
   };
 }
 
@@ -229,10 +228,16 @@ void Form12::TakeUp() {
   }
 }
 
-/// A fit may have taken another background meanwhile.
+void Form12::PutByBackground() {
+  if (state_.BackgroundMode && !state_.PutBy) {
+    state_.PutBy = context_.Data.BackgroundY;
+  }
+}
+
 void Form12::PutBackBackground() {
-  if (state_.BackgroundMode) {
-    context_.Data.BackgroundY = state_.Background;
+  if (state_.PutBy) {
+    context_.Data.BackgroundY = *state_.PutBy;
+    state_.PutBy.reset();
   }
 }
 

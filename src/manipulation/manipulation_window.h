@@ -38,6 +38,9 @@ class Form12 final : public Form {
   /// Draws the temporary copy of the slot and fills the boxes; false when there is no range of X to draw.
   bool ShowProfile(int slot);
 
+  /// Another window is about to use the table of the background.
+  void PutByBackground();
+
   [[nodiscard]] bool MayClose() const override { return cmdMain.Enabled; }
 
  private:
@@ -162,8 +165,8 @@ class Form12 final : public Form {
     float ZoomTop = 0;
     float ZoomBottom = 0;
     bool BackgroundMode = false;
-    PointTable Background;  ///< as the last command left it
-    int HalfWindow = 0;  ///< half the window of the last cycles
+    std::optional<PointTable> PutBy;  ///< the background in hand, while another window uses its table
+    int HalfWindow = 0;               ///< half the window of the last cycles
     Colour ProfileColour = colours::Black;
     Colour BackgroundColour = colours::Black;
     DftFilter Dft;

@@ -95,6 +95,9 @@ class ManipulationServices {
   /// Opens the Profile manipulation window anew and draws the temporary copy of the buffer; false when there
   /// is nothing to draw. The window stays open.
   virtual bool OpenManipulationWindow(int slot) = 0;
+  /// A window that has a background in hand puts it by until its next command: its table is about to be used
+  /// by another one.
+  virtual void PutByBackground() = 0;
 };
 
 /// The fit of peaks.

@@ -127,6 +127,7 @@ class SilentServices : public MainServices,
   void ShowSeveralProfiles() override {}
   void OpenCardWindow() override {}
   bool OpenManipulationWindow(int /*slot*/) override { return false; }
+  void PutByBackground() override {}
   bool OpenFitWindow(int /*slot*/) override { return false; }
 
   WindowContext Context;
