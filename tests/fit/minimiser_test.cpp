@@ -8,6 +8,7 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "fit/fit_parameters.h"
@@ -210,17 +211,22 @@ TEST_F(LmStepTest, TellsASingularMatrixAndGoesOn) {
 }
 
 TEST_F(LmStepTest, NumbersBeyondTheRangeFailTheStep) {
-  const float y = Fit.FitY[7];
   State.ChiSquare = 5;
-  Fit.FitY[7] = 1E30F;
-  EXPECT_TRUE(Step().BeyondRange);
-  EXPECT_EQ(State.Lambda, -1);
-  EXPECT_EQ(State.ChiSquare, 5);
-  EXPECT_EQ(State.AlphaMatrix, SquareTable{});
-  EXPECT_EQ(Fit.FitBestChi, 0);
-  EXPECT_EQ(Fit.FitList[77], 77);
+  const auto refuses_to_open = [&](float& spoilt, float value) {
+    const float good = std::exchange(spoilt, value);
+    EXPECT_TRUE(Step().BeyondRange);
+    spoilt = good;
+    EXPECT_EQ(State.Lambda, -1);
+    EXPECT_EQ(State.ChiSquare, 5);
+    EXPECT_EQ(State.AlphaMatrix, SquareTable{});
+    EXPECT_EQ(Fit.FitBestChi, 0);
+    EXPECT_EQ(Fit.FitList[77], 77);
+  };
+  refuses_to_open(Fit.FitY[7], 1E30F);
+  Refine(Fit, {76});
+  refuses_to_open(Fit.FitX[7], 1E10F);  // the chi square is none the worse, but t^6 is beyond all
+  Refine(Fit, {8, 1, 73, 2, 3, 9});
 
-  Fit.FitY[7] = y;
   ASSERT_FALSE(Step().BeyondRange);
   const Minimiser opened = State;
   const ParameterTable before = Fit.FitParam;
