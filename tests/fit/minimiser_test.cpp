@@ -113,6 +113,23 @@ TEST(LmEquations, EveryWidthGivesTheBitsOfThePlainLoops) {
   }
 }
 
+// Here exp(-x^2) lies so close to the middle between two 32-bit numbers that a short series rounds it
+// wrongly.
+TEST(LmEquations, TheGaussianIsRoundedAsTheLibraryRoundsIt) {
+  PeakFit fit;
+  fit.FitPeakCount = 1;
+  std::fill_n(fit.FitParam.begin() + 2, 5, 1.0F);
+  Refine(fit, {1, 2, 3, 4, 5, 6});
+  for (const float x : {0x1.008fa6p+0F, 0x1.01325ep+0F, 0x1.0214bap+0F, 0x1.0270bp+0F, 0x1.030dbp+0F}) {
+    std::fill_n(fit.FitX.begin() + 1, 16, x);
+    for (const VectorWidth width : VectorWidths()) {
+      Equations fast;
+      LmEquations(fit, 16, fit.FitParam, fast.Matrix, fast.Vector, fast.ChiSquare, width);
+      EXPECT_EQ(fast, SumsOfRoundedProducts(fit, 16)) << x;
+    }
+  }
+}
+
 class LmStepTest : public testing::Test {
  protected:
   LmStepTest() : Fit(SampleFit(2, Points, 0.8F)) {
