@@ -50,8 +50,8 @@ class KeptProfile {
   Points temporary_;
 };
 
-/// What the user is told where a buffer holds another profile by now than the one on show, or none; `command` of
-/// the main menu opens one anew.
+/// What the user is told where a buffer holds another profile by now than the one on show, or none; `command`
+/// of the main menu opens one anew.
 [[nodiscard]] inline Message ProfileGone(const ProfileBuffer& buffer, const std::string& command) {
   return ErrorMessage("Buffer " + buffer.BufLetter +
                       (buffer.PermNpts == 0 ? " holds no profile." : " has been changed in another window.") +
