@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "display/drawn_plot.h"
 #include "display/profile_boxes.h"
@@ -87,6 +88,7 @@ class Form19 final : public Form {
   void ShowParameters();
   void StartFit();
   [[nodiscard]] bool OpenRefinement();
+  [[nodiscard]] std::vector<std::int16_t> RefinedList() const;
   void RunCycles();
   StepFindings Step();
   void ShowProgress(float end);
@@ -144,6 +146,7 @@ class Form19 final : public Form {
     bool SelPeaksMode = false;
     bool PeakLimitReached = false;
     Minimiser Refinement;
+    std::vector<std::int16_t> OpenedList;  ///< what its equations refine; another list opens a new refinement
     std::string StartChi;
     std::array<std::string, CyclesPerRun + 1> CycleChi;
   };

@@ -50,9 +50,14 @@ void Form19::StartFit() {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
     Tell(TooFewPoints());
-  } else if (Fit().FitRunning || OpenRefinement()) {
+  } else if ((Fit().FitRunning && state_.OpenedList == RefinedList()) || OpenRefinement()) {
     RunCycles();
   }
+}
+
+std::vector<std::int16_t> Form19::RefinedList() const {
+  const auto first = Fit().FitList.begin() + 1;
+  return {first, first + Fit().FitListCount};
 }
 
 /// False when the refinement can't start from the parameters as they are, which is told.
@@ -69,6 +74,7 @@ bool Form19::OpenRefinement() {
     MousePointer = Pointer::Arrow;
     return false;
   }
+  state_.OpenedList = RefinedList();
   state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
   return true;
 }
