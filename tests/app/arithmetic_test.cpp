@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/journey.h"
@@ -27,13 +28,12 @@ class ArithmeticTest : public Journey {
   std::vector<std::string> OnOne(const std::string& script) { return Words("click Form6.cmdMod\n" + script); }
   static std::vector<float> Points(const PointTable& table) { return {table.begin() + 1, table.begin() + 4}; }
   std::vector<float> Y(int slot = 1) { return Points(Data().Buffer(slot).WorkY); }
-  /// Which of the two frames are on.
-  std::string Frames() {
-    return std::string(Get("Form8.Frame1.Enabled").get<bool>() ? "one " : "") +
-           (Get("Form8.Frame2.Enabled").get<bool>() ? "two" : "");
-  }
+  /// "+" or "-" for the operations on one profile, and for those on two.
+  std::string Frames() { return Switches("Form8", "Frame1 Frame2"); }
+  static std::string Input(const std::string& number) { return "input \"" + number + "\"\n"; }
 };
 
+const std::string ReadOut = "Form30.Text1.Text Form30.Text2.Text Form30.Text3.Text";
 const std::string KPrompt = ": Give K\r\n(real number)";
 const std::string NegativeY = "Warning, question: Negative Y's generated.\r\ncontinue?";
 const std::string Danger =
@@ -43,7 +43,7 @@ const std::string Underflow =
 
 TEST_F(ArithmeticTest, AnOperationOnOneProfileShowsAtOnceAndIsNotSaved) {
   EXPECT_THAT(OnOne(""), ElementsAre("shown Form8"));
-  EXPECT_EQ(Frames(), "one ");
+  EXPECT_EQ(Frames(), "+-");
   const Json before = Value("picture Form6.Picture1");
   EXPECT_THAT(Words("input \"2\"\nclick Form8.cmdProd\n"), ElementsAre("Y=Y*K" + KPrompt, "unloaded Form8"));
   EXPECT_THAT(Y(), ElementsAre(10, 40, 20));
@@ -54,15 +54,13 @@ TEST_F(ArithmeticTest, AnOperationOnOneProfileShowsAtOnceAndIsNotSaved) {
 
   EXPECT_THAT(OnOne("answer yes\ninput \"-5.5\"\nclick Form8.cmdAdd\n"),
               ElementsAre("Y=Y+K" + KPrompt, NegativeY, "unloaded Form8"));
-  EXPECT_EQ(Data().Buffer(1).WorkYMin, -0.5F);
-  EXPECT_EQ(Data().Buffer(1).WorkYMax, 20);
+  EXPECT_EQ(Values("WorkYMin(a) WorkYMax(a)"), (Json{-0.5, 20}));
   EXPECT_THAT(OnOne("answer yes\ninput \"-10.9\"\nclick Form8.cmdSumX\n"),
               ElementsAre("Y=Y+K" + KPrompt,
                           "Warning, question: Negative X's generated.\r\nThis portion of profile will be "
                           "lost\r\ncontinue?",
                           "unloaded Form8"));
-  EXPECT_EQ(Get("Form6.Text6.Text"), "xmin 0");
-  EXPECT_EQ(Data().Buffer(1).WorkNpts, 2);
+  EXPECT_EQ(Values("Form6.Text6.Text WorkNpts(a)"), (Json{"xmin 0", 2}));
 }
 
 TEST_F(ArithmeticTest, LogarithmAndExponentialTakeTheirOwnTops) {
@@ -80,17 +78,12 @@ TEST_F(ArithmeticTest, WhatIsLeftWithoutPointsIsNotSavedAndASelectionEndsTheArit
   }
   Display("a");
   OnOne("answer yes\ninput \"-100\"\nclick Form8.cmdSumX\n");
-  EXPECT_EQ(Data().Buffer(1).WorkNpts, 0);
-  EXPECT_THAT(Words("click Form6.cmdSave\n"), ElementsAre(HasSubstr("Buffer a holds no points")));
-  EXPECT_EQ(Data().Buffer(1).PermNpts, 3);
+  EXPECT_THAT(After("Form6.cmdSave"), ElementsAre(HasSubstr("Buffer a holds no points")));
+  EXPECT_EQ(Values("WorkNpts(a) PermNpts(a)"), (Json{0, 3}));
 }
 
 TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
-  struct Case {
-    std::string Script;
-    std::vector<std::string> Words;
-  };
-  const std::vector<Case> cases{
+  const std::vector<std::pair<std::string, std::vector<std::string>>> cases{
       {"answer no\ninput \"-1\"\nclick Form8.cmdProd\n", {"Y=Y*K" + KPrompt, NegativeY, "unloaded Form8"}},
       {"answer no\nclick Form8.cmdExpY\n", {Danger, "unloaded Form8", "front Form6"}},
       {"input cancel\nclick Form8.cmdAdd\n", {"Y=Y+K" + KPrompt}},
@@ -98,30 +91,27 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
       {"close Form8\n", {"unloaded Form8", "front Form6"}},
   };
   Display("a");
-  for (const Case& c : cases) {
+  for (const auto& [script, expected] : cases) {
     // With another window in front the opener has to come back.
-    std::vector<std::string> words = OnOne("click Form1.cmdDisp\n" + c.Script);
+    std::vector<std::string> words = OnOne("click Form1.cmdDisp\n" + script);
     std::erase(words, "front Form8");
-    EXPECT_EQ(words, c.Words);
-    EXPECT_THAT(Y(), ElementsAre(5, 20, 10)) << c.Script;
+    EXPECT_EQ(words, expected);
+    EXPECT_THAT(Y(), ElementsAre(5, 20, 10)) << script;
   }
-  for (const char* number : {"much", "1e39", "-"}) {
-    const auto words = OnOne("input \"" + std::string(number) + "\"\nclick Form8.cmdSumX\n");
-    ASSERT_EQ(words.size(), 2U) << "the window stays";
-    EXPECT_THAT(words[1], StartsWith("Error, stop: K is to be a real number")) << number;
+  for (const char* number : {"much", "1e39", "-"}) {  // the window stays
+    EXPECT_THAT(OnOne(Input(number) + "click Form8.cmdSumX\n"),
+                ElementsAre("Y=Y+K" + KPrompt, StartsWith("Error, stop: K is to be a real number")));
   }
-  EXPECT_THAT(OnOne("input \"3e38\"\nclick Form8.cmdProd\n"),
+  EXPECT_THAT(OnOne(Input("3e38") + "click Form8.cmdProd\n"),
               ElementsAre("Y=Y*K" + KPrompt, HasSubstr("beyond 3.4E+38"), "unloaded Form8"));
   auto& y = Data().Buffer(1).WorkY;
-  y[1] = y[2] = 0.0001F;
-  EXPECT_THAT(OnOne("answer yes\nanswer no\nclick Form8.cmdLogY\n"),
-              ElementsAre(Underflow, Underflow, "unloaded Form8"));
-  y[3] = 0;
-  EXPECT_THAT(
-      OnOne("answer yes\nanswer yes\nclick Form8.cmdLogY\n"),
-      ElementsAre(Underflow, Underflow, "Error, exclamation: Negative or null argument for \"ln\" function",
-                  "unloaded Form8"));
-  EXPECT_THAT(Y(), ElementsAre(0.0001F, 0.0001F, 0));
+  y[1] = 0.0001F;
+  y[2] = 0;
+  EXPECT_THAT(OnOne("answer no\nclick Form8.cmdLogY\n"), ElementsAre(Underflow, "unloaded Form8"));
+  EXPECT_THAT(OnOne("answer yes\nclick Form8.cmdLogY\n"),
+              ElementsAre(Underflow, "Error, exclamation: Negative or null argument for \"ln\" function",
+                          "unloaded Form8"));
+  EXPECT_THAT(Y(), ElementsAre(0.0001F, 0, 10));
   Data().Buffer(1).WorkNpts = 0;
   EXPECT_THAT(OnOne("click Form8.cmdLogY\n"), ElementsAre(HasSubstr("no points")));
 }
@@ -129,14 +119,14 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
 TEST_F(ArithmeticTest, OneOfTwoIsChosenAndTheOtherStays) {
   Display("ab");
   Click("Form2.cmdMod");
-  EXPECT_EQ(Frames(), "two");
+  EXPECT_EQ(Frames(), "-+");
   Click("Form8.optY2");
-  EXPECT_EQ(Frames(), "one two");
+  EXPECT_EQ(Frames(), "++");
   EXPECT_EQ(Value("state CurBuf"), 2);
   Play("click Form1.cmdDisp\nclose Form11\n");
   Data().CurBuf = 1;  // another command has been at another buffer meanwhile
-  EXPECT_EQ(Words("input \"4\"\nclick Form8.cmdProd\n"),
-            (std::vector<std::string>{"front Form8", "Y=Y*K" + KPrompt, "unloaded Form8", "front Form2"}));
+  EXPECT_THAT(Words(Input("4") + "click Form8.cmdProd\n"),
+              ElementsAre("front Form8", "Y=Y*K" + KPrompt, "unloaded Form8", "front Form2"));
   EXPECT_THAT(Y(2), ElementsAre(4, 8, 12));
   EXPECT_THAT(Y(1), ElementsAre(5, 20, 10));
   EXPECT_EQ(Value("state MultiOp"), 0);
@@ -175,21 +165,21 @@ TEST_F(ArithmeticTest, TheDifferenceOfTwoInAWindowOfItsOwn) {
   Display("ab");
   Click("Form2.cmdMod");
   Data().CurBuf = 2;
-  EXPECT_THAT(Words("click Form8.Command2\n"), ElementsAre("shown Form30", "unloaded Form8"));
+  EXPECT_THAT(After("Form8.Command2"), ElementsAre("shown Form30", "unloaded Form8"));
   EXPECT_THAT(Points(Data().Sum.SumY), ElementsAre(4, 18, 7));
   EXPECT_EQ(Value("state CurBuf"), 1) << "Y1 is the one at work";
-  // The scale of Y is 71.25 for 18 - 4 counts: the middle of the plot lies at 37.5 / (71.25 / 14).
-  Play("move Form30.Picture1 67.5 52.5\n");
-  EXPECT_EQ(Get("Form30.Text1.Text"), "X-pos = 11");
-  EXPECT_EQ(Get("Form30.Text2.Text"), "d = 8.0369");  // 1.5406 / (2 sin 5.5 deg), Bragg's law
-  EXPECT_EQ(Get("Form30.Text3.Text"), "7.37");
-  EXPECT_THAT(Words("click Form30.cmdCancel\n"), ElementsAre("unloaded Form30"));
+  // The scale of Y is 71.25 for 18 - 4 counts: the middle of the plot lies at 37.5 / (71.25 / 14). By Bragg's
+  // law d is 1.5406 / (2 sin 5.5 deg).
+  Move("Form30", "67.5 52.5");
+  EXPECT_EQ(Values(ReadOut), (Json{"X-pos = 11", "d = 8.0369", "7.37"}));
+  EXPECT_THAT(After("Form30.cmdCancel"), ElementsAre("unloaded Form30"));
   EXPECT_EQ(Value("state SumNpts"), 0);
-  Play("move Form2.Picture1 67.5 52.5\n");  // 71.25 for 20 counts again
+  Move("Form2", "67.5 52.5");  // 71.25 for 20 counts again
   EXPECT_EQ(Get("Form2.Text4.Text").get<std::string>().substr(0, 10), "y = 10.526");
   // From -10 to 7: 71.25 / 17 a count, 0 stands 10 counts above the bottom.
   Data().Buffer(2).WorkY[2] = 30;
-  Play("click Form2.cmdMod\nclick Form8.Command2\nmove Form30.Picture1 67.5 52.5\n");
+  Click("Form2.cmdMod Form8.Command2");
+  Move("Form30", "67.5 52.5");
   EXPECT_EQ(Get("Form30.Text3.Text"), "-1.05");  // 37.5 / (71.25 / 17) - 10
 }
 
@@ -200,13 +190,14 @@ TEST_F(ArithmeticTest, ChannelsAreReadIn2ThetaOnceCalibrated) {
     Data().Buffer(slot).FormatCode = static_cast<std::int16_t>(FormatCodes::CpsChannels);
   }
   Display("ab");
-  Play("click Form2.cmdMod\nclick Form8.Command1\nmove Form30.Picture1 67.5 52.5\n");
-  EXPECT_EQ(Values("Form30.Text1.Text Form30.Text2.Text"), (Json{"X-pos = 11", "d = 0"}));
+  Click("Form2.cmdMod Form8.Command1");
+  // 37.5 / (71.25 / 22): the scale begins at 0
+  Move("Form30", "67.5 52.5");
+  EXPECT_EQ(Values(ReadOut), (Json{"X-pos = 11", "d = 0", "11.58"}));
   Data().Buffer(1).CalPar[1] = 8;
   Data().Buffer(1).CalPar[3] = 0.1;
-  Play("move Form30.Picture1 67.5 52.5\n");
-  EXPECT_EQ(Get("Form30.Text1.Text"), "X-pos = 20.1");  // 8 + 0.1 * 11^2
-  EXPECT_EQ(Get("Form30.Text2.Text"), "d = 4.4141");    // 1.5406 / (2 sin 10.05 deg)
+  Move("Form30", "67.5 52.5");  // 8 + 0.1 * 11^2; 1.5406 / (2 sin 10.05 deg)
+  EXPECT_EQ(Values(ReadOut), (Json{"X-pos = 20.1", "d = 4.4141", "11.58"}));
 }
 
 TEST_F(ArithmeticTest, TheResultIsSavedUnderATitleAndNeverLost) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/command_form.h"
+#include "app/journey.h"
 #include "files/calibration_commands.h"
 #include "forms/fixed_text.h"
 
@@ -18,36 +18,30 @@ using testing::ElementsAre;
 using testing::StartsWith;
 
 /// A profile of three channels in buffer b, with the prompt for its wavelength up.
-class CalibrationTest : public testing::Test {
+class CalibrationTest : public Journey {
  protected:
-  CalibrationTest() {
-    session_.Play(
-        WorkbenchSession::LoadCommands(session_.File("a.xy", "Channels\r\n1 5\r\n2 7\r\n3 5\r\n"), 3, 'b'));
-  }
+  CalibrationTest() { Load('b', "1 5\r\n2 7\r\n3 5\r\n", "0"); }
 
-  ProfileBuffer& Buffer() { return session_.Data().Buffer(2); }
-  std::string Get(const std::string& name) { return session_.Value("get " + name).get<std::string>(); }
+  ProfileBuffer& Buffer() { return Data().Buffer(2); }
   std::vector<double> Coefficients() { return {Buffer().CalPar.begin() + 1, Buffer().CalPar.end()}; }
 
   std::vector<std::string> AcceptPrompt(const std::string& answers = "") {
-    return session_.Words(answers + "set Form6.Combo1 \"1.5406\"\nclick Form6.cmdComboOK\n");
+    return Words(answers + "set Form6.Combo1 \"1.5406\"\nclick Form6.cmdComboOK\n");
   }
   /// The prompt's OK and the preview of a file of these contents.
   std::vector<std::string> Open(const std::string& contents) {
-    session_.File("a.cal", contents);
-    return AcceptPrompt(CommandSession::FileAnswer(path_));
+    return AcceptPrompt(FileAnswer(File("a.cal", contents)));
   }
-  std::vector<std::string> Accept() { return session_.Words("click Form4.cmdOK\n"); }
+  std::vector<std::string> Accept() { return After("Form4.cmdOK"); }
   /// ReadingCal, CalCancelled, whether the preview and the prompt are there.
-  std::vector<int> State() {
-    return {session_.Data().ReadingCal ? 1 : 0, session_.Data().CalCancelled,
-            session_.Value("get Form4")["Loaded"].get<bool>() ? 1 : 0,
-            session_.Value("get Form6.Frame3.Visible").get<bool>() ? 1 : 0};
+  Json State() {
+    return {Data().ReadingCal, Data().CalCancelled, IsLoaded("Form4"), Get("Form6.Frame3.Visible")};
   }
 
-  CommandSession session_;
-  std::string path_ = session_.Folder() + "/a.cal";
+  const std::string path_ = Folder() + "/a.cal";
 };
+
+const Json AllDone{false, 0, false, false};
 
 TEST_F(CalibrationTest, IsSavedUnderItsTitle) {
   const char* const dialog = "save \"\" 2 of All Files (*.*)|*.*| .cal Files (*.cal)|*.cal";
@@ -57,14 +51,14 @@ TEST_F(CalibrationTest, IsSavedUnderItsTitle) {
     const auto save_three = [](const WindowContext& context) {
       SaveCalibration(context, std::vector<float>{-0.5F, 0.03F, 1E-8F});
     };
-    return session_.Run(save_three, CommandSession::FileAnswer(path) + answers);
+    return CommandSession::Run(save_three, FileAnswer(path) + answers);
   };
   const std::string coefficients = "\r\n-0.5\r\n0.03\r\n1E-08\r\n\r\n\r\n\r\n";
   EXPECT_THAT(save(path_, "input \"Silicon, May\"\n"), ElementsAre(dialog, question));
-  EXPECT_EQ(CommandSession::BytesOf(path_), FixedField("Silicon, May", 80) + coefficients);
+  EXPECT_EQ(BytesOf(path_), FixedField("Silicon, May", 80) + coefficients);
   EXPECT_EQ(save(path_, "answer no\n").size(), 2U);
   save(path_, "answer yes\ninput cancel\n");
-  EXPECT_EQ(CommandSession::BytesOf(path_), std::string(80, ' ') + coefficients);
+  EXPECT_EQ(BytesOf(path_), std::string(80, ' ') + coefficients);
   EXPECT_THAT(
       save("/nowhere/a.cal", "input \"\"\n"),
       ElementsAre(dialog, question, StartsWith("Error, stop: The file /nowhere/a.cal can't be written: ")));
@@ -80,44 +74,38 @@ TEST_F(CalibrationTest, IsAskedForByThePromptOfAProfileInChannels) {
                   "If no file is chosen and no conversion occurs then 'd' data (crystal spacings) in the \r\n"
                   "Explorer Window are not displayed.",
                   "open \"*.cal\" 2 of All Files (*.*)|*.*| calib. Files (*.cal)|*.cal", "shown Form4"));
-  EXPECT_THAT(State(), ElementsAre(1, 0, 1, 0));
+  EXPECT_EQ(State(), (Json{true, 0, true, false}));
   EXPECT_EQ(Get("Form6.Text16.Text"), "l = 1.5406");
   EXPECT_THAT(Accept(), ElementsAre("unloaded Form4"));
   EXPECT_THAT(Coefficients(), ElementsAre(-0.5, 0.1, static_cast<double>(0.1F), 0, 0, 0, 0));
-  EXPECT_THAT(State(), ElementsAre(0, 0, 0, 0));
+  EXPECT_EQ(State(), AllDone);
 }
 
 TEST_F(CalibrationTest, IsNotAskedForWhereNoneIsMissing) {
   Buffer().CalPar[1] = -0.5;  // is none
   EXPECT_EQ(AcceptPrompt("file \"\"\n").size(), 2U);
   Buffer().Wavelength = 0;
-  session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
+  Display("b");
   Buffer().CalPar[1] = 0.0001;
   EXPECT_THAT(AcceptPrompt(), ElementsAre());
-  session_.Play(WorkbenchSession::LoadCommands(
-      session_.File("b.xy", "Degrees\r\n1 5\r\n1.96875 7\r\n3 5\r\n"), 3, 'c'));
+  Load('c', "1 5\r\n1.96875 7\r\n3 5\r\n", "0");
   EXPECT_THAT(AcceptPrompt(), ElementsAre());
 }
 
 TEST_F(CalibrationTest, ACancelLeavesThePromptAndNoPeaks) {
-  session_.Play("set Form6.Combo1 \"none\"\nfile \"\"\nclick Form6.cmdComboOK\n");
-  EXPECT_THAT(State(), ElementsAre(0, 0, 0, 0));  // an empty name is no cancel
+  Play("set Form6.Combo1 \"none\"\nfile \"\"\nclick Form6.cmdComboOK\n");
+  EXPECT_EQ(State(), AllDone);  // an empty name is no cancel
   Buffer().NPeaks = 1;
   Buffer().PeakListText = "row\r\n";
-  session_.Play("click Form6.cmdManExpl\n");
+  Click("Form6.cmdManExpl");
   EXPECT_EQ(AcceptPrompt("file cancel\n").size(), 2U);
-  EXPECT_THAT(State(), ElementsAre(0, 0, 0, 1));
-  EXPECT_EQ(Get("Form6.Text16.Text"), "l = 1.5406");
-  EXPECT_EQ(session_.Value("get Form6.Line1.Visible"), false);
-  EXPECT_EQ(Get("Form6.Text17.Text") + Buffer().PeakListText, "");
-  for (const std::string command : {"cmdErsLaIt", "cmdClearPeaks", "cmdSavePeaks"}) {
-    EXPECT_EQ(session_.Value("get Form6." + command + ".Enabled"), false);
-  }
-  EXPECT_EQ(Buffer().NPeaks, 0);
+  EXPECT_EQ(State(), (Json{false, 0, false, true}));
+  EXPECT_EQ(Values("Form6.Text16.Text Form6.Line1.Visible Form6.Text17.Text PeakListText(b) NPeaks(b)"),
+            (Json{"l = 1.5406", false, "", "", 0}));
+  EXPECT_EQ(Switches("Form6", "cmdErsLaIt cmdClearPeaks cmdSavePeaks"), "---");
   EXPECT_EQ(Buffer().Wavelength, 0);
   AcceptPrompt("file \"\"\n");  // the explorer goes on where the prompt is answered
-  EXPECT_EQ(session_.Value("get Form6.Line1.Visible"), true);
-  EXPECT_EQ(session_.Value("get Form6.Picture1.MousePointer"), 2);
+  EXPECT_EQ(Values("Form6.Line1.Visible Form6.Picture1.MousePointer"), (Json{true, 2}));
 }
 
 TEST_F(CalibrationTest, AnIrregularLineKeepsThePreviewForAnotherTry) {
@@ -127,13 +115,13 @@ TEST_F(CalibrationTest, AnIrregularLineKeepsThePreviewForAnotherTry) {
     EXPECT_THAT(Accept(),
                 ElementsAre("Error, stop: Error!!\r\nSomething irregular in reading " + path_ + " file."));
     EXPECT_THAT(Coefficients(), ElementsAre(5, 0, 0, 0, 0, 0, 0));
-    EXPECT_THAT(State(), ElementsAre(0, 0, 1, 0));
+    EXPECT_EQ(State(), (Json{false, 0, true, false}));
   }
-  EXPECT_THAT(session_.Words("click Form4.cmdCancel\n"), ElementsAre("unloaded Form4"));
+  EXPECT_THAT(After("Form4.cmdCancel"), ElementsAre("unloaded Form4"));
 }
 
 TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
-  session_.Play(WorkbenchSession::LoadCommands(session_.Folder() + "/a.xy", 3, 'c'));
+  Load('c', "1 5\r\n2 7\r\n");
   const struct {
     std::string Commands;
     std::vector<std::string> Words;  // the main menu stays where it is
@@ -142,15 +130,15 @@ TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
       {"click Form1.cmdDelBuff\nanswer no\nclick Form17.optC\n", {"unloaded Form4", "unloaded Form17"}},
       {"click Form4.cmdCancel\n", {"unloaded Form4"}},
       {"close Form4\n", {"unloaded Form4"}},
-      {CommandSession::FileAnswer(session_.Folder() + "/a.xy") + "click Form1.cmdInp\nclick Form4.cmdOK\n",
+      {FileAnswer(Folder() + "/b.xy") + "click Form1.cmdInp\nclick Form4.cmdOK\n",
        {"unloaded Form4", "shown Form7"}}};  // of a load instead
   for (const auto& one : cases) {
     Buffer().Wavelength = 0;
-    session_.Play("click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n");
+    Display("b");
     Open("Title\r\n5\r\n");
-    const auto words = session_.Words(one.Commands);
+    const auto words = Words(one.Commands);
     EXPECT_EQ(std::vector(words.begin(), words.begin() + std::ssize(one.Words)), one.Words);
-    EXPECT_THAT(State(), ElementsAre(0, 0, 0, 0));
+    EXPECT_EQ(State(), AllDone);
     EXPECT_EQ(Coefficients(), std::vector<double>(7, 0));
   }
 }

@@ -46,6 +46,17 @@ class Journey : public testing::Test, public CommandSession {
     const std::string contents = std::string("Profile ") + letter + "\r\n" + wavelength + "\r\n" + points;
     Play(LoadCommands(File(std::string(1, letter) + ".xy", contents), 3, letter));
   }
+  /// Loads a profile of one column into buffer a; the header holds first X, step and wavelength.
+  void LoadColumn(const std::string& header, const std::vector<int>& points) {
+    std::string contents = "Profile a\r\n" + header + "\r\n";
+    for (const int y : points) contents += std::to_string(y) + "\r\n";
+    Play(LoadCommands(File("a.txt", contents), 2, 'a'));
+  }
+  /// Loads the card of the examples: ten reflections of corundum, 25.58 to 76.87 degrees with copper.
+  void LoadCard(char letter) {
+    Play("modal click Form33.cmdComboOK\n" +
+         LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, letter));
+  }
   /// Picks buffers ("ab") for display.
   std::vector<std::string> Display(const std::string& letters) {
     std::string names = "Form1.cmdDisp ";
@@ -63,6 +74,17 @@ class Journey : public testing::Test, public CommandSession {
     Play("down" + picture + button + " " + from + "\nmove" + picture + to + "\nup" + picture + button + " " +
          to + "\n");
   }
+  void Move(const std::string& form, const std::string& place) {
+    Play("move " + form + ".Picture1 " + place + "\n");
+  }
+  /// A command of a window that selects a part of its picture, the drag and "OK"; what that leads to.
+  Json Select(const std::string& form, const std::string& command, const std::string& from,
+              const std::string& to) {
+    Click(form + "." + command);
+    Drag(form, from, to);
+    return Click(form + ".optOK");
+  }
+  bool IsLoaded(const std::string& form) { return Desk().Find(form) != nullptr; }
 };
 
 }  // namespace koprax

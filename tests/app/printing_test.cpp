@@ -30,17 +30,15 @@ class Printing : public Journey {
     }
     return curve;
   }
-  Json Print(const std::string& click) {
-    return Events("printer " + Quoted("page.pdf") + "\nclick " + click + "\n");
-  }
-  std::string Quoted(const std::string& name) { return Json(Folder() + "/" + name).dump(); }
+  Json Print(const std::string& click) { return Events(OnPage() + "\nclick " + click + "\n"); }
+  std::string OnPage() { return "printer " + Json(Folder() + "/page.pdf").dump(); }
 };
 
 TEST_F(Printing, TakesThePermanentCopyAndGivesTheTransformBack) {
   Data().Buffer(1).WorkY[2] = 70;  // a change that is not saved is not printed
-  Play("move Form6.Picture1 67.5 50\n");
+  Move("Form6", "67.5 50");
   const Json before = Get("Form6.Text4.Text");
-  const Json events = Events("printer " + Quoted("page.pdf") + " copies 3\nclick Form6.cmdPrint\n");
+  const Json events = Events(OnPage() + " copies 3\nclick Form6.cmdPrint\n");
   ASSERT_EQ(events.size(), 2U);
   EXPECT_EQ(events[0]["kind"], "printer");
   EXPECT_EQ(events[1], (Json{{"event", "printed"}, {"file", Folder() + "/page.pdf"}}));
@@ -52,7 +50,7 @@ TEST_F(Printing, TakesThePermanentCopyAndGivesTheTransformBack) {
                                   {166.25, 94.375, 190, 130, 0}}));
   EXPECT_EQ(Get("Printer")["Orientation"], 2);
   EXPECT_EQ(Get("Printer")["ScaleMode"], 6);
-  Play("move Form6.Picture1 67.5 50\n");
+  Move("Form6", "67.5 50");
   EXPECT_EQ(Values("Form6.Text4.Text Upward"), (Json{before, 1}));
 }
 
@@ -108,58 +106,59 @@ TEST_F(Printing, TellsWhatIsErasedAndPrintsWithoutASpanOfY) {
 }
 
 TEST_F(Printing, ABitmapIsSavedShownAndPrintedInScale) {
-  Play("file " + Quoted("plot.bmp") + "\nclick Form6.Command17\n");
-  EXPECT_EQ(Values("FileName BitmapSource"), (Json{Folder() + "/plot.bmp", 0}));
+  const std::string path = Folder() + "/plot.bmp";
+  Play(FileAnswer(path) + "click Form6.Command17\n");
+  EXPECT_EQ(Values("FileName BitmapSource"), (Json{path, 0}));
   // The image that comes back has 2 x 1 pixels; a pixel is 15 twips.
   EXPECT_EQ(Value("picture Form36.Picture1"),
             (Json{{{"op", "image"}, {"x", 0}, {"y", 0}, {"width", 30}, {"height", 15}}}));
+  const auto print = [&](const std::string& answer) {
+    return Events("input " + answer + "\n" + OnPage() + "\nclick Form36.Command1\n");
+  };
+  const Json asked = print("\"0.5\"")[1];
+  EXPECT_EQ((Json{asked["prompt"], asked["title"], asked["default"]}),
+            (Json{"give a scale factor, 0 < scale factor < 1", "Scale factor", "0.5"}));
   // A landscape page of A4 is 297 mm, 16837.8 twips, wide; half of it.
-  const Json events = Events("input \"0.5\"\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
-  EXPECT_EQ(events[1]["prompt"], "give a scale factor, 0 < scale factor < 1");
-  EXPECT_EQ(events[1]["title"], "Scale factor");
-  EXPECT_EQ(events[1]["default"], "0.5");
-  const Json image = Value("picture Printer")[0];
-  EXPECT_NEAR(image["width"].get<double>(), 297 * 1440 / 25.4 / 2, 0.01);
+  const auto width = [&] { return Value("picture Printer")[0]["width"].get<double>(); };
+  EXPECT_NEAR(width(), 297 * 1440 / 25.4 / 2, 0.01);
+  for (const char* none : {"cancel", "\"\"", "\"0\""}) {
+    print(none);
+    EXPECT_EQ(width(), 0) << none;
+  }
   for (const char* refused : {"2", "-0.1", "half", "1.001"}) {
     EXPECT_THAT(Words("input \"" + std::string(refused) + "\"\nclick Form36.Command1\n").back(),
                 HasSubstr("no scale factor"));
   }
-  for (const char* none : {"input cancel", "input \"\"", "input \"0\""}) {
-    Play(std::string(none) + "\nprinter " + Quoted("b.pdf") + "\nclick Form36.Command1\n");
-    EXPECT_EQ(Value("picture Printer")[0]["width"], 0) << none;
-  }
   Play("input \"1\"\nprinter cancel\nclick Form36.Command1\nclick Form36.Command2\n");
-  EXPECT_EQ(Get("Form36")["Loaded"], false);
+  EXPECT_FALSE(IsLoaded("Form36"));
 }
 
 TEST_F(Printing, EachWindowSavesItsOwnPicture) {
   const auto save = [&](const std::string& form, const std::string& button) {
-    Play("file " + Quoted(form + ".bmp") + "\nclick " + form + "." + button + "\n");
+    const std::string path = Folder() + "/" + form + ".bmp";
+    Play(FileAnswer(path) + "click " + form + "." + button + "\n");
     const auto& picture = dynamic_cast<PictureBox&>(*Desk().Find(form)->Find("Picture1"));
-    EXPECT_EQ(Platform().Pictures[Folder() + "/" + form + ".bmp"], picture.Operations());
+    EXPECT_EQ(Platform().Pictures[path], picture.Operations());
   };
   save("Form6", "Command17");
   Load('b', "10 10\r\n20 40\r\n");
   Display("ab");
   save("Form2", "cmdBitMap");
-  Click("Form2.cmdZoom");
-  Drag("Form2", "40 80", "80 20");
-  Click("Form2.optOK");
+  Select("Form2", "cmdZoom", "40 80", "80 20");
   save("Form15", "Command1");
 }
 
 TEST_F(Printing, ABitmapThatIsGivenUpLeavesTheFileAlone) {
   const std::string path = File("old.bmp", "old");
-  const std::string start = "file " + Json(path).dump() + "\n";
-  EXPECT_THAT(Words(start + "answer no\nclick Form6.Command17\n"),
+  const auto save = [&](const std::string& answers) { return Words(answers + "click Form6.Command17\n"); };
+  EXPECT_THAT(save(FileAnswer(path) + "answer no\n"),
               testing::ElementsAre("save \"\" 2 of All Files (*.*)|*.*| bmp Files (*.bmp)|*.bmp| ",
                                    HasSubstr(": file  " + path + "  already exists!!\r\n\r\nOverwrite ?")));
   EXPECT_EQ(Value("state BitmapSource"), 6);
-  EXPECT_EQ(Events("file cancel\nclick Form6.Command17\n").size(), 1U);
+  EXPECT_EQ(save("file cancel\n").size(), 1U);
   Platform().PictureFailure = "no space left";
-  EXPECT_THAT(Words(start + "answer yes\nclick Form6.Command17\n").back(),
-              HasSubstr("old.bmp:\r\nno space left"));
-  EXPECT_EQ(Get("Form36")["Loaded"], false);
+  EXPECT_THAT(save(FileAnswer(path) + "answer yes\n").back(), HasSubstr("old.bmp:\r\nno space left"));
+  EXPECT_FALSE(IsLoaded("Form36"));
   EXPECT_EQ(BytesOf(path), "old");
 }
 
@@ -170,19 +169,20 @@ TEST_F(Printing, ACancelPrintsNothingAndAFailureIsTold) {
   EXPECT_THAT(WordsOf(Print("Form6.cmdPrint")).back(), HasSubstr("could not be printed: out of paper"));
 }
 
-/// The card of the examples in buffer b: ten reflections, 25.58 to 76.87 degrees with copper.
+/// The card of the examples in buffer b.
 class CardWindow : public Journey {
  protected:
-  CardWindow() {
-    Play("modal click Form33.cmdComboOK\n" +
-         LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'b'));
+  CardWindow() { LoadCard('b'); }
+  Json PrintedPage() {
+    Play("printer \"" + Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
+    return Value("picture Printer");
   }
 };
 
 TEST_F(CardWindow, ReadsTheCardUnderTheMouse) {
   const double xmin = Data().Buffer(2).PermXMin - 5;
   const double xmax = Data().Buffer(2).PermXMax + 5;
-  Play("move Form34.Picture1 62.5 99\n");  // half of the width; above the plot counts as its top
+  Move("Form34", "62.5 99");  // half of the width; above the plot counts as its top
   const auto shown = [&](const char* box) {
     return std::stod(Get(std::string("Form34.") + box + ".Text").get<std::string>().substr(4));
   };
@@ -193,25 +193,21 @@ TEST_F(CardWindow, ReadsTheCardUnderTheMouse) {
 }
 
 TEST_F(CardWindow, PrintsItsPage) {
-  Play("printer \"" + Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
-  const Json page = Value("picture Printer");
+  const Json page = PrintedPage();
   std::vector<std::string> texts;
   for (const Json& operation : page) {
     if (operation["op"] != "text") continue;
     texts.push_back(Json{operation["x"], operation["y"], operation["font"], operation["text"]}.dump());
   }
   EXPECT_EQ(texts.front(), Json({30.0, 25.0, "Helvetica-narrow", Data().Buffer(2).Title}).dump());
-  const char* const heading =
-      "   H   K   L  Int.  d      2theta  "
-      "   H   K   L  Int.  d      2theta  "
-      "   H   K   L  Int.  d      2theta";
-  for (const Json& line :
-       {Json{145.0, 40.0, "courier", "Crystal Data"},  //
-        Json{145.0, 45.0, "courier", "a = 4.75936 alpha = 90 "},
-        Json{145.0, 50.0, "courier", "b = 4.75936 beta  = 90 "}, Json{10.0, 130.0, "courier", heading},
-        Json{145.0, 55.0, "courier", "c = 12.99231 gamma = 120 "},
-        Json{145.0, 60.0, "courier", "SpaceGroup = R-3c"},
-        Json{145.0, 65.0, "courier", "Wave length =1.54184"}}) {
+  const std::string heading = "   H   K   L  Int.  d      2theta";
+  for (const Json& line : {Json{145.0, 40.0, "courier", "Crystal Data"},  //
+                           Json{145.0, 45.0, "courier", "a = 4.75936 alpha = 90 "},
+                           Json{145.0, 50.0, "courier", "b = 4.75936 beta  = 90 "},
+                           Json{10.0, 130.0, "courier", heading + "  " + heading + "  " + heading},
+                           Json{145.0, 55.0, "courier", "c = 12.99231 gamma = 120 "},
+                           Json{145.0, 60.0, "courier", "SpaceGroup = R-3c"},
+                           Json{145.0, 65.0, "courier", "Wave length =1.54184"}}) {
     EXPECT_THAT(texts, testing::Contains(line.dump()));
   }
   // The axes meet at (35, 110); 95 mm for the reflections and 5 degrees around, 71.25 mm for 120.
@@ -236,13 +232,13 @@ TEST_F(CardWindow, PrintsBesideAPlotThatReachesBelowZero) {
   Load('a', "10 -50\r\n80 100\r\n");
   Display("ab");
   const auto read = [&] {
-    Play("move Form2.Picture1 67.5 50\n");
+    Move("Form2", "67.5 50");
     return Get("Form2.Text4.Text");
   };
   const Json before = read();
   Data().CurBuf = 2;
   ASSERT_EQ(Data().Current().NegativeY, 1);
-  Play("printer \"" + Folder() + "/card.pdf\"\nclick Form34.cmdPrint\n");
+  PrintedPage();
   EXPECT_EQ(Data().Current().NegativeY, 1);
   EXPECT_EQ(read(), before);
 }
@@ -257,16 +253,14 @@ TEST_F(CardWindow, LacksWhatTheCardLacksAndTellsWhenTheCardIsGone) {
     Display("b");
   };
   show_anew();
-  Play("move Form34.Picture1 13 20\n");
-  EXPECT_EQ(Get("Form34.Text4.Text"), "x = -2");
-  EXPECT_EQ(Get("Form34.Text12.Text"), "d = 0") << "there is none at or below 0";
-  EXPECT_EQ(Get("Form34.Label3.Caption"), "not given");
+  Move("Form34", "13 20");  // there is no d at or below 0
+  EXPECT_EQ(Values("Form34.Text4.Text Form34.Text12.Text Form34.Label3.Caption"),
+            (Json{"x = -2", "d = 0", "not given"}));
   card.Wavelength = 0;
   show_anew();
-  EXPECT_EQ((Json{Get("Form34.Text7.Text"), Get("Form34.Text3.Text")}), (Json{"", ""}));
-  Play("move Form34.Picture1 50 20\nprinter \"" + Folder() + "/c.pdf\"\nclick Form34.cmdPrint\n");
-  EXPECT_EQ(Get("Form34.Text12.Text"), "d = 0");
-  const std::string page = Value("picture Printer").dump();
+  Move("Form34", "50 20");
+  EXPECT_EQ(Values("Form34.Text7.Text Form34.Text3.Text Form34.Text12.Text"), (Json{"", "", "d = 0"}));
+  const std::string page = PrintedPage().dump();
   EXPECT_THAT(page, HasSubstr("\"a = 4.5 alpha =        \""));
   EXPECT_THAT(page, HasSubstr("\"b =           beta  =        \""));
   EXPECT_THAT(page, testing::Not(HasSubstr("SpaceGroup")));

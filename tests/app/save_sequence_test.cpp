@@ -38,10 +38,12 @@ class SaveSequence : public Journey {
 
   /// Starts to save buffer b under a name; the events of the picker's choice.
   Json Start(const std::string& path, const std::string& answers = "") {
-    return Events(answers + "file " + Json(path).dump() + "\nclick Form1.cmdOut\nclick Form10.optB\n");
+    return Events(answers + FileAnswer(path) + Pick);
   }
   Json ModeOut() { return Value("state ModeOut"); }
-  [[nodiscard]] Json Shown() { return Value("forms"); }
+  Json Shown() { return Value("forms"); }
+
+  const std::string Pick = "click Form1.cmdOut\nclick Form10.optB\n";
 };
 
 TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
@@ -51,11 +53,9 @@ TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
       ElementsAre("save \"\" 1 of All Files (*.*)|*.*| dat Files (*.dat)|*.dat| adf Files (*.adf)|*.adf| "
                   "udf Files (*.udf)|*.udf| uxd Files (*uxd)|*.uxd",
                   "unloaded Form10", "shown Form7"));
-  EXPECT_EQ(Values("CurBuf FileName Form7.Option7.Enabled"), (Json{2, path, false}));
-  EXPECT_EQ(ModeOut(), -1);
+  EXPECT_EQ(Values("CurBuf FileName Form7.Option7.Enabled ModeOut"), (Json{2, path, false, -1}));
   EXPECT_EQ(Click("Form7.Option3"), (Json{UnloadedEvent("Form7")}));  // which leaves the main menu in front
-  EXPECT_EQ(Value("state InputFormat"), 3);
-  EXPECT_EQ(ModeOut(), 0);
+  EXPECT_EQ(Values("InputFormat ModeOut"), (Json{3, 0}));
   EXPECT_EQ(BytesOf(path),
             FixedField("Quartz", TitleWidth) + "\r\n 1.5406 \r\n 1   0\r\n 2   0\r\n 3   0\r\n");
   // The next load is a load.
@@ -63,7 +63,7 @@ TEST_F(SaveSequence, AsksForTheNameThenTheFormatAndWrites) {
   EXPECT_EQ(Value("buffer a")["PermX"], (Json{1.0, 2.0, 3.0}));
   // The main menu comes to the front from behind another window.
   Start(Folder() + "/again.xy");
-  Play("move Form6.Picture1 50 50\n");
+  Move("Form6", "50 50");
   EXPECT_EQ(Click("Form7.Option3").back(), FrontEvent("Form1"));
 }
 
@@ -81,12 +81,11 @@ TEST_F(SaveSequence, AnExistingFileIsOverwrittenOnlyAfterAYes) {
 
 TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
   const std::string path = Folder() + "/never.dat";
-  const std::string pick = "click Form1.cmdOut\nclick Form10.optB\n";
-  const std::string start = "file " + Json(path).dump() + "\n" + pick;
+  const std::string start = FileAnswer(path) + Pick;
   const std::string other_load =
-      "file " + Json(File("x", "1 2\r\n2 3\r\n")).dump() + "\nclick Form1.cmdInp\nclick Form4.cmdCancel\n";
+      FileAnswer(File("x", "1 2\r\n2 3\r\n")) + "click Form1.cmdInp\nclick Form4.cmdCancel\n";
   for (const std::string& given_up :
-       {"click Form1.cmdOut\nclose Form10\n" + std::string(), "file cancel\n" + pick, "file \"\"\n" + pick,
+       {std::string("click Form1.cmdOut\nclose Form10\n"), "file cancel\n" + Pick, "file \"\"\n" + Pick,
         start + "close Form7\n", "click Form1.cmdOut\n" + other_load, start + other_load}) {
     Play(given_up);
     EXPECT_EQ(ModeOut(), 0) << given_up;
@@ -94,58 +93,53 @@ TEST_F(SaveSequence, EndsWhereverItIsGivenUp) {
   }
   // A card is refused before any dialog.
   Fill(FormatCodes::Card, 0, 3);
-  EXPECT_THAT(Words(pick),
+  EXPECT_THAT(Words(Pick),
               ElementsAre("Warning, none: PDS files (*.aid) cannot be saved", "unloaded Form10"));
   EXPECT_EQ(ModeOut(), 0);
   EXPECT_EQ(BytesOf(path), "");
 }
 
 TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
-  const std::string there = File("there.xy", "1 2\r\n2 3\r\n");
-  const std::string list = "file " + Json(Folder() + "/list.pks").dump() + "\n";
-  const std::string display = "click Form1.cmdDisp\nclick Form11.Check2\nclick Form11.Command1\n";
-  Play(LoadCommands(File("other.xy", "5 6\r\n7 8\r\n"), 3, 'c'));
-  const auto load_to = [&](const std::string& window) {
-    Play("file " + Json(there).dump() + "\nclick Form1.cmdInp\n");
+  const std::string two_points = "1 2\r\n2 3\r\n";
+  const std::string there = File("there.xy", two_points);
+  const std::string list = FileAnswer(Folder() + "/list.pks");
+  Load('c', "5 6\r\n7 8\r\n");
+  const auto start_load = [&](const std::string& window) {
+    Play(FileAnswer(there) + "click Form1.cmdInp\n");
     if (window == "Form7") Click("Form4.cmdOK");
     EXPECT_EQ(Shown()[0], window);
   };
-  const auto start_new = [&] { Start(Folder() + "/new.xy"); };
   const auto ends = [&](const std::string& script, const std::string& window = "Form7") {
     Play(script);
-    EXPECT_EQ(Value("get " + window)["Loaded"], false) << script;
-    EXPECT_EQ(BytesOf(there), "1 2\r\n2 3\r\n");
+    EXPECT_FALSE(IsLoaded(window)) << script;
+    EXPECT_EQ(BytesOf(there), two_points);
+    EXPECT_EQ(ModeOut(), 0);
   };
   for (const char* window : {"Form4", "Form7"}) {  // a save that is started while a load waits
-    load_to(window);
-    ends("click Form1.cmdOut\n", window);
-    Play("close Form10\n");
+    start_load(window);
+    ends("click Form1.cmdOut\nclose Form10\n", window);
   }
-  start_new();
-  ends("click Form1.cmdOut\n");  // a second save
-  Play("close Form10\n");
-  EXPECT_EQ(ModeOut(), 0);
+  Start(Folder() + "/new.xy");
+  ends("click Form1.cmdOut\nclose Form10\n");  // a second save
 
   Data().Buffer(2).NPeaks = 1;
-  Play(display + "click Form6.cmdManExpl\n");
-  start_new();
+  Display("b");
+  Click("Form6.cmdManExpl");
+  Start(Folder() + "/new.xy");
   ends(list + "click Form6.cmdSavePeaks\n");  // else Form7 would write the profile over the list now
   Data().Buffer(2).Wavelength = 0;
-  Play(display);
-  start_new();
-  ends(list + "click Form6.cmdComboOK\n");
-  EXPECT_EQ(ModeOut(), 0);
-  Play("close Form4\n");
-  load_to("Form7");
+  Display("b");
+  Start(Folder() + "/new.xy");
+  ends(list + "click Form6.cmdComboOK\nclose Form4\n");
+  start_load("Form7");
   Play("answer no\nclick Form1.cmdDelBuff\nclick Form17.optC\n");
-  EXPECT_EQ(Get("Form7")["Loaded"], true);  // a load may wait for any buffer
+  EXPECT_TRUE(IsLoaded("Form7"));  // a load may wait for any buffer
   Play("close Form7\n");
 
   for (const std::string pick : {"click Form1.cmdDisp\nclick Form11.Check3\nclick Form11.Command1\n",
                                  "answer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\n"}) {
     Start(there, "answer yes\n");
     ends(pick);  // the buffer is not the one any more whose file may be overwritten
-    EXPECT_EQ(ModeOut(), 0);
   }
 }
 
@@ -153,8 +147,7 @@ TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {
   int code = 0;
   for (const int index : {1, 1, 1, 1, 3, 4, 5}) {
     Fill(static_cast<FormatCodes>(code++), 1, 3);
-    const Json events = Events("file cancel\nclick Form1.cmdOut\nclick Form10.optB\n");
-    EXPECT_EQ(events[0]["filterIndex"], index) << code;
+    EXPECT_EQ(Events("file cancel\n" + Pick)[0]["filterIndex"], index) << code;
   }
 }
 
@@ -208,7 +201,7 @@ TEST_F(SaveSequence, AFormatIsWrittenOrRefusedWithTheReason) {
     EXPECT_EQ(std::filesystem::exists(path), row.Told == written);
     EXPECT_EQ(BytesOf(path).size() > 3, row.Told == written);
     if (row.Stays) {
-      EXPECT_EQ(Value("get " + option + ".Value"), false);
+      EXPECT_EQ(Get(option + ".Value"), false);
       Play((row.From == Code::CpsChannels ? "input \"n\"\n" : "") + std::string("click Form7.Option3\n"));
       EXPECT_THAT(BytesOf(path), HasSubstr("Quartz"));
       EXPECT_EQ(ModeOut(), 0);
@@ -216,30 +209,10 @@ TEST_F(SaveSequence, AFormatIsWrittenOrRefusedWithTheReason) {
   }
 }
 
-TEST_F(SaveSequence, WhatAFailedLoadLeftIsNoProfile) {
-  std::string channels = "4096\r\ndate\r\n1\r\nx\r\n\r\n\r\n\r\n\r\n\r\n";
-  for (int i = 0; i < 512; ++i) channels += "5 5 5 5 5 5 5 5\r\n";
-  std::string broken = channels;
-  broken.replace(broken.find("5 5 5"), 5, "9 1E39");
-  const std::string header = "DataAngleRange,1,2,/\r\nScanStepSize,1,/\r\nRawScan\r\n";
-  const auto load = [&](const std::string& contents, int format) {
-    Try(LoadCommands(File("load", contents), format, 'b'));
-  };
-  load(channels, 4);
-  load(broken, 4);
-  Start(Folder() + "/mixed");
-  EXPECT_EQ(Click("Form7.Option4")[0]["text"], WholeRange);
-  load(header + "1,2,3,/\r\n", 5);
-  load(header + "9,8,1E39,/\r\n", 5);
-  Start(Folder() + "/mixed");
-  Click("Form7.Option5");
-  EXPECT_THAT(BytesOf(Folder() + "/mixed"), testing::EndsWith("RawScan\r\n"));
-}
-
 TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
   Start("/dev/full", "answer yes\n");
   const Json buffer = Value("buffer b");
-  EXPECT_EQ(Words("click Form7.Option3\n").at(1),
+  EXPECT_EQ(After("Form7.Option3").at(1),
             "Error, stop: The file /dev/full can't be written: No space left on device.");
   EXPECT_EQ(Shown(), Json{"Form1"});
   EXPECT_EQ(Value("buffer b"), buffer);

@@ -1,7 +1,9 @@
 // A computed profile as it is drawn, and as it lands in a buffer.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -13,6 +15,8 @@
 
 namespace koprax {
 namespace {
+
+using testing::ElementsAre;
 
 /// Buffers b and e at work in a plot from 10 to 20, with a result that begins at 12.
 class ComputedProfileTest : public testing::Test {
@@ -59,30 +63,24 @@ class ComputedProfileTest : public testing::Test {
   Workspace Data;
 };
 
-void ExpectLine(const LineOperation& line, double x1, double y1, double x2, double y2) {
-  constexpr double few_bits = 3e-5;  // of coordinates up to 120, in 32 bits
-  EXPECT_NEAR(line.X1, x1, few_bits);
-  EXPECT_NEAR(line.Y1, y1, few_bits);
-  EXPECT_NEAR(line.X2, x2, few_bits);
-  EXPECT_NEAR(line.Y2, y2, few_bits);
-  EXPECT_EQ(line.LineColour, colours::Black);
+/// Within a few bits of coordinates up to 120, in 32 bits.
+MATCHER_P4(IsLine, x1, y1, x2, y2, "") {
+  const auto near = [](double drawn, double expected) { return std::abs(drawn - expected) < 3e-5; };
+  return near(arg.X1, x1) && near(arg.Y1, y1) && near(arg.X2, x2) && near(arg.Y2, y2) &&
+         arg.LineColour == colours::Black;
 }
 
 TEST_F(ComputedProfileTest, ASumIsScaledFrom0ADifferenceFromItsLeastValue) {
   // 9.5 units a degree from x = 20; the last point lies beyond the common range.
   Compute({50, 100, 25, 75}, 25, 100);
-  auto curve = Curve(TwoProfileOperation::Sum);
-  ASSERT_EQ(curve.size(), 2U);
-  ExpectLine(curve[0], 39, 15 + 50 * 0.7125, 58, 86.25);
-  ExpectLine(curve[1], 58, 86.25, 77, 15 + 25 * 0.7125);
+  EXPECT_THAT(Curve(TwoProfileOperation::Sum),
+              ElementsAre(IsLine(39, 15 + 50 * 0.7125, 58, 86.25), IsLine(58, 86.25, 77, 15 + 25 * 0.7125)));
   // 71.25 units for 75 counts, from the X axis all the same: 100 counts pass the top.
   EXPECT_EQ(Curve(TwoProfileOperation::Difference).size(), 0U);
   EXPECT_FLOAT_EQ(Data.Plot.ScaleY, 0.95F);
   Compute({-50, 100, 0}, -50, 100);
-  curve = Curve(TwoProfileOperation::Difference);
-  ASSERT_EQ(curve.size(), 2U);
-  ExpectLine(curve[0], 39, 15, 58, 86.25);  // stands on the zero line at 38.75
-  ExpectLine(curve[1], 58, 86.25, 77, 38.75);
+  EXPECT_THAT(Curve(TwoProfileOperation::Difference),  // stands on the zero line at 38.75
+              ElementsAre(IsLine(39, 15, 58, 86.25), IsLine(58, 86.25, 77, 38.75)));
   EXPECT_EQ(Data.Buffer(2).NegativeY, 1);
 }
 

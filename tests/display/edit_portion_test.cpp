@@ -41,9 +41,9 @@ struct Portion {
   }
   std::optional<int> Apply(EditDrawing drawing) {
     Picture.Cls();
+    Lines.clear();
     const auto told = [this](const Message& message) { Told = message.Title; };
     const auto bad_line = ApplyEdit(Data, 1, Range, drawing, Box, Picture, told);
-    Lines.clear();
     for (const DrawingOperation& one : Picture.Operations()) Lines.push_back(std::get<LineOperation>(one));
     return bad_line;
   }

@@ -96,10 +96,10 @@ TEST(MultiProfile, CurvesAndSticksStandInTheFrameOfTheProfiles) {
   Fill(data, 4, {.Curve = {{12, -50}, {18, 20}}, .YMin = -50, .YMax = 20});
   ASSERT_EQ(Take(data), "");
   EXPECT_EQ(SlotsInPlot(data), (std::vector<int>{1, 2, 4}));
-  std::vector<float> colours_taken;
-  for (const ProfileBuffer& buffer : data.Buffers) colours_taken.push_back(buffer.BufColor);
-  colours_taken.erase(colours_taken.begin());  // the place before buffer a
-  EXPECT_EQ(colours_taken, (std::vector<float>{16711935, 16711680, 255, 32768, 16776960, 0}));
+  const std::vector<float> colours_of_buffers{16711935, 16711680, 255, 32768, 16776960, 0};
+  for (int slot = 1; slot <= 6; ++slot) {
+    EXPECT_EQ(data.Buffer(slot).BufColor, colours_of_buffers[static_cast<std::size_t>(slot) - 1]);
+  }
   Surface picture{PlotPicture().Scale};
   DrawMultiProfile(data, picture, Unexpected);
   std::vector<std::string> drawn = Drawn(picture);
@@ -186,7 +186,7 @@ TEST(MultiProfile, WhatMayNotShareAPlotChangesNothing) {
 TEST(MultiProfile, LimitsAreComparedWithStartValuesThatAreNoExtremes) {
   struct Case {
     std::vector<Contents> Buffers;
-    PlotLimits Limits;
+    std::array<float, 4> Limits;
   };
   const Contents high{.Curve = {{10500, 1}, {10600, 2}}, .YMin = 20000, .YMax = 30000};
   const Contents low{.Curve = {{-30, 1}, {-20, 2}}, .YMin = -30000, .YMax = -20000};
@@ -196,10 +196,7 @@ TEST(MultiProfile, LimitsAreComparedWithStartValuesThatAreNoExtremes) {
                         Case{{low, {}}, {-30, 20, -30000, 100}}}) {
     Workspace data;
     ASSERT_EQ(TakeAll(c.Buffers, data), "");
-    EXPECT_EQ(data.PlotXMin, c.Limits.XMin);
-    EXPECT_EQ(data.PlotXMax, c.Limits.XMax);
-    EXPECT_EQ(data.PlotYMin, c.Limits.YMin);
-    EXPECT_EQ(data.PlotYMax, c.Limits.YMax);
+    EXPECT_EQ((std::array{data.PlotXMin, data.PlotXMax, data.PlotYMin, data.PlotYMax}), c.Limits);
   }
 }
 
@@ -236,10 +233,8 @@ TEST(MultiProfile, ASaveKeepsTheNumberOfPointsAndFindsTheLimitsAnew) {
     EXPECT_EQ(buffer.WorkYMax, ymax);
   }
   EXPECT_EQ(buffer.PermNpts, 3);
-  EXPECT_EQ(std::vector(buffer.PermX.begin() + 1, buffer.PermX.begin() + 4),
-            (std::vector<float>{1.5F, 2, 3}));
-  EXPECT_EQ(buffer.PermXMin, 1.25F);
-  EXPECT_EQ(buffer.PermXMax, 2.5F);
+  EXPECT_EQ((std::array{buffer.PermX[1], buffer.PermX[2], buffer.PermX[3]}), (std::array{1.5F, 2.0F, 3.0F}));
+  EXPECT_EQ((std::array{buffer.PermXMin, buffer.PermXMax}), (std::array{1.25F, 2.5F}));
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <iomanip>
 #include <sstream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "display/plot_ticks.h"
@@ -150,20 +149,6 @@ TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
   EXPECT_FALSE(DrawAxes(data, {0, 20, -3, -3}, picture));
 }
 
-TEST(PlotAxes, SetPlotScaleLeavesTheSameTransformAsTheDrawing) {
-  for (const PlotLimits& limits : {PlotLimits{5, 80, 0, 1000}, PlotLimits{-3, 4096, -17, 3}}) {
-    const Plotted drawn(limits);
-    Workspace data;
-    data.CurBuf = 1;
-    SetPlotScale(data, limits);
-    const auto scale = [](const PlotTransform& plot) {
-      return std::tuple(plot.ScaleX, plot.ScaleY, plot.ZeroY, plot.PlotTop);
-    };
-    EXPECT_EQ(scale(data.Plot), scale(drawn.Data.Plot));
-    EXPECT_EQ(data.Buffer(1).NegativeY, drawn.Data.Buffer(1).NegativeY);
-  }
-}
-
 // The steps are strict at their thresholds: the span itself still has the finer step.
 TEST(PlotTicks, StepsChangeJustAboveTheirThresholds) {
   struct Row {
@@ -196,17 +181,16 @@ TEST(PlotTicks, StepsChangeJustAboveTheirThresholds) {
 }
 
 TEST(PlotTicks, LabelsStandFurtherLeftTheLongerTheyAre) {
-  const std::vector<std::pair<double, double>> positive{
-      {0, 6}, {9.9, 6}, {10, 8}, {99, 8}, {100, 9}, {1000, 10}, {1e4, 11}, {1e5, 12}, {1e6, 13}, {1e7, 14}};
-  for (const auto& [y, offset] : positive) {
-    EXPECT_EQ(TickOffsetY(y, false), offset) << y;
-    EXPECT_EQ(TickOffsetY(y, true), offset) << y;
-  }
-  const std::vector<std::pair<double, double>> negative{{-0.9, 6},  {-1, 8},    {-10, 9},   {-100, 10},
-                                                        {-1e3, 11}, {-1e4, 12}, {-1e5, 13}, {-1e6, 14}};
-  for (const auto& [y, offset] : negative) {
-    EXPECT_EQ(TickOffsetY(y, true), offset) << y;
-    EXPECT_EQ(TickOffsetY(y, false), 6) << y;
+  struct Row {
+    double Y, InPositivePlot, InNegativePlot;
+  };
+  for (const auto& [y, positive, negative] :
+       {Row{0, 6, 6}, Row{9.9, 6, 6}, Row{10, 8, 8}, Row{99, 8, 8}, Row{100, 9, 9}, Row{1000, 10, 10},
+        Row{1e4, 11, 11}, Row{1e5, 12, 12}, Row{1e6, 13, 13}, Row{1e7, 14, 14}, Row{-0.9, 6, 6},
+        Row{-1, 6, 8}, Row{-10, 6, 9}, Row{-100, 6, 10}, Row{-1e3, 6, 11}, Row{-1e4, 6, 12}, Row{-1e5, 6, 13},
+        Row{-1e6, 6, 14}}) {
+    EXPECT_EQ(TickOffsetY(y, false), positive) << y;
+    EXPECT_EQ(TickOffsetY(y, true), negative) << y;
   }
 }
 

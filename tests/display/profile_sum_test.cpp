@@ -17,6 +17,10 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
+std::vector<float> ResultOf(const PointTable& table, const Workspace& data) {
+  return {table.begin() + 1, table.begin() + 1 + static_cast<std::ptrdiff_t>(data.Sum.SumNpts)};
+}
+
 enum class Way { OneByOne, WhereEqual, Interpolated };
 
 /// Whether points at x1, x1 + step, ... meet those at x2, x2 + step, ...: by the two points walking.
@@ -135,12 +139,8 @@ TEST(ProfileSum, TheSameBitsInTheSameOrderAsThePlainLoops) {
       ++empty;
       continue;
     }
-    const std::size_t count = expected.X.size();
-    ASSERT_EQ(data.Sum.SumNpts, static_cast<float>(count)) << round;
-    for (std::size_t i = 1; i <= count; ++i) {
-      ASSERT_EQ(data.Sum.SumX[i], expected.X[i - 1]) << round << " point " << i;
-      ASSERT_EQ(data.Sum.SumY[i], expected.Y[i - 1]) << round << " point " << i;
-    }
+    ASSERT_EQ(ResultOf(data.Sum.SumX, data), expected.X) << round;
+    ASSERT_EQ(ResultOf(data.Sum.SumY, data), expected.Y) << round;
     const float highest = *std::ranges::max_element(expected.Y);
     EXPECT_EQ(data.Sum.SumYMin, *std::ranges::min_element(expected.Y));
     EXPECT_EQ(data.Sum.SumYMax, !sum && highest < 20 ? 100 : highest);
@@ -176,11 +176,8 @@ class TwoProfiles : public testing::Test {
     const auto refusal = CombineProfiles(Data, {1, 3}, operation);
     return refusal ? refusal->Title + ": " + refusal->Text : "";
   }
-  [[nodiscard]] std::vector<float> X() const { return Points(Data.Sum.SumX); }
-  [[nodiscard]] std::vector<float> Y() const { return Points(Data.Sum.SumY); }
-  [[nodiscard]] std::vector<float> Points(const PointTable& table) const {
-    return {table.begin() + 1, table.begin() + 1 + static_cast<std::ptrdiff_t>(Data.Sum.SumNpts)};
-  }
+  [[nodiscard]] std::vector<float> X() const { return ResultOf(Data.Sum.SumX, Data); }
+  [[nodiscard]] std::vector<float> Y() const { return ResultOf(Data.Sum.SumY, Data); }
 
   Workspace Data;
   ProfileBuffer& Y1 = Data.Buffer(1);
