@@ -37,7 +37,7 @@ struct HalfPeak {
   double LSquare = L * L;
 };
 
-/// The value of a half at a point, and its derivatives. They are stored as 32-bit floats.
+/// The value of a half at a point, and its derivatives, which the caller rounds to 32 bits.
 template <class Doubles>
 struct HalfPeakTerms {
   Doubles Value;

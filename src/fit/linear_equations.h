@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 
-#include "workspace/vector_width.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -16,8 +15,7 @@ using SquareTable = std::array<ParameterTable, ParameterTableSize>;
 /// on the first `count` rows and columns: the matrix becomes its inverse, the right-hand side the solution.
 /// Each product and each difference is rounded to 32 bits; of equal pivots the last one found is taken. False
 /// when the matrix is singular; both are then left as far as they got.
-[[nodiscard]] bool GaussJordan(SquareTable& matrix, ParameterTable& right_hand_side, int count,
-                               VectorWidth width = WidestVectors());
+[[nodiscard]] bool GaussJordan(SquareTable& matrix, ParameterTable& right_hand_side, int count);
 
 /// Spreads a covariance matrix of the `count` refined parameters, in the order of their list, over the
 /// numbers of all parameters, 1 to `parameter_count`; rows and columns of the others become 0.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 #include "fit/model_chunk.h"
@@ -96,7 +97,6 @@ bool Calculate(PeakFit& fit, int point_count) {
 bool Try(const PeakFit& fit, int point_count, ParameterTable& trial, ParameterTable& step, Minimiser& state,
          VectorWidth width) {
   const int count = fit.FitListCount;
-  if (!AllFinite(step, count)) return false;
   for (std::size_t j = 1; j <= At(count); ++j) trial[At(fit.FitList[j])] += step[j];
   for (std::size_t j = 1; j <= At(count); ++j) {
     if (!std::isfinite(trial[At(fit.FitList[j])])) return false;
@@ -106,7 +106,8 @@ bool Try(const PeakFit& fit, int point_count, ParameterTable& trial, ParameterTa
 }
 
 void Accept(PeakFit& fit, const ParameterTable& trial, const ParameterTable& gradient, Minimiser& state) {
-  state.Lambda = static_cast<float>(state.Lambda * 0.1);
+  // At 0, which some 43 falls would reach, the next step would close the refinement.
+  state.Lambda = std::max(static_cast<float>(state.Lambda * 0.1), std::numeric_limits<float>::denorm_min());
   fit.FitBestChi = state.ChiSquare;
   CopyRows(state.CovarMatrix, fit.FitListCount, state.AlphaMatrix);
   CopyValues(gradient, fit.FitListCount, state.BetaVector);
@@ -167,7 +168,7 @@ StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimise
   TakeTrialSystem(fit.FitListCount, state, step);
   bool in_range = AllFinite(state.CovarMatrix, fit.FitListCount) && AllFinite(step, fit.FitListCount);
   if (in_range || state.Lambda == 0) {
-    findings.SingularMatrix = !GaussJordan(state.CovarMatrix, step, fit.FitListCount, width);
+    findings.SingularMatrix = !GaussJordan(state.CovarMatrix, step, fit.FitListCount);
   }
   if (state.Lambda == 0) {
     CovarianceSort(state.CovarMatrix, fit.FitList, fit.FitListCount, parameter_count);

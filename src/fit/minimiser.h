@@ -24,20 +24,20 @@ struct StepFindings {
   bool SingularMatrix = false;
   /// A number left the range of 32 bits. The step counts as failed: parameters and best chi square are as
   /// before it. An opening that starts from such numbers completes FitList and does nothing else:
-  /// Lambda stays below 0. A closing step that has such a value leaves FitCalc as it was. Lambda stays where
-  /// its tenfold is beyond the range.
+  /// Lambda stays below 0. A closing step whose profile has such a value leaves FitCalc as it was. Lambda
+  /// stays where its tenfold is beyond the range.
   bool BeyondRange = false;
 };
 
 /// One step over the points 1 to `point_count` and the parameters 1 to `parameter_count`. Below 0 Lambda
-/// comes back as 0.001 times 0.1 or 10; above 0 it falls tenfold with a lower chi square, and rises tenfold
-/// without. The closing step changes no parameter and fills FitCalc.
+/// comes back as 0.001 times 0.1 or 10; above 0 it falls tenfold with a lower chi square, never to 0, and
+/// rises tenfold without. The closing step changes no parameter and fills FitCalc.
 [[nodiscard]] StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimiser& state,
                                   VectorWidth width = WidestVectors());
 
 /// The normal equations of the parameters in FitList, and the chi square, at a table of parameters: each
 /// product and each sum is rounded to 32 bits, the points in their order, so that every width gives the same
-/// bits. What is 0 at a point is left out, even beside an infinite derivative, whose own row isn't finite.
+/// bits. A parameter whose derivative is 0 throughout a chunk of points is left out there.
 void LmEquations(const PeakFit& fit, int point_count, const ParameterTable& parameters, SquareTable& matrix,
                  ParameterTable& vector, float& chi_square, VectorWidth width = WidestVectors());
 

@@ -1,8 +1,6 @@
 #include "fit/model_chunk.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "fit/fit_parameters.h"
 #include "fit/half_peak.h"
@@ -22,7 +20,7 @@ std::size_t At(int i) { return static_cast<std::size_t>(i); }
 /// The X of a chunk. The last point fills it up, so that all vectors are whole.
 struct ChunkX {
   ChunkColumn X;
-  std::array<float, Blocks> Lowest;  ///< of each block; not a number where one of its X is none
+  std::array<float, Blocks> Lowest;  ///< of each block
   std::array<float, Blocks> Highest;
 };
 
@@ -32,10 +30,9 @@ void TakeX(const PeakFit& fit, const ModelChunk& chunk, ChunkX& points) {
   }
   for (std::size_t block = 0; block < Blocks; ++block) {
     const float* x = points.X.data() + block * BlockSize;
-    const bool numbers = std::none_of(x, x + BlockSize, [](float value) { return std::isnan(value); });
     const auto [lowest, highest] = std::minmax_element(x, x + BlockSize);
-    points.Lowest[block] = numbers ? *lowest : std::numeric_limits<float>::quiet_NaN();
-    points.Highest[block] = numbers ? *highest : std::numeric_limits<float>::quiet_NaN();
+    points.Lowest[block] = *lowest;
+    points.Highest[block] = *highest;
   }
 }
 
@@ -122,7 +119,6 @@ struct PeakHalves {
   float ReachRight;
 };
 
-/// What isn't a number, and a half without a width, is left to the points.
 [[gnu::always_inline]] inline Place PlaceOf(const PeakHalves& peak, float lowest, float highest) {
   const float from = lowest - peak.Position;
   const float to = highest - peak.Position;
@@ -132,7 +128,7 @@ struct PeakHalves {
   const float farthest = right ? to : -from;
   const float reach = right ? peak.ReachRight : peak.ReachLeft;
   if (reach < nearest) return Place::BeyondReach;
-  if (!(reach > 0 && farthest <= reach)) return Place::AcrossAnEdge;
+  if (farthest > reach) return Place::AcrossAnEdge;
   return right ? Place::Right : Place::Left;
 }
 

@@ -93,14 +93,12 @@ void AddProductsIn(VectorWidth width, const Row* factors, std::size_t points, st
 void ProductSums::TakeSums() {
   const std::size_t residual = row_count_;
   for (std::size_t j = 0; j < residual; ++j) {
-    sums_[j] = {};
     for (std::size_t k = 0; k <= j; ++k) sums_[j][k] = matrix_[rows_[j]][rows_[k]];
   }
-  for (std::size_t j = residual; j < residual + TileRows; ++j) sums_[j] = {};
   for (std::size_t k = 0; k < residual; ++k) sums_[residual][k] = vector_[rows_[k]];
 }
 
-void ProductSums::PutSums() {
+void ProductSums::Finish() {
   const std::size_t residual = row_count_;
   for (std::size_t j = 0; j < residual; ++j) {
     for (std::size_t k = 0; k <= j; ++k) matrix_[rows_[j]][rows_[k]] = sums_[j][k];
@@ -120,10 +118,9 @@ void ProductSums::Add(const ModelChunk& chunk, const ChunkColumn& residuals) {
     ++count;
   }
   if (count != row_count_ || rows != rows_) {
-    PutSums();
+    Finish();
     rows_ = rows;
     row_count_ = count;
-    for (Row& row : factors_) row = {};
     TakeSums();
   }
   static constexpr ChunkColumn zeros;

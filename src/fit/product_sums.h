@@ -22,18 +22,17 @@ class ProductSums {
 
   /// `residuals` has a value for each point of the chunk.
   void Add(const ModelChunk& chunk, const ChunkColumn& residuals);
-  /// Puts the last sums into the matrix and the vector.
-  void Finish() { PutSums(); }
+  /// Puts the sums in hand into the matrix and the vector.
+  void Finish();
 
-  /// Floats of a row: all parameters and the residual in whole registers, with some to spare.
-  static constexpr std::size_t RowSize = 112;
+  /// Floats of a row: all parameters, and the residual for their unused entry 0, in whole registers of 16.
+  static constexpr std::size_t RowSize = (ParameterTableSize + 15) / 16 * 16;
   using Row = std::array<float, RowSize>;
 
  private:
   using RowNumbers = std::array<std::uint8_t, ParameterTableSize>;
 
   void TakeSums();
-  void PutSums();
 
   const PeakFit& fit_;
   VectorWidth width_;
@@ -43,7 +42,8 @@ class ProductSums {
   /// The rows of the matrix that the sums in hand belong to, in rising order.
   RowNumbers rows_{};
   std::size_t row_count_ = 0;
-  /// These rows side by side; behind them, as one more row, the vector.
+  /// These rows side by side; behind them, as one more row, the vector. What registers reach beyond the
+  /// triangle, here and in the factors, is added up too and never read.
   alignas(64) std::array<Row, RowSize> sums_{};
   /// The derivatives point by point, behind them the residual.
   alignas(64) std::array<Row, ChunkSize> factors_{};

@@ -34,9 +34,9 @@ struct SeveralPoints {
 /// How far TakeExponential may be from the true value, in parts of it.
 inline constexpr double ExponentialError = 1E-12;
 
-/// exp(-square) for squares from 0 on; for those above 110 that of 110, which is 0 in 32 bits. The square is
-/// split into halvings and a rest of at most ln(2) / 2, whose series is taken to the tenth power: what is
-/// left out is 2E-13.
+/// exp(-square) for squares from 0 to 700; within the reach of a peak they are 400 at most. Of a square that
+/// is infinite or no number it is no number. The square is split into halvings and a rest of at most
+/// ln(2) / 2, whose series is taken to the tenth power: what is left out is 2E-13.
 template <class Vectors>
 [[gnu::always_inline]] inline void TakeExponential(const typename Vectors::Doubles& square,
                                                    typename Vectors::Doubles& exponential) {
@@ -46,10 +46,9 @@ template <class Vectors>
   constexpr double high_part = 0x1.62e42feep-1;
   constexpr double low_part = 0x1.a39ef35793c76p-33;
   constexpr double whole = 0x1.8p52;  // to which only whole numbers can be added
-  const Doubles s = square > 110.0 ? Doubles{} + 110.0 : square;
-  const Doubles shifted = s * std::numbers::log2e + whole;
+  const Doubles shifted = square * std::numbers::log2e + whole;
   const Doubles halvings = shifted - whole;
-  const Doubles r = (halvings * high_part - s) + halvings * low_part;
+  const Doubles r = (halvings * high_part - square) + halvings * low_part;
   Doubles sum = r * (1.0 / 3628800) + 1.0 / 362880;
   sum = sum * r + 1.0 / 40320;
   sum = sum * r + 1.0 / 5040;

@@ -16,7 +16,6 @@ struct Vectors16 {
   using DoubleBits = std::int64_t __attribute__((vector_size(16)));
   using HalfFloats = float __attribute__((vector_size(8)));
   using Floats = float __attribute__((vector_size(16)));
-  using FloatBits = std::int32_t __attribute__((vector_size(16)));
 };
 
 struct Vectors32 {
@@ -25,7 +24,6 @@ struct Vectors32 {
   using DoubleBits = std::int64_t __attribute__((vector_size(32)));
   using HalfFloats = float __attribute__((vector_size(16)));
   using Floats = float __attribute__((vector_size(32)));
-  using FloatBits = std::int32_t __attribute__((vector_size(32)));
 };
 
 struct Vectors64 {
@@ -34,7 +32,6 @@ struct Vectors64 {
   using DoubleBits = std::int64_t __attribute__((vector_size(64)));
   using HalfFloats = float __attribute__((vector_size(32)));
   using Floats = float __attribute__((vector_size(64)));
-  using FloatBits = std::int32_t __attribute__((vector_size(64)));
 };
 
 /// One number, for what is too short for a vector.

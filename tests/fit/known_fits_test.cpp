@@ -6,8 +6,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "fit/fit_parameters.h"
@@ -37,35 +37,21 @@ double HalfPeak(double distance, double width, double eta) {
   return eta * std::exp2(-square) + (1 - eta) / (1 + square);
 }
 
-/// The diagonal of the inverse, by elimination without exchanges: a positive definite matrix needs none.
-Numbers InverseDiagonal(std::vector<Numbers> a) {
-  Numbers diagonal;
-  for (std::size_t k = 0; k < a.size(); ++k) {
-    const double pivot = std::exchange(a[k][k], 1);
-    for (double& value : a[k]) value /= pivot;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-      if (i == k) continue;
-      const double factor = std::exchange(a[i][k], 0);
-      for (std::size_t j = 0; j < a.size(); ++j) a[i][j] -= factor * a[k][j];
-    }
-  }
-  for (std::size_t k = 0; k < a.size(); ++k) diagonal.push_back(a[k][k]);
-  return diagonal;
-}
-
 class KnownFit : public testing::TestWithParam<Case> {
  protected:
   KnownFit() {
     for (const Peak& peak : Known().Peaks) truth_.insert(truth_.end(), peak.begin(), peak.end());
-    const std::size_t of_peaks = truth_.size();
+    const auto of_peaks = static_cast<std::int16_t>(truth_.size());
     truth_.resize(ConstantTerm);
     truth_.insert(truth_.end(), Known().Background.begin(), Known().Background.end());
     fit_.FitPolyBackground = truth_[ScaleFactor] == 0;
-    for (std::size_t i = 1; i <= FitParameterCount; ++i) {
-      if (i < ConstantTerm ? i < of_peaks : (i < ScaleFactor) == fit_.FitPolyBackground) {
-        fit_.FitList[static_cast<std::size_t>(++fit_.FitListCount)] = static_cast<std::int16_t>(i);
-      }
+    for (std::int16_t i = 1; i < of_peaks; ++i) Refine(i);
+    for (std::int16_t i = ConstantTerm; i <= FitParameterCount; ++i) {
+      if ((i < FitParameterCount) == fit_.FitPolyBackground) Refine(i);
     }
+  }
+  void Refine(std::int16_t parameter) {
+    fit_.FitList[static_cast<std::size_t>(++fit_.FitListCount)] = parameter;
   }
 
   [[nodiscard]] static const Case& Known() { return GetParam(); }
@@ -84,16 +70,6 @@ class KnownFit : public testing::TestWithParam<Case> {
     return y;
   }
 
-  /// A number of counts, by the waiting times between them.
-  int Counts(double mean) {
-    int counts = -1;
-    for (double time = 0; time < mean; ++counts) {
-      random_ = random_ * 6364136223846793005U + 1442695040888963407U;
-      time -= std::log((static_cast<double>(random_ >> 11U) + 0.5) * 0x1p-53);
-    }
-    return counts;
-  }
-
   void MakeProfile() {
     ProfileBuffer& background = data_.Buffer(2);
     profile_.PermNpts = profile_.WorkNpts = background.PermNpts = static_cast<std::int16_t>(Known().Points);
@@ -101,7 +77,7 @@ class KnownFit : public testing::TestWithParam<Case> {
       const auto x = static_cast<float>(Known().From + static_cast<double>(i - 1) * Step);
       const double y = Profile(truth_, x);
       profile_.WorkX[i] = background.PermX[i] = x;
-      profile_.WorkY[i] = static_cast<float>(Known().Noise ? Counts(y) : y);
+      profile_.WorkY[i] = static_cast<float>(Known().Noise ? std::poisson_distribution(y)(random_) : y);
       background.PermY[i] = Background(x);
     }
   }
@@ -124,8 +100,8 @@ class KnownFit : public testing::TestWithParam<Case> {
     }
   }
 
-  /// Five cycles at a time, until chi square falls no more.
-  void Refine() {
+  /// Five cycles at a time, until chi square falls no more; the covariances of the refined parameters.
+  SquareTable Refine() {
     Minimiser state{.Lambda = -1};
     const auto step = [&] {
       const StepFindings found = LmStep(fit_, fit_.FitPointCount, FitParameterCount, state);
@@ -138,58 +114,30 @@ class KnownFit : public testing::TestWithParam<Case> {
     }
     state.Lambda = 0;
     step();
-  }
-
-  /// The derivatives of the profile by the refined parameters, as differences.
-  [[nodiscard]] Numbers Derivatives(double x) const {
-    Numbers derivatives;
-    for (std::size_t j = 1; j <= static_cast<std::size_t>(fit_.FitListCount); ++j) {
-      const auto number = static_cast<std::size_t>(fit_.FitList[j]);
-      const double step = 1e-6 * std::max(1.0, std::abs(truth_[number]));
-      Numbers above = truth_, below = truth_;
-      above[number] += step;
-      below[number] -= step;
-      derivatives.push_back((Profile(above, x) - Profile(below, x)) / (2 * step));
-    }
-    return derivatives;
-  }
-
-  /// What the standard deviations of the refined parameters are at most, from the curvature: points vary by
-  /// the root of their counts, and without noise by one rounding to 32 bits.
-  [[nodiscard]] Numbers Deviations() const {
-    const auto count = static_cast<std::size_t>(fit_.FitListCount);
-    std::vector<Numbers> curvature(count, Numbers(count));
-    double highest = 0;
-    for (std::size_t i = 1; i <= static_cast<std::size_t>(fit_.FitPointCount); ++i) {
-      const Numbers d = Derivatives(fit_.FitX[i]);
-      for (std::size_t j = 0; j < count; ++j) {
-        for (std::size_t k = 0; k < count; ++k) curvature[j][k] += d[j] * d[k];
-      }
-      highest = std::max(highest, Profile(truth_, fit_.FitX[i]));
-    }
-    Numbers deviations = InverseDiagonal(curvature);
-    const double of_point = Known().Noise ? std::sqrt(highest) : highest * 0x1p-24;
-    for (double& value : deviations) value = of_point * std::sqrt(value);
-    return deviations;
+    return state.CovarMatrix;
   }
 
   Workspace data_;
   PeakFit& fit_ = data_.Fit;
   ProfileBuffer& profile_ = data_.Buffer(1);
   Numbers truth_{0};  ///< numbered as the parameters of a fit
-  std::uint64_t random_ = 20;
+  std::mt19937 random_{20};
 };
 
-// By chance one parameter in 16000 would be beyond 4 deviations. Each has its own rounding besides.
+// Points vary by the root of their counts, and without noise by one rounding to 32 bits; the covariances say
+// what that makes of a parameter. By chance one in 16000 would be beyond 4 deviations. Each has its own
+// rounding besides.
 TEST_P(KnownFit, IsFoundFromWhatAUserGives) {
   MakeProfile();
   SetUpFit();
-  Refine();
-  const Numbers deviations = Deviations();
-  for (std::size_t j = 0; j < deviations.size(); ++j) {
-    const auto number = static_cast<std::size_t>(fit_.FitList[j + 1]);
-    EXPECT_NEAR(fit_.FitParam[number], truth_[number], 4 * deviations[j] + std::abs(truth_[number]) * 0x1p-23)
-        << number;
+  const SquareTable covariances = Refine();
+  const float highest = *std::max_element(profile_.WorkY.begin(), profile_.WorkY.end());
+  const double of_point = Known().Noise ? std::sqrt(highest) : highest * 0x1p-24;
+  for (std::size_t j = 1; j <= static_cast<std::size_t>(fit_.FitListCount); ++j) {
+    const auto number = static_cast<std::size_t>(fit_.FitList[j]);
+    const double deviation = of_point * std::sqrt(covariances[number][number]);
+    const double rounding = std::abs(truth_[number]) * 0x1p-23;
+    EXPECT_NEAR(fit_.FitParam[number], truth_[number], 4 * deviation + rounding) << number;
   }
 }
 
