@@ -60,7 +60,13 @@ class Workbench::Windows final : public MainServices,
         SaveChosenProfile(context_);
       };
     } else {
-      actions.Chosen = [this](Form& picker, const std::vector<int>&) { OpenChosenProfile(context_, picker); };
+      actions.Chosen = [this, purpose = PickingPurpose()](Form& picker, const std::vector<int>&) {
+        // Its mode may have ended meanwhile; without one the choice would be that of a load.
+        if (purpose != nullptr && PickingPurpose() == nullptr) {
+          context_.Data.*purpose = true;
+        }
+        OpenChosenProfile(context_, picker);
+      };
     }
     actions.GivenUp = [&data] { data.ModeOut = data.ModeAnal = data.ModeFit = false; };
     context_.Desk.Load<BufferPicker>(context_, pickers::Profile, std::move(actions))->Show();
@@ -128,6 +134,13 @@ class Workbench::Windows final : public MainServices,
   }
 
  private:
+  /// The mode that a profile is picked for; none for a load.
+  [[nodiscard]] bool Workspace::*PickingPurpose() const {
+    const Workspace& data = context_.Data;
+    if (data.ModeAnal) return &Workspace::ModeAnal;
+    return data.ModeFit ? &Workspace::ModeFit : nullptr;
+  }
+
   void CloseByBox(const char* name) {
     if (const auto window = context_.Desk.Find(name)) {
       window->CloseBox();

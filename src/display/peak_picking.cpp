@@ -23,7 +23,7 @@ struct TwoThetaAtX {
   bool FromChannel;
 };
 
-TwoThetaAtX TwoThetaAt(const ProfileBuffer& buffer, float step, float x) {
+TwoThetaAtX TwoThetaAt(const ProfileBuffer& buffer, double step, float x) {
   if (!(step > LargestDegreeStep)) return {.Value = x, .FromChannel = false};
   if (buffer.CalPar[1] == 0) return {.Value = 0, .FromChannel = false};
   return {.Value = TwoThetaOfChannel(buffer.CalPar, x), .FromChannel = true};
@@ -55,7 +55,7 @@ PeakPick ReadOutAt(const ProfileBuffer& buffer, float x) {
   return ReadOutAt(buffer, buffer.PermX[2] - buffer.PermX[1], x);
 }
 
-PeakPick ReadOutAt(const ProfileBuffer& buffer, float step, float x) {
+PeakPick ReadOutAt(const ProfileBuffer& buffer, double step, float x) {
   const TwoThetaAtX two_theta = TwoThetaAt(buffer, step, x);
   const std::string shown = RoundedText(x, 4);
   return {.Theta = two_theta.FromChannel ? GeneralText(two_theta.Value) : shown,

@@ -25,7 +25,7 @@ struct PeakPick {
 /// counts as channels if the permanent copy has a step above 0.98; without calibration d is then 0.
 [[nodiscard]] PeakPick ReadOutAt(const ProfileBuffer& buffer, float x);
 /// The same for a step that tells channels from degrees.
-[[nodiscard]] PeakPick ReadOutAt(const ProfileBuffer& buffer, float step, float x);
+[[nodiscard]] PeakPick ReadOutAt(const ProfileBuffer& buffer, double step, float x);
 
 /// The values at an X as the zoom shows them: X to 3 decimals and all else from there, a 2-theta from a
 /// channel to 4 decimals. `step` is that of the points on show.

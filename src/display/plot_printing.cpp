@@ -92,18 +92,36 @@ void DrawWholeProfile(const Workspace& data, const ProfileBuffer& buffer, Printe
                static_cast<Colour>(buffer.BufColor), printer, [](const CurveSegment&) { return true; });
 }
 
+/// False where the printer doesn't take the document, which is told.
+bool PrintDocument(const WindowContext& context, Printer& printer) {
+  Runtime& host = context.Desk.Host();
+  const auto failure = host.PrintDocument(printer);
+  if (failure) {
+    host.MsgBox(ErrorMessage("The page could not be printed: " + *failure +
+                             ".\r\nCheck the printer, or the place of the file, and print again."));
+  }
+  return !failure;
+}
+
 }  // namespace
 
 void PrintPage(const WindowContext& context, const std::function<void(Printer&)>& draw) {
-  Runtime& host = context.Desk.Host();
   Printer& printer = context.Desk.ThePrinter();
-  if (!host.PrinterDialog(printer)) {
+  if (context.Desk.Host().PrinterDialog(printer)) {
+    draw(printer);
+    (void)PrintDocument(context, printer);
+  }
+}
+
+void PrintCopies(const WindowContext& context, const std::function<void(Printer&)>& draw) {
+  Printer& printer = context.Desk.ThePrinter();
+  if (!context.Desk.Host().PrinterDialog(printer)) {
     return;
   }
   draw(printer);
-  if (const auto failure = host.PrintDocument(printer)) {
-    host.MsgBox(ErrorMessage("The page could not be printed: " + *failure +
-                             ".\r\nCheck the printer, or the place of the file, and print again."));
+  bool printed = true;
+  for (int copy = 1; printed && copy <= printer.Copies; ++copy) {
+    printed = PrintDocument(context, printer);
   }
 }
 

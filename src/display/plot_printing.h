@@ -12,11 +12,14 @@
 
 namespace koprax {
 
-/// Asks for a printer, lets `draw` fill the page and prints it. Nothing happens on cancel; a printer that
+/// Asks for a printer, lets `draw` fill the page and prints it once. Nothing happens on cancel; a printer that
 /// doesn't take the page is told. The page is portrait, in twips, until `draw` sets it up otherwise.
 void PrintPage(const WindowContext& context, const std::function<void(Printer&)>& draw);
 
-/// The same for a plot: a landscape page in millimetres from its top left corner.
+/// The same for as many copies as the user wants, each a document of its own.
+void PrintCopies(const WindowContext& context, const std::function<void(Printer&)>& draw);
+
+/// Prints a plot once: a landscape page in millimetres from its top left corner.
 void PrintPlotPage(const WindowContext& context, const std::function<void(Printer&)>& draw);
 
 /// Draws the frame, its ticks and labels for CurBuf on a page in millimetres, its top left corner at the

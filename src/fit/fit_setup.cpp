@@ -105,7 +105,7 @@ std::optional<float> WidthFromAnswer(const std::string& answer) {
   return static_cast<float>(width);
 }
 
-PlotPoint ListedPeakAt(const ProfileBuffer& buffer, int number) {
+PeakPosition ListedPeakAt(const ProfileBuffer& buffer, int number) {
   const auto i = static_cast<std::size_t>(number);
   return {.X = buffer.InChannels() ? RoundedNumber(buffer.PeakChannel[i], 1)
                                    : RoundedNumber(buffer.PeakTheta[i], 3),

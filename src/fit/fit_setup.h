@@ -6,6 +6,7 @@
 #include <string>
 
 #include "display/curve.h"
+#include "display/peak_markers.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -57,7 +58,7 @@ void AddFitPeak(const StartingPeak& peak, PeakFit& fit);
 /// bits.
 [[nodiscard]] std::optional<float> WidthFromAnswer(const std::string& answer);
 
-/// The number, X and height of the peak `number` of the list of a buffer, rounded as the fit takes them.
-[[nodiscard]] PlotPoint ListedPeakAt(const ProfileBuffer& buffer, int number);
+/// The place of the peak `number` of the list of a buffer, rounded as the fit takes it.
+[[nodiscard]] PeakPosition ListedPeakAt(const ProfileBuffer& buffer, int number);
 
 }  // namespace koprax

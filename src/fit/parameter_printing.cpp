@@ -23,6 +23,12 @@ constexpr std::array<int, 8> PeakColumns{1, 16, 31, 46, 61, 76, 91, 105};
 constexpr std::array<int, 4> CoefficientColumns{1, 21, 41, 61};
 constexpr int ScaleFactorColumn = 2;
 
+/// A number behind a name on the line, as it is printed by itself: with a blank in front unless it is
+/// negative.
+std::string Named(const std::string& name, float number) {
+  return name + (number < 0 ? "" : " ") + GeneralText(number);
+}
+
 /// One line: each text or number at its column.
 template <class Value, std::size_t Count>
 void PrintLine(Printer& printer, const std::array<int, Count>& columns,
@@ -49,12 +55,12 @@ void PrintBackground(Printer& printer, const PeakFit& fit) {
   if (!fit.FitPolyBackground) {
     const std::array columns{ScaleFactorColumn};
     PrintLine(printer, columns, std::array<std::string, 1>{"Scale factor for background"});
-    PrintLine(printer, columns, std::array{" SF = " + GeneralText(fit.FitParam[ScaleFactor])});
+    PrintLine(printer, columns, std::array{Named(" SF = ", fit.FitParam[ScaleFactor])});
     return;
   }
   printer.Print("Calculated background Y=A + BX + CX^2 + DX^3");
   const auto coefficient = [&](const std::string& name, std::size_t number) {
-    return name + " = " + RoundedText(fit.FitParam[number], 5);
+    return Named(name + " = ", RoundDecimals(fit.FitParam[number], 5));
   };
   PrintLine(printer, CoefficientColumns,
             std::array{coefficient("A", ConstantTerm), coefficient("B", LinearTerm),
@@ -64,7 +70,7 @@ void PrintBackground(Printer& printer, const PeakFit& fit) {
 }  // namespace
 
 void PrintParameters(const WindowContext& context) {
-  PrintPage(context, [&](Printer& printer) {
+  PrintCopies(context, [&](Printer& printer) {
     const PeakFit& fit = context.Data.Fit;
     printer.SetOrientation(PageOrientation::Landscape);
     printer.FontSize = LetterSize;

@@ -45,10 +45,8 @@ std::string NameOf(std::size_t parameter) {
 
 }  // namespace
 
-Form20::Form20(const WindowContext& context, std::function<void()> confirmed)
-    : Form(context.Desk, "Form20", "Peak fit parameters"),
-      context_(context),
-      confirmed_(std::move(confirmed)) {
+Form20::Form20(const WindowContext& context, ParameterActions actions)
+    : Form(context.Desk, "Form20", "Peak fit parameters"), context_(context), actions_(std::move(actions)) {
   for (Label* greek : {&Label5, &Label7, &Label11, &Label14}) {
     greek->FontName = SymbolFont;
   }
@@ -143,6 +141,7 @@ void Form20::OnLoad() {
   }
   ShowBackground();
   Text4.Text = std::to_string(fit.FitPeakCount);
+  stored_ = Contents();
 }
 
 void Form20::ShowPeak(int peak) {
@@ -200,7 +199,7 @@ void Form20::Accept() {
   if (Desk().Host().MsgBox({.Text = "Everything OK?", .Title = "Sure?", .Buttons = MessageButtons::YesNo}) ==
       MessageAnswer::Yes) {
     Unload();
-    confirmed_();
+    actions_.Confirmed();
   }
 }
 
@@ -217,6 +216,15 @@ bool Form20::AllWithin32Bits() {
   return true;
 }
 
+std::vector<std::string> Form20::Contents() {
+  std::vector<std::string> contents;
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    const Entry entry = EntryOf(parameter);
+    contents.push_back((entry.Refined->Value == 1 ? "+" : "-") + entry.Value->Text.Get());
+  }
+  return contents;
+}
+
 /// FitList takes the numbers of the ticked boxes, upward.
 void Form20::StoreParameters() {
   PeakFit& fit = context_.Data.Fit;
@@ -230,6 +238,10 @@ void Form20::StoreParameters() {
     }
   }
   Text5.Text = std::to_string(fit.FitListCount);
+  if (std::vector<std::string> contents = Contents(); contents != stored_) {
+    stored_ = std::move(contents);
+    actions_.Changed();
+  }
 }
 
 }  // namespace koprax

@@ -6,16 +6,24 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "forms/form.h"
 #include "workspace/services.h"
 
 namespace koprax {
 
+/// What comes of the parameters.
+struct ParameterActions {
+  /// They have been changed, and the fit goes by them now.
+  std::function<void()> Changed;
+  /// The user has accepted them, and the window has gone.
+  std::function<void()> Confirmed;
+};
+
 class Form20 final : public Form {
  public:
-  /// `confirmed` is called when the user has accepted the parameters and the window has gone.
-  Form20(const WindowContext& context, std::function<void()> confirmed);
+  Form20(const WindowContext& context, ParameterActions actions);
 
  private:
   void OnLoad() override;
@@ -40,9 +48,12 @@ class Form20 final : public Form {
   void Fill(std::size_t parameter, const std::string& text);
   [[nodiscard]] bool AllWithin32Bits();
   void StoreParameters();
+  /// All that stands in the boxes and ticks.
+  [[nodiscard]] std::vector<std::string> Contents();
 
   WindowContext context_;
-  std::function<void()> confirmed_;
+  ParameterActions actions_;
+  std::vector<std::string> stored_;  // the contents that the fit goes by
 
   Label Label1{*this, "Label1", {.Caption = "Position"}};
   Label Label2{*this, "Label2", {.Caption = "Intensity"}};

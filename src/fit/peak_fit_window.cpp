@@ -84,7 +84,7 @@ void Form19::ConnectHandlers() {
 
   cmdShowParam.OnClick = OnItsProfile([this] { ShowParameters(); });
   cmdStartFit.OnClick = OnItsProfile([this] { StartFit(); });
-  cmdSave.OnClick = WithProfile([this] { SavePeaks(); });
+  cmdSave.OnClick = OnItsProfile([this] { SavePeaks(); });
   Command15.OnClick = [this] { ForgetFit(); };
 
   Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };

@@ -8,7 +8,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "display/drawn_plot.h"
 #include "display/profile_boxes.h"
@@ -77,8 +76,8 @@ class Form19 final : public Form {
   void EndPeakSelection();
   void SelectPeak(float x);
   void LoadPeaks();
-  [[nodiscard]] float TakePeak(const PlotPoint& top, float height_before);
-  [[nodiscard]] StartingPeak AskForPeak(const PlotPoint& top, float height_before);
+  [[nodiscard]] float TakePeak(const PeakPosition& top, float height_before);
+  [[nodiscard]] StartingPeak AskForPeak(const PeakPosition& top, float height_before);
   [[nodiscard]] float AskForWidth();
   void EndPeakInput();
   void ShowPeakCount();
@@ -88,11 +87,11 @@ class Form19 final : public Form {
   void ShowParameters();
   void StartFit();
   [[nodiscard]] bool OpenRefinement();
-  [[nodiscard]] std::vector<std::int16_t> RefinedList() const;
   void RunCycles();
   StepFindings Step();
   void ShowProgress(float end);
   void ShowResults();
+  void EndRefinement();
   void StopRefinement();
   void CloseRefinement();
   void SavePeaks();
@@ -146,7 +145,6 @@ class Form19 final : public Form {
     bool SelPeaksMode = false;
     bool PeakLimitReached = false;
     Minimiser Refinement;
-    std::vector<std::int16_t> OpenedList;  ///< what its equations refine; another list opens a new refinement
     std::string StartChi;
     std::array<std::string, CyclesPerRun + 1> CycleChi;
   };

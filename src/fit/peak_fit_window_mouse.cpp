@@ -63,7 +63,7 @@ void Form19::ShowReadOut(float x, float y) {
     PutAcross(Line2, px);
   }
   const ProfileBuffer& buffer = Buffer();
-  const float step = RoundDecimals(buffer.PermX[2] - buffer.PermX[1], 3);
+  const double step = RoundDecimals(static_cast<double>(buffer.PermX[2] - buffer.PermX[1]), 3);
   const PeakPick at_mouse = ReadOutAt(buffer, step, data_x);
   Text10.Text = at_mouse.Channel;
   Text14.Text = at_mouse.Theta;

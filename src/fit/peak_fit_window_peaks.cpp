@@ -37,7 +37,7 @@ void Form19::SelectPeak(float x) {
 void Form19::LoadPeaks() {
   float height = 0;
   for (int i = 1; i <= Buffer().NPeaks && !state_.PeakLimitReached; ++i) {
-    const PlotPoint top = ListedPeakAt(Buffer(), i);
+    const PeakPosition top = ListedPeakAt(Buffer(), i);
     if (state_.RangeLow <= top.X && top.X < state_.RangeHigh) {
       height = TakePeak(top, height);
     }
@@ -46,8 +46,8 @@ void Form19::LoadPeaks() {
 }
 
 /// The height of the peak taken, which the next one of a list gets where its own isn't known.
-float Form19::TakePeak(const PlotPoint& top, float height_before) {
-  DrawMarker(context_.Data.Plot, Origin(), {top.X, top.Y}, MarkerLength, Picture1, colours::Blue);
+float Form19::TakePeak(const PeakPosition& top, float height_before) {
+  DrawMarker(context_.Data.Plot, Origin(), top, MarkerLength, Picture1, colours::Blue);
   const StartingPeak peak = AskForPeak(top, height_before);
   AddFitPeak(peak, Fit());
   if (Fit().FitPeakCount == MaxFitPeaks) {
@@ -57,7 +57,7 @@ float Form19::TakePeak(const PlotPoint& top, float height_before) {
   return peak.Height;
 }
 
-StartingPeak Form19::AskForPeak(const PlotPoint& top, float height_before) {
+StartingPeak Form19::AskForPeak(const PeakPosition& top, float height_before) {
   const PlotTransform& plot = context_.Data.Plot;
   while (true) {
     const float width = AskForWidth();

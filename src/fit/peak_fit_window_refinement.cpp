@@ -21,16 +21,14 @@ Message Singular() { return {.Text = "Singular matrix", .Title = "Warning", .Ico
 
 Message BeyondRange() {
   return ErrorMessage(
-      "The numbers of this step went beyond 3.4E+38, the largest that the fit can hold.\r\nThe parameters "
-      "are "
-      "as they were before it; \"Parameters\" shows them.");
+      "The numbers of this step went beyond 3.4E+38, the largest that the fit can hold.\r\n"
+      "The parameters are as they were before it; \"Parameters\" shows them.");
 }
 
 Message TooFewPoints() {
   return ErrorMessage(
-      "The range holds fewer than two points of the profile, so there is nothing to fit.\r\nReturn to the "
-      "main "
-      "menu, and start the fit again with a wider range.");
+      "The range holds fewer than two points of the profile, so there is nothing to fit.\r\n"
+      "Return to the main menu, and start the fit again with a wider range.");
 }
 
 }  // namespace
@@ -40,9 +38,18 @@ void Form19::ShowParameters() {
     shown->Show();
     return;
   }
-  const auto confirmed =
+  ParameterActions actions;
+  actions.Changed = WhileLoaded(std::function<void()>([this] { EndRefinement(); }));
+  actions.Confirmed =
       WhileLoaded(std::function<void()>([this] { cmdStartFit.Enabled = cmdSave.Enabled = true; }));
-  Desk().Load<Form20>(context_, confirmed)->Show();
+  Desk().Load<Form20>(context_, std::move(actions))->Show();
+}
+
+/// What has been refined no longer fits the parameters: the next run opens a refinement from them.
+void Form19::EndRefinement() {
+  Fit().FitRunning = false;
+  Picture2.Visible = false;
+  Desk().Unload("Form22");
 }
 
 void Form19::StartFit() {
@@ -50,14 +57,9 @@ void Form19::StartFit() {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
     Tell(TooFewPoints());
-  } else if ((Fit().FitRunning && state_.OpenedList == RefinedList()) || OpenRefinement()) {
+  } else if (Fit().FitRunning || OpenRefinement()) {
     RunCycles();
   }
-}
-
-std::vector<std::int16_t> Form19::RefinedList() const {
-  const auto first = Fit().FitList.begin() + 1;
-  return {first, first + Fit().FitListCount};
 }
 
 /// False when the refinement can't start from the parameters as they are, which is told.
@@ -69,12 +71,10 @@ bool Form19::OpenRefinement() {
   state_.Refinement.Lambda = -1;
   Step();
   if (state_.Refinement.Lambda < 0) {
-    Fit().FitRunning = false;
-    Picture2.Visible = Line5.Visible = false;
+    EndRefinement();
     MousePointer = Pointer::Arrow;
     return false;
   }
-  state_.OpenedList = RefinedList();
   state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
   return true;
 }
@@ -125,10 +125,8 @@ void Form19::ShowResults() {
 }
 
 void Form19::StopRefinement() {
-  Fit().FitRunning = false;
+  EndRefinement();
   Fit().FitStopping = true;
-  Desk().Unload("Form22");
-  Picture2.Visible = false;
   cmdStartFit.Click();
 }
 
@@ -144,6 +142,13 @@ void Form19::CloseRefinement() {
   draw(context_.Data.Plot, Fit(), Origin(), Picture1);
 }
 
-void Form19::SavePeaks() { Desk().Load<Form23>(context_)->Show(); }
+/// Only the list of the buffer is needed, whatever becomes of the temporary copy.
+void Form19::SavePeaks() {
+  if (state_.Kept.PermanentMatches(Buffer())) {
+    Desk().Load<Form23>(context_)->Show();
+  } else {
+    Tell(ProfileGone(Buffer(), "Fit"));
+  }
+}
 
 }  // namespace koprax

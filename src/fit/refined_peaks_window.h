@@ -26,7 +26,10 @@ class Form23 final : public Form {
   /// Shows what has become of the lists, or says why nothing has.
   void Finish(ListChange change);
   void ShowLists();
-  [[nodiscard]] ProfileBuffer& Buffer() const { return context_.Data.Buffer(slot_); }
+  /// The buffer of its opening; with none at work that of slot 0.
+  [[nodiscard]] ProfileBuffer& Buffer() const {
+    return context_.Data.Buffer(context_.Data.CurBuf == 0 ? 0 : slot_);
+  }
 
   WindowContext context_;
   int slot_ = 0;  // of the profile that was fitted

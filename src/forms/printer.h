@@ -21,7 +21,7 @@ class Printer final : public Surface {
   void SetScaleMode(PrinterScale mode);
   void SetOrientation(PageOrientation orientation);
 
-  int Copies = 1;  ///< wanted by the user; a document is printed once all the same
+  int Copies = 1;  ///< wanted by the user; a plot is printed once all the same
 
   [[nodiscard]] PrinterScale ScaleMode() const { return mode_; }
   [[nodiscard]] PageOrientation Orientation() const { return orientation_; }

@@ -116,6 +116,7 @@ bool QtRuntime::PrinterDialog(Printer& printer) {
   }
   const QSizeF page = paper_->pageLayout().pageSize().size(QPageSize::Millimeter);
   printer.BeginDocument(page.width(), page.height(), PrintableFonts());
+  printer.Copies = paper_->copyCount();
   return true;
 }
 
@@ -123,7 +124,7 @@ std::optional<std::string> QtRuntime::PrintDocument(Printer& printer) {
   if (!paper_) {
     return "no printer has been chosen";
   }
-  // The page numbers and copies of the dialog are not used: a document is one page, printed once.
+  // The page numbers of the dialog are not used: a document is one page. Copies are made by the command.
   paper_->setCopyCount(1);
   paper_->setPrintRange(QPrinter::AllPages);
   paper_->setPageLayout(PageOf(printer));

@@ -110,7 +110,9 @@ Each may be repeated; the last one used counts. The heights of the peaks are
 counted from this background, so it should be near the true one.
 
 "Quit" leaves the frame and goes on to the selection of the peaks. There is no
-way back. If no background was defined, it is 0 throughout.
+way back. If no background was defined, it is 0 throughout, and the fit has a
+scale factor to refine that has no effect: each cycle tells "Singular matrix".
+Without a background draw a line along the axis instead.
 )TEXT";
 
 constexpr std::string_view DefinePeaks =
@@ -185,7 +187,8 @@ red, their difference in blue and the background in magenta. To go on from
 there open "Parameters", accept them and press "Start fit" again.
 
 "Singular matrix" tells that some parameter has no effect on the profile, such
-as a FWHM or an eta of a peak of no height. Take off its tick. A cycle that
+as a FWHM or an eta of a peak of no height: take off its tick. It comes, too,
+where no background was defined. A cycle that
 leads to numbers too large to compute with is given up, and the parameters of
 before it are kept. A range of fewer than two points cannot be fitted.
 )TEXT";

@@ -104,7 +104,7 @@ std::string ListingOfAllWindows() {
   add("click Form10.optB\n", "Form12");
   session.Play("click Form12.cmdMain\nclick Form1.cmdFit\n");
   add("click Form10.optB\n", "Form19");
-  session.Desk().Load<Form20>(services.Context, [] {});
+  session.Desk().Load<Form20>(services.Context, ParameterActions{});
   add("", "Form20");
   session.Desk().Load<Form22>(services.Context, RefinementActions{});
   add("", "Form22");

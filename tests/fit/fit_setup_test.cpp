@@ -108,7 +108,7 @@ TEST_F(FitSetup, NumbersAreRoundedAsTheyAreTaken) {
   buffer.PeakY[2] = "100.125";
   for (const bool channels : {false, true}) {
     buffer.FormatCode = static_cast<std::int16_t>(channels ? FormatCodes::CpsChannels : FormatCodes::Siemens);
-    const PlotPoint peak = ListedPeakAt(buffer, 2);
+    const PeakPosition peak = ListedPeakAt(buffer, 2);
     EXPECT_EQ(peak.X, channels ? 1024.2F : 28.443F);
     EXPECT_EQ(peak.Y, 100.12F);
   }

@@ -41,7 +41,10 @@ class Parameters : public Journey {
     std::ranges::copy(std::vector<float>{100.123456F, -2.5F, 0.031F, 0.000004F, 1.2345678F},
                       Fit().FitParam.begin() + ConstantTerm);
     Run([this](const WindowContext& context) {
-      context.Desk.Load<Form20>(context, [this] { ++confirmed_; })->Show();
+      context.Desk
+          .Load<Form20>(context, ParameterActions{.Changed = [this] { ++changed_; },
+                                                  .Confirmed = [this] { ++confirmed_; }})
+          ->Show();
     });
   }
   std::string Text(const std::string& control) { return Get("Form20." + control + ".Text"); }
@@ -62,6 +65,7 @@ class Parameters : public Journey {
     return {Fit().FitList.begin() + 1, Fit().FitList.begin() + 1 + Fit().FitListCount};
   }
 
+  int changed_ = 0;
   int confirmed_ = 0;
 };
 
@@ -115,8 +119,10 @@ TEST_F(Parameters, AreShownAndTakenAsTheirBoxesShowThem) {
   EXPECT_EQ(Fit().FitParam[9], 0);
   EXPECT_EQ(Fit().FitParam[CubicTerm], 0);
   EXPECT_EQ(Fit().FitParam[ScaleFactor], 0) << "the box of the other background is empty";
+  EXPECT_EQ(changed_, 1);
   EXPECT_EQ(confirmed_, 0);
   EXPECT_THAT(Accept("yes"), ElementsAre("Sure?, none: Everything OK?", "unloaded Form20"));
+  EXPECT_EQ(changed_, 1) << "nothing more has been changed";
   EXPECT_EQ(confirmed_, 1);
 }
 
@@ -166,8 +172,9 @@ TEST_F(Parameters, ArePrintedInColumnsThatStayOnThePage) {
   std::ostringstream page;
   for (const int peaks : {12, 1}) {
     Open(peaks, peaks == 12);
-    Play("set Form20.Text1(0) \"99\"\nprinter " + Json(Folder() + "/p.pdf").dump() +
-         "\nclick Form20.Command1\n");
+    const Json events = Events("set Form20.Text1(0) \"99\"\nprinter " + Json(Folder() + "/p.pdf").dump() +
+                               " copies 3\nclick Form20.Command1\n");
+    EXPECT_EQ(events.size(), 1 + 3) << "the dialog, and a page for each copy";
     const Printer& paper = Desk().ThePrinter();
     float y = 0;
     for (const DrawingOperation& operation : paper.Operations()) {
