@@ -189,6 +189,19 @@ TEST_F(ExplorerTest, TheReturnGivesTheWholeTransformBackAndTurnsTheListOn) {
             (std::array{before.ZeroY, before.ScaleX, before.ScaleY}));
 }
 
+TEST_F(ExplorerTest, ChannelsAreReadByTheCalibrationInTheZoom) {
+  Load('b', "0 5\r\n1 7\r\n2 5\r\n30 9\r\n31 5\r\n100 1\r\n", "1.5");
+  Data().Buffer(2).FormatCode = 4;
+  Data().Buffer(2).CalPar = {0, 20, 0.2};
+  Click("Form6.cmdManExpl");
+  Pause();
+  Zoom(10, 15, 90);              // channels 0 to 50
+  Move("Form15", "77.0019 50");  // channel 30.001; 1.5 / (2 sin 13.0001 degrees) = 3.33404
+  EXPECT_EQ(Values("Form15.Text1.Text Form15.Text2.Text"), (Json{"X-pos = 26.0002", "d = 3.334"}));
+  Play("down Form15.Picture1 right 50 50\n");  // what the boxes show is picked
+  EXPECT_EQ(List(), "  1)  30.001   3.334       9  \r\n");
+}
+
 TEST_F(ExplorerTest, WhatActsForTheWindowGoesWithIt) {
   for (const char* commands : {"Form6.cmdZoom Form6.cmdExiManExp", "Form6.cmdExiManExp",
                                "Form1.cmdDisp Form11.Check1 Form11.Command1"}) {

@@ -183,8 +183,8 @@ TEST_F(CardWindow, ReadsTheCardUnderTheMouse) {
   const double xmin = Data().Buffer(2).PermXMin - 5;
   const double xmax = Data().Buffer(2).PermXMax + 5;
   Move("Form34", "62.5 99");  // half of the width; above the plot counts as its top
-  const auto shown = [&](const char* box) {
-    return std::stod(Get(std::string("Form34.") + box + ".Text").get<std::string>().substr(4));
+  const auto shown = [&](const std::string& box) {
+    return std::stod(Get("Form34." + box + ".Text").get<std::string>().substr(4));
   };
   EXPECT_NEAR(shown("Text4"), (xmin + xmax) / 2, 1e-4);  // shown to 4 decimals
   EXPECT_NEAR(shown("Text5"), 120 / 0.95, 0.05);         // to one

@@ -55,9 +55,8 @@ std::string Take(Workspace& data) {
 }
 
 std::string TakeAll(const std::vector<Contents>& buffers, Workspace& data) {
-  for (std::size_t i = 0; i < buffers.size(); ++i) {
-    Fill(data, static_cast<int>(i) + 1, buffers[i]);
-  }
+  int slot = 0;
+  for (const Contents& contents : buffers) Fill(data, ++slot, contents);
   return Take(data);
 }
 

@@ -81,19 +81,14 @@ TEST(PeakPicking, RowsHaveTheirNumbersInColumns) {
     PeakPick Pick;
     std::string Row;
   };
-  for (const Case& one : {
-           Case{
-               FormatCodes::Siemens, 7, {"12.345", "7.1635", "", "1234.5"}, "  7) 12.345    7.1635   1234.5"},
-           Case{FormatCodes::Siemens, 42, {"30", "2.9", "", "1234"}, " 42) 30        2.9      1234  "},
-           Case{FormatCodes::Siemens,
-                100,
-                {"123456.78", "0", "", "123456789.5"},
-                "100)123456.7   0      12345678"},
-           Case{FormatCodes::CpsChannels,
-                1,
-                {"26.2962", "3.3864", "512.5", "7"},
-                "  1)   512.5   3.3864      7  "},
-       }) {
+  constexpr FormatCodes degrees = FormatCodes::Siemens;
+  const std::vector<Case> cases{
+      {degrees, 7, {"12.345", "7.1635", "", "1234.5"}, "  7) 12.345    7.1635   1234.5"},
+      {degrees, 42, {"30", "2.9", "", "1234"}, " 42) 30        2.9      1234  "},
+      {degrees, 100, {"123456.78", "0", "", "123456789.5"}, "100)123456.7   0      12345678"},
+      {FormatCodes::CpsChannels, 1, {"26.2962", "3.3864", "512.5", "7"}, "  1)   512.5   3.3864      7  "},
+  };
+  for (const Case& one : cases) {
     EXPECT_EQ(PickedRow(WithPoints({}, one.Format), one.Number, one.Pick), one.Row + "\r\n");
     EXPECT_EQ(one.Row.size(), 30U);
   }

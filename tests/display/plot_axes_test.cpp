@@ -35,8 +35,6 @@ struct Plotted {
     }
     return drawn;
   }
-  [[nodiscard]] std::vector<LineOperation> Lines() const { return Drawn<LineOperation>(); }
-  [[nodiscard]] std::vector<TextOperation> Texts() const { return Drawn<TextOperation>(); }
   /// The ticks along X, then those along Y, each as "label@place-distance of the label".
   [[nodiscard]] std::string Ticks() const {
     std::ostringstream ticks;
@@ -57,7 +55,7 @@ struct Plotted {
   }
   [[nodiscard]] std::vector<std::string> Labels() const {
     std::vector<std::string> labels;
-    for (const auto& text : Texts()) labels.push_back(text.Text);
+    for (const auto& text : Drawn<TextOperation>()) labels.push_back(text.Text);
     return labels;
   }
 };
@@ -68,7 +66,7 @@ TEST(PlotAxes, TheFrameAndTheAxesComeFirst) {
   EXPECT_EQ(plot.Data.Buffer(1).NegativeY, 0);
   EXPECT_EQ(plot.Data.Plot.ScaleX, static_cast<float>(95.0 / 75.0));
   EXPECT_EQ(plot.Data.Plot.ScaleY, 0.07125F);
-  auto lines = plot.Lines();
+  auto lines = plot.Drawn<LineOperation>();
   ASSERT_EQ(lines.size(), 6U + 8U + 7U);
   lines.resize(6);
   EXPECT_EQ(lines, (std::vector<LineOperation>{{5, 5, 5, 95, 0},
@@ -85,8 +83,8 @@ TEST(PlotAxes, AZeroLineInRedWhereThePlotReachesBelowZero) {
   EXPECT_EQ(plot.Data.Plot.ScaleY, 0.475F);
   EXPECT_FLOAT_EQ(plot.Data.Plot.ZeroY, 38.75F);  // the scale is rounded before it is multiplied
   const float zero = plot.Data.Plot.ZeroY;
-  EXPECT_EQ(plot.Lines()[6], (LineOperation{20, zero, 115, zero, colours::Red}));
-  const TextOperation label = plot.Texts().front();
+  EXPECT_EQ(plot.Drawn<LineOperation>()[6], (LineOperation{20, zero, 115, zero, colours::Red}));
+  const TextOperation label = plot.Drawn<TextOperation>().front();
   EXPECT_EQ(label, (TextOperation{18, zero + 2, "0", colours::Red, std::string(DefaultFont), 8}));
   EXPECT_EQ(plot.Picture.ForeColor, colours::Black);
   // The walk starts at Fix(1.05 * -50 - 20) = -72, so the first tick would be -52, which lies outside.
@@ -135,18 +133,17 @@ TEST(PlotAxes, TicksOfPlotsOneAfterTheOther) {
 }
 
 TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
-  Workspace data;
-  data.CurBuf = 2;
-  Surface picture{PlotPicture().Scale};
-  ASSERT_TRUE(DrawAxes(data, {0, 10, -1, 9}, picture));
-  const PlotTransform before = data.Plot;
-  picture.Cls();
-  EXPECT_FALSE(DrawAxes(data, {0, 20, 0, 0}, picture));
-  EXPECT_EQ(picture.Operations().size(), 4U);
-  EXPECT_EQ(data.Plot.ScaleY, before.ScaleY);
-  EXPECT_EQ(data.Plot.ZeroY, before.ZeroY);
-  EXPECT_EQ(data.Plot.ScaleX, 4.75F);
-  EXPECT_FALSE(DrawAxes(data, {0, 20, -3, -3}, picture));
+  Plotted plot({0, 10, -1, 9});
+  ASSERT_TRUE(plot.Framed);
+  const PlotTransform before = plot.Data.Plot;
+  for (const float y : {-3.0F, 0.0F}) {
+    plot.Draw({0, 20, y, y});
+    EXPECT_FALSE(plot.Framed);
+    EXPECT_EQ(plot.Picture.Operations().size(), 4U);
+    EXPECT_EQ(plot.Data.Plot.ScaleY, before.ScaleY);
+    EXPECT_EQ(plot.Data.Plot.ZeroY, before.ZeroY);
+    EXPECT_EQ(plot.Data.Plot.ScaleX, 4.75F);
+  }
 }
 
 // The steps are strict at their thresholds: the span itself still has the finer step.
