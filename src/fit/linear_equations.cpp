@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numeric>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -12,23 +13,20 @@ namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
-using Flags = std::array<bool, ParameterTableSize>;
-
 struct Pivot {
   std::size_t Row;
   std::size_t Column;
 };
 
-/// The last of the greatest elements outside the rows and columns that have been a pivot's; none where
-/// nothing that is left is a number.
-std::optional<Pivot> FindPivot(const SquareTable& matrix, const Flags& used, std::size_t count) {
+/// The last of the greatest elements in the rows and columns that are left; none where nothing there is a
+/// number.
+std::optional<Pivot> FindPivot(const SquareTable& matrix, const std::vector<std::size_t>& left) {
   std::optional<Pivot> pivot;
   float greatest = 0;
-  for (std::size_t j = 1; j <= count; ++j) {
-    if (used[j]) continue;
-    for (std::size_t k = 1; k <= count; ++k) {
+  for (const std::size_t j : left) {
+    for (const std::size_t k : left) {
       const float size = std::fabs(matrix[j][k]);
-      if (used[k] || !(size >= greatest)) continue;
+      if (!(size >= greatest)) continue;
       greatest = size;
       pivot = {j, k};
     }
@@ -56,14 +54,15 @@ void EliminateColumn(SquareTable& matrix, ParameterTable& right_hand_side, std::
 }  // namespace
 
 bool GaussJordan(SquareTable& matrix, ParameterTable& right_hand_side, int count) {
-  Flags used{};
+  std::vector<std::size_t> left(At(count));
+  std::iota(left.begin(), left.end(), 1);
   std::vector<Pivot> pivots;
-  for (int i = 1; i <= count; ++i) {
-    const auto pivot = FindPivot(matrix, used, At(count));
+  while (!left.empty()) {
+    const auto pivot = FindPivot(matrix, left);
     if (!pivot) return false;
     const auto [row, column] = *pivot;
     pivots.push_back(*pivot);
-    used[column] = true;
+    std::erase(left, column);
     if (row != column) {
       std::swap_ranges(matrix[row].begin() + 1, matrix[row].begin() + 1 + count, matrix[column].begin() + 1);
       std::swap(right_hand_side[row], right_hand_side[column]);

@@ -8,6 +8,7 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -79,24 +80,18 @@ TEST(LmEquations, EveryWidthGivesTheBitsOfThePlainLoops) {
   std::vector<int> mixed = all;
   std::shuffle(mixed.begin(), mixed.end(), std::mt19937(4));
   const std::vector<int> few(mixed.begin(), mixed.begin() + 30);
-  struct Case {
-    int Peaks;
-    int Points;
-    float Width;
-    const std::vector<int>& List;
-    bool Polynomial;
-  };
-  for (const Case& c :
+  using Case = std::tuple<int, int, float, std::vector<int>, bool>;
+  for (const auto& [peaks, points, width, list, polynomial] :
        {Case{12, 1000, 3, all, true}, Case{12, 1000, 0.05F, mixed, false}, Case{12, 1001, 0.2F, few, true},
         Case{1, 1, 1, all, true}, Case{2, 63, 0.01F, mixed, true}, Case{3, 65, 0.0F, all, false},
         Case{12, 190, -1, all, true}, Case{0, 100, 1, all, true}}) {
-    SCOPED_TRACE(testing::Message() << c.Points << " points, FWHM " << c.Width);
-    PeakFit fit = SampleFit(c.Peaks, c.Points, c.Width);
-    fit.FitPolyBackground = c.Polynomial;
+    SCOPED_TRACE(testing::Message() << points << " points, FWHM " << width);
+    PeakFit fit = SampleFit(peaks, points, width);
+    fit.FitPolyBackground = polynomial;
     fit.FitParam[NumberOf(2, PeakParameter::EtaLeft)] = 1;  // a Gaussian alone falls below all 32-bit numbers
-    Refine(fit, c.List);
-    std::swap(fit.FitX[5], fit.FitX[c.Points]);  // the points come in any order
-    ExpectTheBitsOfThePlainLoops(fit, c.Points);
+    Refine(fit, list);
+    std::swap(fit.FitX[5], fit.FitX[points]);  // the points come in any order
+    ExpectTheBitsOfThePlainLoops(fit, points);
   }
 }
 
@@ -104,17 +99,14 @@ TEST(LmEquations, EveryWidthGivesTheBitsOfThePlainLoops) {
 // half ends just at the first or last point of another row.
 TEST(LmEquations, PointsAtTheEdgesOfAHalfBelongToIt) {
   constexpr float seventeen_points = 17 * PointDistance / 10;
-  struct Case {
-    int Position;
-    float Left;
-    float Right;
-  };
-  for (const Case& c : {Case{16, 5, -1}, Case{16, 1, seventeen_points}, Case{33, seventeen_points, 1}}) {
-    SCOPED_TRACE(testing::Message() << c.Position << " " << c.Left << " " << c.Right);
+  using Case = std::tuple<int, float, float>;
+  for (const auto& [position, left, right] :
+       {Case{16, 5, -1}, Case{16, 1, seventeen_points}, Case{33, seventeen_points, 1}}) {
+    SCOPED_TRACE(testing::Message() << position << " " << left << " " << right);
     PeakFit fit = SampleFit(1, 64, 1);
-    fit.FitParam[1] = fit.FitX[c.Position];
-    fit.FitParam[3] = c.Left;
-    fit.FitParam[4] = c.Right;
+    fit.FitParam[1] = fit.FitX[position];
+    fit.FitParam[3] = left;
+    fit.FitParam[4] = right;
     Refine(fit, {1, 2, 3, 4, 5, 6});
     ExpectTheBitsOfThePlainLoops(fit, 64);
   }
@@ -163,6 +155,12 @@ class LmStepTest : public testing::Test {
     State.Lambda = -1;
   }
   StepFindings Step() { return LmStep(Fit, Points, FitParameterCount, State); }
+  void ExpectUnopened() const {
+    EXPECT_EQ(State.Lambda, -1);
+    EXPECT_EQ(State.ChiSquare, 0);
+    EXPECT_EQ(State.AlphaMatrix, SquareTable{});
+    EXPECT_EQ(Fit.FitBestChi, 0);
+  }
   void ExpectFailed(const StepFindings& findings, float lambda) {
     EXPECT_TRUE(findings.BeyondRange);
     EXPECT_EQ(State.Lambda, lambda);
@@ -229,20 +227,28 @@ TEST_F(LmStepTest, NothingToRefineIsAFailureWithAnEqualChiSquare) {
 }
 
 TEST_F(LmStepTest, RefusesListsThatAreNoPermutation) {
-  State.ChiSquare = 5;
   for (const std::vector<int>& list : {std::vector{3, 1, 3}, {0}, {78}, {-4, 2}, std::vector<int>(77, 100)}) {
     Refine(Fit, list);
     EXPECT_TRUE(Step().ImproperPermutation);
-    EXPECT_EQ(State.Lambda, -1);
-    EXPECT_EQ(State.ChiSquare, 5);
+    ExpectUnopened();
   }
+}
+
+TEST_F(LmStepTest, RefusesToOpenBeyondTheRange) {
+  const float y = std::exchange(Fit.FitY[7], 1E30F);
+  EXPECT_TRUE(Step().BeyondRange);
+  ExpectUnopened();
+  EXPECT_EQ(Fit.FitList[77], 77);
+  Fit.FitY[7] = y;
+  Fit.FitX[7] = 1E10F;  // the chi square is none the worse, but t^6 is beyond all
+  Refine(Fit, {CubicTerm});
+  EXPECT_TRUE(Step().BeyondRange);
+  ExpectUnopened();
 }
 
 TEST_F(LmStepTest, TellsASingularMatrixAndGoesOn) {
   Refine(Fit, {1, 13});  // the third peak is none
-  const ParameterTable before = Fit.FitParam;
   EXPECT_TRUE(Step().SingularMatrix);
-  EXPECT_TRUE(State.Lambda == static_cast<float>(OpenedLambda * 0.1) || Fit.FitParam == before);
   EXPECT_LE(State.ChiSquare, State.StartingChiSquare);
 }
 
@@ -253,23 +259,6 @@ TEST_F(LmStepTest, LambdaNeverFallsToZero) {
   Step();
   EXPECT_LT(State.ChiSquare, chi_square);
   EXPECT_GT(State.Lambda, 0) << "the next step would close";
-}
-
-TEST_F(LmStepTest, AnOpeningBeyondTheRangeChangesNothing) {
-  State.ChiSquare = 5;
-  const auto refuses_to_open = [&](float& spoilt, float value) {
-    const float good = std::exchange(spoilt, value);
-    EXPECT_TRUE(Step().BeyondRange);
-    spoilt = good;
-    EXPECT_EQ(State.Lambda, -1);
-    EXPECT_EQ(State.ChiSquare, 5);
-    EXPECT_EQ(State.AlphaMatrix, SquareTable{});
-    EXPECT_EQ(Fit.FitBestChi, 0);
-    EXPECT_EQ(Fit.FitList[77], 77);
-  };
-  refuses_to_open(Fit.FitY[7], 1E30F);
-  Refine(Fit, {CubicTerm});
-  refuses_to_open(Fit.FitX[7], 1E10F);  // the chi square is none the worse, but t^6 is beyond all
 }
 
 TEST_F(LmStepTest, NumbersBeyondTheRangeFailTheStep) {

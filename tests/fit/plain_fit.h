@@ -1,10 +1,8 @@
-// The refinement in plain loops, one number after the other: what the fast one has to equal bit for bit, and
-// what it is measured against.
+// The sums of a refinement in plain loops, one number after the other: what the fast ones have to equal bit
+// for bit, and what they are measured against.
 #pragma once
 
-#include <array>
 #include <cmath>
-#include <utility>
 
 #include "fit/minimiser.h"
 
@@ -85,47 +83,6 @@ KOPRAX_PLAINLY inline void Equations(const PeakFit& fit, int point_count, const 
   }
 }
 
-/// False for a singular matrix.
-KOPRAX_PLAINLY inline bool Solve(SquareTable& m, ParameterTable& b, int n) {
-  std::array<int, 101> used{};
-  std::array<std::pair<int, int>, 101> pivots{};
-  for (int i = 1; i <= n; ++i) {
-    float big = 0;
-    std::pair<int, int> pivot;
-    for (int j = 1; j <= n; ++j) {
-      if (used[j] == 1) continue;
-      for (int k = 1; k <= n; ++k) {
-        if (used[k] != 0 || !(std::fabs(m[j][k]) >= big)) continue;
-        big = std::fabs(m[j][k]);
-        pivot = {j, k};
-      }
-    }
-    const auto [row, column] = pivot;
-    pivots[i] = pivot;
-    used[column] = 1;
-    if (row != column) {
-      for (int k = 1; k <= n; ++k) std::swap(m[row][k], m[column][k]);
-      std::swap(b[row], b[column]);
-    }
-    if (m[column][column] == 0) return false;
-    const float p = 1 / m[column][column];
-    m[column][column] = 1;
-    for (int k = 1; k <= n; ++k) m[column][k] *= p;
-    b[column] *= p;
-    for (int l = 1; l <= n; ++l) {
-      if (l == column) continue;
-      const float f = m[l][column];
-      m[l][column] = 0;
-      for (int k = 1; k <= n; ++k) m[l][k] -= m[column][k] * f;
-      b[l] -= b[column] * f;
-    }
-  }
-  for (int i = n; i >= 1; --i) {
-    for (int k = 1; k <= n; ++k) std::swap(m[k][pivots[i].first], m[k][pivots[i].second]);
-  }
-  return true;
-}
-
 /// One step of a refinement that has been opened.
 KOPRAX_PLAINLY inline void Step(PeakFit& fit, int point_count, Minimiser& state) {
   const int count = fit.FitListCount;
@@ -134,7 +91,7 @@ KOPRAX_PLAINLY inline void Step(PeakFit& fit, int point_count, Minimiser& state)
     state.CovarMatrix[j][j] = static_cast<float>(state.AlphaMatrix[j][j] * (state.Lambda + 1.0));
   }
   ParameterTable step = state.BetaVector;
-  static_cast<void>(Solve(state.CovarMatrix, step, count));
+  static_cast<void>(GaussJordan(state.CovarMatrix, step, count));
   ParameterTable trial = fit.FitParam;
   for (int j = 1; j <= count; ++j) trial[fit.FitList[j]] += step[j];
   Equations(fit, point_count, trial, state.CovarMatrix, step, state.ChiSquare);
