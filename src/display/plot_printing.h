@@ -12,8 +12,8 @@
 
 namespace koprax {
 
-/// Asks for a printer, lets `draw` fill the page and prints it once. Nothing happens on cancel; a printer that
-/// doesn't take the page is told. The page is portrait, in twips, until `draw` sets it up otherwise.
+/// Asks for a printer, lets `draw` fill the page and prints it once. Nothing happens on cancel; a printer
+/// that doesn't take the page is told. The page is portrait, in twips, until `draw` sets it up otherwise.
 void PrintPage(const WindowContext& context, const std::function<void(Printer&)>& draw);
 
 /// The same for as many copies as the user wants, each a document of its own.
