@@ -10,29 +10,18 @@
 namespace koprax {
 
 /// Lanes of 64-bit numbers fill a register, as many of 32 bits half of one.
-struct Vectors16 {
-  static constexpr std::size_t Lanes = 2;
-  using Doubles = double __attribute__((vector_size(16)));
-  using DoubleBits = std::int64_t __attribute__((vector_size(16)));
-  using HalfFloats = float __attribute__((vector_size(8)));
-  using Floats = float __attribute__((vector_size(16)));
+template <std::size_t Bytes>
+struct VectorsOf {
+  static constexpr std::size_t Lanes = Bytes / sizeof(double);
+  // An alias with `using` loses the attribute where the size is a template's.
+  typedef double Doubles __attribute__((vector_size(Bytes)));
+  typedef std::int64_t DoubleBits __attribute__((vector_size(Bytes)));
+  typedef float HalfFloats __attribute__((vector_size(Bytes / 2)));
+  typedef float Floats __attribute__((vector_size(Bytes)));
 };
-
-struct Vectors32 {
-  static constexpr std::size_t Lanes = 4;
-  using Doubles = double __attribute__((vector_size(32)));
-  using DoubleBits = std::int64_t __attribute__((vector_size(32)));
-  using HalfFloats = float __attribute__((vector_size(16)));
-  using Floats = float __attribute__((vector_size(32)));
-};
-
-struct Vectors64 {
-  static constexpr std::size_t Lanes = 8;
-  using Doubles = double __attribute__((vector_size(64)));
-  using DoubleBits = std::int64_t __attribute__((vector_size(64)));
-  using HalfFloats = float __attribute__((vector_size(32)));
-  using Floats = float __attribute__((vector_size(64)));
-};
+using Vectors16 = VectorsOf<16>;
+using Vectors32 = VectorsOf<32>;
+using Vectors64 = VectorsOf<64>;
 
 /// One number, for what is too short for a vector.
 struct Vectors8 {
