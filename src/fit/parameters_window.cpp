@@ -141,7 +141,6 @@ void Form20::OnLoad() {
   }
   ShowBackground();
   Text4.Text = std::to_string(fit.FitPeakCount);
-  stored_ = Contents();
 }
 
 void Form20::ShowPeak(int peak) {
@@ -189,6 +188,7 @@ void Form20::DeletePeak(int peak) {
   }
   --fit.FitPeakCount;
   Text4.Text = std::to_string(fit.FitPeakCount);
+  actions_.Changed();
 }
 
 void Form20::Accept() {
@@ -216,15 +216,6 @@ bool Form20::AllWithin32Bits() {
   return true;
 }
 
-std::vector<std::string> Form20::Contents() {
-  std::vector<std::string> contents;
-  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
-    const Entry entry = EntryOf(parameter);
-    contents.push_back((entry.Refined->Value == 1 ? "+" : "-") + entry.Value->Text.Get());
-  }
-  return contents;
-}
-
 /// FitList takes the numbers of the ticked boxes, upward.
 void Form20::StoreParameters() {
   PeakFit& fit = context_.Data.Fit;
@@ -238,10 +229,7 @@ void Form20::StoreParameters() {
     }
   }
   Text5.Text = std::to_string(fit.FitListCount);
-  if (std::vector<std::string> contents = Contents(); contents != stored_) {
-    stored_ = std::move(contents);
-    actions_.Changed();
-  }
+  actions_.Changed();
 }
 
 }  // namespace koprax

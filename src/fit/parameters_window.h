@@ -6,7 +6,6 @@
 #include <deque>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "forms/form.h"
 #include "workspace/services.h"
@@ -15,7 +14,7 @@ namespace koprax {
 
 /// What comes of the parameters.
 struct ParameterActions {
-  /// They have been changed, and the fit goes by them now.
+  /// The fit goes by other parameters or fewer peaks now: they have been taken, or a peak has been deleted.
   std::function<void()> Changed;
   /// The user has accepted them, and the window has gone.
   std::function<void()> Confirmed;
@@ -48,12 +47,9 @@ class Form20 final : public Form {
   void Fill(std::size_t parameter, const std::string& text);
   [[nodiscard]] bool AllWithin32Bits();
   void StoreParameters();
-  /// All that stands in the boxes and ticks.
-  [[nodiscard]] std::vector<std::string> Contents();
 
   WindowContext context_;
   ParameterActions actions_;
-  std::vector<std::string> stored_;  // the contents that the fit goes by
 
   Label Label1{*this, "Label1", {.Caption = "Position"}};
   Label Label2{*this, "Label2", {.Caption = "Intensity"}};

@@ -117,8 +117,8 @@ void Form19::ForgetFit() {
   Fit().FitPolyBackground = Fit().FitRunning = Fit().FitStopping = false;
   Fit().FitPeakCount = 0;
   context_.Data.ModeFit = false;
-  state_.PeakLimitReached = state_.LoadBkgPending = false;
-  state_.RangeMode = state_.FollowLow = state_.FollowHigh = false;
+  state_.PeakLimitReached = false;
+  state_.FollowLow = state_.FollowHigh = false;
   state_.DrawBkgMode = state_.SelPeaksMode = false;
   state_.ClickCount = 0;
   OfferAnswers(false);
@@ -136,8 +136,12 @@ void Form19::ForgetFit() {
 
 bool Form19::ShowProfile(int slot) {
   Workspace& data = context_.Data;
-  const bool drawn = DrawProfile(data, slot, Picture1, [this](const Message& message) { Tell(message); });
-  state_.Shown.Keep(data, drawn);
+  bool has_height = true;
+  const bool drawn = DrawProfile(data, slot, Picture1, [&](const Message& message) {
+    has_height = false;
+    Tell(message);
+  });
+  state_.Shown.Keep(data, drawn && has_height);
   state_.Kept.Keep(Buffer());
   if (!drawn) {
     return false;
@@ -169,17 +173,21 @@ void Form19::TakeUp() {
 bool Form19::HoldsItsPoints() const { return Buffer().PermNpts > 0 && state_.Kept.Matches(Buffer()); }
 
 bool Form19::HasProfile() {
-  const bool holds = HoldsItsPoints();
-  if (!holds) {
+  if (!HoldsItsPoints()) {
     Tell(ProfileGone(Buffer(), "Fit"));
+    return false;
   }
-  return holds;
+  if (!state_.Shown.Readable()) {
+    Tell(NothingToSelectFrom());
+  }
+  return state_.Shown.Readable();
 }
 
 void Form19::Tell(const Message& message) { Desk().Host().MsgBox(message); }
 
 void Form19::DrawFrame(const XRange& range) {
   Workspace& data = context_.Data;
+  const std::int16_t negative_before = Buffer().NegativeY;
   Picture1.Cls();
   const PlotLimits limits{
       .XMin = range.Low, .XMax = range.High, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
@@ -189,6 +197,9 @@ void Form19::DrawFrame(const XRange& range) {
   state_.Shown.Keep(data, true);
   state_.PictureXMin = range.Low;
   state_.NegativeY = Buffer().NegativeY;
+  if (!HoldsItsPoints()) {  // it is that of another profile by now
+    Buffer().NegativeY = negative_before;
+  }
 }
 
 CurveOrigin Form19::Origin() const {

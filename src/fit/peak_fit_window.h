@@ -67,7 +67,9 @@ class Form19 final : public Form {
   void RestartBackgroundLine();
   void EndBackgroundLine();
   void LoadBackground();
-  void TakeBackground(Form& picker, int slot, bool polynomial_before);
+  void TakeBackground(Form& picker, int slot);
+  void KeepBackground();
+  void RestoreBackground();
   void QuitBackground();
   void ClosePicker();
 
@@ -91,7 +93,7 @@ class Form19 final : public Form {
   StepFindings Step();
   void ShowProgress(float end);
   void ShowResults();
-  void EndRefinement();
+  void LeaveRefinement();
   void StopRefinement();
   void CloseRefinement();
   void SavePeaks();
@@ -114,7 +116,7 @@ class Form19 final : public Form {
   [[nodiscard]] XRange Range() const { return {state_.RangeLow, state_.RangeHigh}; }
   [[nodiscard]] CurveOrigin Origin() const;
 
-  /// The background in use before a line was begun.
+  /// The background in use before a line was begun or a buffer looked for.
   struct FormerBackground {
     bool Polynomial = false;
     std::array<float, 6> Line{};
@@ -127,7 +129,6 @@ class Form19 final : public Form {
     DrawnPlot Shown;             ///< the frame on show
     float PictureXMin = 0;       ///< its left limit
     std::int16_t NegativeY = 0;  ///< whether it reaches below 0
-    bool RangeMode = false;      ///< a range is being selected or has been
     float RangeLow = 0;
     float RangeHigh = 0;
     bool FollowLow = false;  ///< Line1 follows the mouse
@@ -140,7 +141,6 @@ class Form19 final : public Form {
     float LineY1 = 0;
     float LineX2 = 0;
     float LineY2 = 0;
-    bool LoadBkgPending = false;
     std::weak_ptr<Form> Picker;
     bool SelPeaksMode = false;
     bool PeakLimitReached = false;

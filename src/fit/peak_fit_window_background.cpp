@@ -17,8 +17,7 @@ void Form19::StartBackgroundLine() {
   Tell({.Text = "Start by drawing,with the mouse, a stright line \r\nthat approximately represents the "
                 "background within the selected range.",
         .Title = "Instruction"});
-  state_.Former = {.Polynomial = Fit().FitPolyBackground, .Line = Fit().FitLine};
-  state_.LineComplete = false;
+  KeepBackground();
   Fit().FitPolyBackground = true;
   Line3.Visible = true;
   state_.DrawBkgMode = true;
@@ -82,44 +81,45 @@ void Form19::EndBackgroundLine() {
   OfferAnswers(false);
   if (!state_.LineComplete) {
     Line3.Visible = false;
-    Fit().FitPolyBackground = state_.Former.Polynomial;
-    Fit().FitLine = state_.Former.Line;
-    Fit().FitParam[ConstantTerm] = state_.Former.Line[2];
-    Fit().FitParam[LinearTerm] = state_.Former.Line[3];
+    RestoreBackground();
   }
+}
+
+void Form19::KeepBackground() {
+  state_.Former = {.Polynomial = Fit().FitPolyBackground, .Line = Fit().FitLine};
+}
+
+void Form19::RestoreBackground() {
+  Fit().FitPolyBackground = state_.Former.Polynomial;
+  Fit().FitLine = state_.Former.Line;
+  Fit().FitParam[ConstantTerm] = state_.Former.Line[2];
+  Fit().FitParam[LinearTerm] = state_.Former.Line[3];
 }
 
 void Form19::LoadBackground() {
   EndBackgroundLine();
-  const bool polynomial_before = Fit().FitPolyBackground;
+  KeepBackground();
   Fit().FitPolyBackground = false;
-  state_.LoadBkgPending = true;
   PickerActions actions;
   actions.Chosen = WhileLoaded(std::function<void(Form&, const std::vector<int>&)>(
-      [this, polynomial_before](Form& picker, const std::vector<int>& slots) {
-        TakeBackground(picker, slots.front(), polynomial_before);
-      }));
-  actions.GivenUp = WhileLoaded(std::function<void()>([this, polynomial_before] {
-    state_.LoadBkgPending = false;
-    Fit().FitPolyBackground = polynomial_before;
-  }));
+      [this](Form& picker, const std::vector<int>& slots) { TakeBackground(picker, slots.front()); }));
+  actions.GivenUp = WhileLoaded(std::function<void()>([this] { RestoreBackground(); }));
   const auto picker = Desk().Load<BufferPicker>(context_, pickers::FitBackground, std::move(actions));
   state_.Picker = picker;
   picker->Show();
 }
 
-void Form19::TakeBackground(Form& picker, int slot, bool polynomial_before) {
+void Form19::TakeBackground(Form& picker, int slot) {
   Workspace& data = context_.Data;
-  state_.LoadBkgPending = false;
   if (data.Buffer(slot).PermNpts == 0) {
-    Fit().FitPolyBackground = polynomial_before;
+    RestoreBackground();
     Tell(ErrorMessage("Buffer " + data.Buffer(slot).BufLetter +
                       " holds no profile.\r\nChoose the buffer of a background with \"Load bkg\"."));
     return;
   }
   TakeUp();
   if (!HasProfile()) {
-    Fit().FitPolyBackground = polynomial_before;
+    RestoreBackground();
     return;
   }
   context_.Manipulation.PutByBackground();

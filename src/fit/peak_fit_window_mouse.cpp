@@ -97,7 +97,6 @@ void Form19::RefuseSelection() {
     return;
   }
   EndRangeSelection();
-  state_.RangeMode = false;
   Text16.Text = " ";
   Text17.Text = " ";
   SelectRange();
@@ -107,7 +106,6 @@ void Form19::RefuseSelection() {
 
 void Form19::SelectRange() {
   EndRangeSelection();
-  state_.RangeMode = true;
   state_.RangeLow = Buffer().WorkXMin;
   state_.RangeHigh = Buffer().WorkXMax;
   state_.FollowLow = true;

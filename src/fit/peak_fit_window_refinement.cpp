@@ -21,8 +21,9 @@ Message Singular() { return {.Text = "Singular matrix", .Title = "Warning", .Ico
 
 Message BeyondRange() {
   return ErrorMessage(
-      "The numbers of this step went beyond 3.4E+38, the largest that the fit can hold.\r\n"
-      "The parameters are as they were before it; \"Parameters\" shows them.");
+      "Numbers of this step go beyond 3.4E+38, the largest that the fit can hold.\r\n"
+      "The parameters stay as they were before it. If CHI square has long been the same, the fit is at its "
+      "best: press \"Stop \".");
 }
 
 Message TooFewPoints() {
@@ -39,20 +40,14 @@ void Form19::ShowParameters() {
     return;
   }
   ParameterActions actions;
-  actions.Changed = WhileLoaded(std::function<void()>([this] { EndRefinement(); }));
+  actions.Changed = WhileLoaded(std::function<void()>([this] { Fit().FitRunning = false; }));
   actions.Confirmed =
       WhileLoaded(std::function<void()>([this] { cmdStartFit.Enabled = cmdSave.Enabled = true; }));
   Desk().Load<Form20>(context_, std::move(actions))->Show();
 }
 
-/// What has been refined no longer fits the parameters: the next run opens a refinement from them.
-void Form19::EndRefinement() {
-  Fit().FitRunning = false;
-  Picture2.Visible = false;
-  Desk().Unload("Form22");
-}
-
 void Form19::StartFit() {
+  Desk().Unload("Form20");  // which would go on showing the parameters of before
   if (Fit().FitStopping) {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
@@ -71,7 +66,7 @@ bool Form19::OpenRefinement() {
   state_.Refinement.Lambda = -1;
   Step();
   if (state_.Refinement.Lambda < 0) {
-    EndRefinement();
+    LeaveRefinement();
     MousePointer = Pointer::Arrow;
     return false;
   }
@@ -124,8 +119,20 @@ void Form19::ShowResults() {
   results->ShowResults(state_.StartChi, state_.CycleChi);
 }
 
+/// The windows of an open refinement go.
+void Form19::LeaveRefinement() {
+  Fit().FitRunning = false;
+  Desk().Unload("Form22");
+  Picture2.Visible = false;
+}
+
 void Form19::StopRefinement() {
-  EndRefinement();
+  if (!Fit().FitRunning) {  // other parameters have been taken since the last step
+    Minimiser& state = state_.Refinement;
+    LmEquations(Fit(), Fit().FitPointCount, Fit().FitParam, state.AlphaMatrix, state.BetaVector,
+                state.ChiSquare);
+  }
+  LeaveRefinement();
   Fit().FitStopping = true;
   cmdStartFit.Click();
 }

@@ -61,6 +61,10 @@ What is taken is what you see: rounded to 5 decimals, intensities to 3.
 
 Nothing holds eta in the range 0-1. If an eta comes out outside this range,
 set it to 0 or 1 here, take off its tick, and start the fit again.
+
+Parameters that you accept between two runs begin a new refinement; "CHI square
+start" is then theirs. Each run closes this window. Open it again to see what
+has been refined.
 )TEXT";
 
 constexpr std::string_view BackgroundBuffer =
@@ -188,9 +192,9 @@ there open "Parameters", accept them and press "Start fit" again.
 
 "Singular matrix" tells that some parameter has no effect on the profile, such
 as a FWHM or an eta of a peak of no height: take off its tick. It comes, too,
-where no background was defined. A cycle that
-leads to numbers too large to compute with is given up, and the parameters of
-before it are kept. A range of fewer than two points cannot be fitted.
+where no background was defined. A cycle that leads to numbers too large to
+compute with is given up, and the parameters of before it are kept. A range of
+fewer than two points cannot be fitted.
 )TEXT";
 
 constexpr std::string_view FitFrame =
