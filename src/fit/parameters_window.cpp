@@ -1,8 +1,9 @@
 #include "fit/parameters_window.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -18,13 +19,21 @@ namespace {
 
 constexpr std::size_t PeakParameterCount = ConstantTerm - 1;
 constexpr std::size_t PolynomialTerms = 4;
-constexpr TextSetup ValueBox() { return {.Columns = 10}; }
+constexpr TextSetup ValueBox() { return {.Columns = 11}; }
+
+LayoutNode AtRight(Control& control) { return Row({Space(), control}); }
 
 std::size_t PeakOf(std::size_t parameter) { return (parameter - 1) / ParametersPerPeak + 1; }
 
 bool IsIntensity(std::size_t parameter) {
   return parameter <= PeakParameterCount &&
          parameter == NumberOf(static_cast<int>(PeakOf(parameter)), PeakParameter::Intensity);
+}
+
+/// A parameter as its box shows it.
+std::string ShownText(const PeakFit& fit, std::size_t parameter) {
+  const float value = fit.FitParam[parameter];
+  return parameter == ScaleFactor ? GeneralText(value) : RoundedText(value, IsIntensity(parameter) ? 3 : 5);
 }
 
 float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
@@ -99,16 +108,16 @@ LayoutNode Form20::PeaksLayout() {
                                 Space(),  //
                                 Row({Label7, Label8, Space()}),
                                 Space(),  //
-                                Label39,
-                                Label42};
+                                AtRight(Label39),
+                                AtRight(Label42)};
   for (std::size_t row = 0; row < MaxFitPeaks; ++row) {
     cells.emplace_back(Number[row]);
     for (std::size_t i = row * ParametersPerPeak; i < (row + 1) * ParametersPerPeak; ++i) {
       cells.emplace_back(Text1[i]);
       cells.emplace_back(Check1[i]);
     }
-    cells.emplace_back(Label40[row]);
-    cells.emplace_back(Label41[row]);
+    cells.push_back(AtRight(Label40[row]));
+    cells.push_back(AtRight(Label41[row]));
   }
   return Grid(columns, std::move(cells));
 }
@@ -150,7 +159,7 @@ void Form20::ShowPeak(int peak) {
   Label41[row].Caption = RoundedText(PeakWidth(fit, peak), 4);
   const std::size_t first = NumberOf(peak, PeakParameter::Position);
   for (std::size_t parameter = first; parameter < first + ParametersPerPeak; ++parameter) {
-    Fill(parameter, RoundedText(fit.FitParam[parameter], IsIntensity(parameter) ? 3 : 5));
+    Fill(parameter);
   }
 }
 
@@ -159,16 +168,16 @@ void Form20::ShowBackground() {
   Frame2.Enabled = false;  // even with a measured background: its factor is refined, not typed
   if (fit.FitPolyBackground) {
     for (std::size_t parameter = ConstantTerm; parameter <= CubicTerm; ++parameter) {
-      Fill(parameter, RoundedText(fit.FitParam[parameter], 5));
+      Fill(parameter);
     }
   } else {
-    Fill(ScaleFactor, GeneralText(fit.FitParam[ScaleFactor]));
+    Fill(ScaleFactor);
   }
 }
 
-void Form20::Fill(std::size_t parameter, const std::string& text) {
+void Form20::Fill(std::size_t parameter) {
   const Entry entry = EntryOf(parameter);
-  entry.Value->Text = text;
+  entry.Value->Text = ShownText(context_.Data.Fit, parameter);
   entry.Refined->Value = 1;
 }
 
@@ -216,20 +225,42 @@ bool Form20::AllWithin32Bits() {
   return true;
 }
 
+std::vector<std::int16_t> Form20::TickedParameters() {
+  std::vector<std::int16_t> ticked;
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    if (EntryOf(parameter).Refined->Value == 1) {
+      ticked.push_back(static_cast<std::int16_t>(parameter));
+    }
+  }
+  return ticked;
+}
+
+/// Whether anything differs from what the fit has, apart from the rounding of the boxes.
+bool Form20::DiffersFromFit(const std::vector<std::int16_t>& ticked) {
+  const PeakFit& fit = context_.Data.Fit;
+  const std::span list(fit.FitList.begin() + 1, static_cast<std::size_t>(fit.FitListCount));
+  bool differs = !std::ranges::equal(ticked, list);
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    const auto shown = static_cast<float>(LeadingNumber(ShownText(fit, parameter)));
+    differs = differs || NumberIn(*EntryOf(parameter).Value) != shown;
+  }
+  return differs;
+}
+
 /// FitList takes the numbers of the ticked boxes, upward.
 void Form20::StoreParameters() {
   PeakFit& fit = context_.Data.Fit;
-  fit.FitListCount = 0;
+  const std::vector<std::int16_t> ticked = TickedParameters();
+  const bool changed = DiffersFromFit(ticked);
   for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
-    const Entry entry = EntryOf(parameter);
-    fit.FitParam[parameter] = NumberIn(*entry.Value);
-    if (entry.Refined->Value == 1) {
-      ++fit.FitListCount;
-      fit.FitList[static_cast<std::size_t>(fit.FitListCount)] = static_cast<std::int16_t>(parameter);
-    }
+    fit.FitParam[parameter] = NumberIn(*EntryOf(parameter).Value);
   }
+  std::ranges::copy(ticked, fit.FitList.begin() + 1);
+  fit.FitListCount = static_cast<std::int16_t>(ticked.size());
   Text5.Text = std::to_string(fit.FitListCount);
-  actions_.Changed();
+  if (changed) {
+    actions_.Changed();
+  }
 }
 
 }  // namespace koprax

@@ -3,9 +3,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
-#include <string>
+#include <vector>
 
 #include "forms/form.h"
 #include "workspace/services.h"
@@ -14,7 +15,7 @@ namespace koprax {
 
 /// What comes of the parameters.
 struct ParameterActions {
-  /// The fit goes by other parameters or fewer peaks now: they have been taken, or a peak has been deleted.
+  /// The fit goes by other parameters or fewer peaks now: others have been taken, or a peak has been deleted.
   std::function<void()> Changed;
   /// The user has accepted them, and the window has gone.
   std::function<void()> Confirmed;
@@ -44,8 +45,10 @@ class Form20 final : public Form {
   };
   /// Of the parameters 1 to 77.
   [[nodiscard]] Entry EntryOf(std::size_t parameter);
-  void Fill(std::size_t parameter, const std::string& text);
+  void Fill(std::size_t parameter);
   [[nodiscard]] bool AllWithin32Bits();
+  [[nodiscard]] std::vector<std::int16_t> TickedParameters();
+  [[nodiscard]] bool DiffersFromFit(const std::vector<std::int16_t>& ticked);
   void StoreParameters();
 
   WindowContext context_;

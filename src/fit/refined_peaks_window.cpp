@@ -33,7 +33,7 @@ void Form23::ArrangeControls() {
                 Stretched(Row({Stretched(Column({Label7, Stretched(Text1)})),
                                Stretched(Column({Label6, Stretched(Text2)}))})),
                 Row({Label3, Text3, Label5, Text4, Label4, Space(), cmdSubs}),
-                Row({Label1, Text5, Label8, Space(), cmdInsert}),
+                Row({Label1, Text5, Stretched(Label8), cmdInsert}),
                 Row({Label11, Text6, Label12, Space(), cmdDelete}),
                 Row({Label9, Space(), cmdOrder}),
                 Row({Label10, Space(), cmdSave}),

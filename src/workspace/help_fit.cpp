@@ -51,9 +51,11 @@ scale factor is always refined.
 
 - Ticked parameters are refined, the others are held. All of the peaks and of
   the background are ticked at first.
-- "delete peak nr." removes a peak; those below it move up.
-- "Print parameters" prints the parameters as they were accepted last, not
-  what has been typed since.
+- "delete peak nr." removes a peak; those below it move up. It counts at once,
+  so press "OK" afterwards: until then the fit has one peak less, but the
+  parameters of before.
+- "Print parameters" prints the parameters as the fit has them, not what has
+  been typed since.
 - "OK" takes the numbers of the boxes; an empty box is 0. If you answer "No"
   to the question that follows, you may go on changing them.
 
@@ -62,9 +64,9 @@ What is taken is what you see: rounded to 5 decimals, intensities to 3.
 Nothing holds eta in the range 0-1. If an eta comes out outside this range,
 set it to 0 or 1 here, take off its tick, and start the fit again.
 
-Parameters that you accept between two runs begin a new refinement; "CHI square
-start" is then theirs. Each run closes this window. Open it again to see what
-has been refined.
+Other parameters or ticks accepted between two runs begin a new refinement;
+"CHI square start" is then theirs. Each run closes this window. Open it again
+to see what has been refined.
 )TEXT";
 
 constexpr std::string_view BackgroundBuffer =

@@ -364,10 +364,12 @@ TEST_F(Fit, RefinesInRunsOfFiveAndDrawsTheResult) {
   EXPECT_GT(start, chi(1));
   EXPECT_GE(chi(1), chi(3));
   EXPECT_GE(chi(3), chi(6));
-  // The close box doesn't end the refinement; parameters that are taken do. What is typed but not taken is
-  // not lost by another look, but by a run.
+  // The close box doesn't end the refinement; other parameters that are taken do. What is typed but not taken
+  // is not lost by another look, but by a run.
   Play("close Form22\n");
   Click("Form19.cmdStartFit");
+  Confirm();  // of the same
+  EXPECT_EQ(Values("FitRunning"), Json({-1}));
   EXPECT_EQ(chi(2), start);
   Play("click Form19.cmdShowParam\nclick Form20.Check2(3)\nclick Form19.cmdShowParam\n");
   EXPECT_EQ(Get("Form20.Check2(3).Value"), 0);

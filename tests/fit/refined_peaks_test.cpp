@@ -117,6 +117,14 @@ TEST_F(RefinedPeaks, MoveFromOneListToTheOther) {
         << doing;
   }
   EXPECT_EQ(Buffer().PeakTheta[6], "23");
+
+  // Height, d and channel go along.
+  Buffer().FormatCode = static_cast<std::int16_t>(FormatCodes::CpsChannels);
+  List({"100", "200", "300"});
+  Buffer().PeakY = {"", "1100", "1200", "1300"};
+  Buffer().PeakD = {"", "d100", "d200", "d300"};
+  Do("Text6=1 cmdDelete Text6=9 cmdDelete");
+  EXPECT_EQ(Buffer().PeakChannel[1] + Buffer().PeakY[1] + Buffer().PeakD[1], "2001200d200");
 }
 
 TEST_F(RefinedPeaks, GetTheirSpacingAndTheirTwoTheta) {
