@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t PeakParameterCount = ConstantTerm - 1;
 constexpr std::size_t PolynomialTerms = 4;
-constexpr TextSetup ValueBox() { return {.Columns = 11}; }
+constexpr TextSetup ValueBox() { return {.Columns = 12}; }
 
 LayoutNode AtRight(Control& control) { return Row({Space(), control}); }
 
