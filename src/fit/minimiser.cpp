@@ -167,7 +167,7 @@ StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimise
   ParameterTable step{};
   TakeTrialSystem(fit.FitListCount, state, step);
   bool in_range = AllFinite(state.CovarMatrix, fit.FitListCount) && AllFinite(step, fit.FitListCount);
-  if (in_range || state.Lambda == 0) {
+  if (in_range) {
     findings.SingularMatrix = !GaussJordan(state.CovarMatrix, step, fit.FitListCount);
   }
   if (state.Lambda == 0) {

@@ -18,7 +18,7 @@ struct PeakAtPoint {
 /// position.
 [[nodiscard]] std::optional<PeakAtPoint> PeakAt(const ParameterTable& parameters, int peak, float x);
 
-/// The half of a peak as the formulas take it. Its FWHM must be above 0.
+/// The half of a peak as the formulas take it: a FWHM of 0 or less is replaced by a small one.
 [[nodiscard]] HalfPeak HalfOf(const ParameterTable& parameters, int peak, bool left);
 
 }  // namespace koprax

@@ -25,7 +25,7 @@ class ProductSums {
   /// Puts the sums in hand into the matrix and the vector.
   void Finish();
 
-  /// Floats of a row: all parameters, and the residual for their unused entry 0, in whole registers of 16.
+  /// Floats of a row: at most 100 parameters and the residual, in whole registers of 16.
   static constexpr std::size_t RowSize = (ParameterTableSize + 15) / 16 * 16;
   using Row = std::array<float, RowSize>;
 

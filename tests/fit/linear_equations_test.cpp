@@ -78,10 +78,11 @@ TEST(GaussJordan, TakesTheLastOfEqualPivots) {
 }
 
 TEST(GaussJordan, RoundsEachResult) {
-  System divided = FourByFour({{{41, 0, 0, 0}}});
-  divided.RightHandSide[1] = 41;
-  ASSERT_TRUE(GaussJordan(divided.Matrix, divided.RightHandSide, 1));
+  System divided = FourByFour({{{41, 20.5F, 0, 0}, {0, 1, 0, 0}}});
+  divided.RightHandSide = {0, 41, 0};
+  ASSERT_TRUE(GaussJordan(divided.Matrix, divided.RightHandSide, 2));
   EXPECT_EQ(divided.RightHandSide[1], 1 - 0x1p-24F) << "41 times the rounded 1 / 41";
+  EXPECT_EQ(divided.Matrix[1][2], -(0.5F - 0x1p-25F)) << "the row is multiplied by it too";
   // The last elements are those that are subtracted from them, once the products have been rounded.
   System left_over = FourByFour({{{4, 2 + 0x1p-11F, 0, 0}, {1 + 0x1p-12F, 0.5F + 0x1p-12F, 0, 0}}});
   left_over.RightHandSide = {0, 4 + 0x1p-10F, 1 + 0x1p-11F};

@@ -65,6 +65,12 @@ struct Equations {
 };
 
 void ExpectTheBitsOfThePlainLoops(const PeakFit& fit, int points) {
+  ParameterTable derivatives{};
+  ParameterTable plain_derivatives{};
+  for (int i = 1; i <= points; ++i) {
+    EXPECT_EQ(PeakModel(fit, i, fit.FitParam, derivatives),
+              plain::Model(fit, i, fit.FitParam, plain_derivatives));
+  }
   Equations plainly;
   plain::Equations(fit, points, fit.FitParam, plainly.Matrix, plainly.Vector, plainly.ChiSquare);
   for (const VectorWidth width : VectorWidths()) {
@@ -190,6 +196,7 @@ TEST_F(LmStepTest, GoesOnTillNothingIsBetterAndCloses) {
     better += fell ? 1 : 0;
     plain::Step(plain_fit, Points, plain_state);
     EXPECT_EQ(Fit.FitParam, plain_fit.FitParam);
+    EXPECT_EQ(State.CovarMatrix, plain_state.CovarMatrix) << "the equations of the trial";
     EXPECT_EQ(State.AlphaMatrix, plain_state.AlphaMatrix);
     EXPECT_EQ(State.BetaVector, plain_state.BetaVector);
     EXPECT_EQ(State.ChiSquare, Fit.FitBestChi);
