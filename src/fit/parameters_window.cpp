@@ -235,14 +235,13 @@ std::vector<std::int16_t> Form20::TickedParameters() {
   return ticked;
 }
 
-/// Whether anything differs from what the fit has, apart from the rounding of the boxes.
+/// Whether anything differs from what the fit has, if only by the rounding of the boxes.
 bool Form20::DiffersFromFit(const std::vector<std::int16_t>& ticked) {
   const PeakFit& fit = context_.Data.Fit;
   const std::span list(fit.FitList.begin() + 1, static_cast<std::size_t>(fit.FitListCount));
   bool differs = !std::ranges::equal(ticked, list);
   for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
-    const auto shown = static_cast<float>(LeadingNumber(ShownText(fit, parameter)));
-    differs = differs || NumberIn(*EntryOf(parameter).Value) != shown;
+    differs = differs || NumberIn(*EntryOf(parameter).Value) != fit.FitParam[parameter];
   }
   return differs;
 }

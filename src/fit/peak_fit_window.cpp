@@ -191,10 +191,7 @@ void Form19::DrawFrame(const XRange& range) {
   Picture1.Cls();
   const PlotLimits limits{
       .XMin = range.Low, .XMax = range.High, .YMin = data.PlotYMin, .YMax = data.PlotYMax};
-  if (!DrawAxes(data, limits, Picture1)) {
-    Tell(NoYSpan());
-  }
-  state_.Shown.Keep(data, true);
+  state_.Shown.Keep(data, DrawAxes(data, limits, Picture1));
   state_.PictureXMin = range.Low;
   state_.NegativeY = Buffer().NegativeY;
   if (!HoldsItsPoints()) {  // it is that of another profile by now

@@ -90,7 +90,7 @@ class Form19 final : public Form {
   void StartFit();
   [[nodiscard]] bool OpenRefinement();
   void RunCycles();
-  StepFindings Step();
+  bool Step();
   void ShowProgress(float end);
   void ShowResults();
   void LeaveRefinement();

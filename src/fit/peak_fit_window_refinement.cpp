@@ -1,5 +1,7 @@
 // The last stage of the peak fit window: the parameters, the cycles of the refinement, what comes of them.
+#include <algorithm>
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "fit/fit_parameters.h"
@@ -19,17 +21,30 @@ Message ImproperList() { return ErrorMessage("Improper permutation in LISTA"); }
 
 Message Singular() { return {.Text = "Singular matrix", .Title = "Warning", .Icon = MessageIcon::Stop}; }
 
-Message BeyondRange() {
-  return ErrorMessage(
-      "Numbers of this step go beyond 3.4E+38, the largest that the fit can hold.\r\n"
-      "The parameters stay as they were before it. If CHI square has long been the same, the fit is at its "
-      "best: press \"Stop \".");
+Message BeyondRange(const std::string& what, const std::string& remedy) {
+  return ErrorMessage(what + " beyond 3.4E+38, the largest that the fit can hold.\r\n" + remedy);
 }
+
+constexpr const char* ChangeParameters = "Look at the parameters with \"Parameters\", and change them.";
 
 Message TooFewPoints() {
   return ErrorMessage(
       "The range holds fewer than two points of the profile, so there is nothing to fit.\r\n"
       "Return to the main menu, and start the fit again with a wider range.");
+}
+
+Message DeletedPeak() {
+  return ErrorMessage(
+      "Parameters of a peak that has been deleted are to be refined.\r\n"
+      "Accept those that are left with \"OK\" in \"Parameters\".");
+}
+
+/// Whether a parameter to refine belongs to a peak that is no more.
+bool RefinesDeletedPeak(const PeakFit& fit) {
+  const std::span list(fit.FitList.begin() + 1, static_cast<std::size_t>(fit.FitListCount));
+  return std::ranges::any_of(list, [&](int parameter) {
+    return parameter > ParametersPerPeak * fit.FitPeakCount && parameter < static_cast<int>(ConstantTerm);
+  });
 }
 
 }  // namespace
@@ -47,11 +62,12 @@ void Form19::ShowParameters() {
 }
 
 void Form19::StartFit() {
-  Desk().Unload("Form20");  // which would go on showing the parameters of before
   if (Fit().FitStopping) {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
     Tell(TooFewPoints());
+  } else if (RefinesDeletedPeak(Fit())) {
+    Tell(DeletedPeak());
   } else if (Fit().FitRunning || OpenRefinement()) {
     RunCycles();
   }
@@ -64,10 +80,13 @@ bool Form19::OpenRefinement() {
   Line5.Move(1, 5, 2, 5);
   Fit().FitRunning = true;
   state_.Refinement.Lambda = -1;
-  Step();
+  const bool in_range = Step();
   if (state_.Refinement.Lambda < 0) {
     LeaveRefinement();
     MousePointer = Pointer::Arrow;
+    if (!in_range) {
+      Tell(BeyondRange("The parameters to start from lead to numbers", ChangeParameters));
+    }
     return false;
   }
   state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
@@ -80,7 +99,12 @@ void Form19::RunCycles() {
     if (cycle > CyclesPerRun) {
       break;
     }
-    Step();
+    if (!Step()) {
+      Tell(
+          BeyondRange("This cycle led to numbers",
+                      "The parameters stay as they were before it. If CHI square has long been the same, the "
+                      "fit is at its best: press \"Stop \"."));
+    }
     state_.CycleChi[static_cast<std::size_t>(cycle)] = GeneralText(state_.Refinement.ChiSquare);
   }
   MousePointer = Pointer::Arrow;
@@ -88,8 +112,9 @@ void Form19::RunCycles() {
   ShowResults();
 }
 
-/// One step; what has to be told about it is told.
-StepFindings Form19::Step() {
+/// One step. False where its numbers leave the range of 32 bits, which is left to the caller to tell.
+bool Form19::Step() {
+  Desk().Unload("Form20");  // which would go on showing the parameters of before
   const StepFindings findings = LmStep(Fit(), Fit().FitPointCount, FitParameterCount, state_.Refinement);
   if (findings.ImproperPermutation) {
     Tell(ImproperList());
@@ -97,10 +122,7 @@ StepFindings Form19::Step() {
   if (findings.SingularMatrix) {
     Tell(Singular());
   }
-  if (findings.BeyondRange) {
-    Tell(BeyondRange());
-  }
-  return findings;
+  return !findings.BeyondRange;
 }
 
 void Form19::ShowProgress(float end) {
@@ -139,14 +161,17 @@ void Form19::StopRefinement() {
 
 void Form19::CloseRefinement() {
   state_.Refinement.Lambda = 0;
-  const StepFindings findings = Step();
+  const bool calculated = Step();
   Fit().FitStopping = false;
   cmdStartFit.Enabled = false;
   Line3.Visible = false;
   Line3.Move(0, 0, 1, 1);
   DrawFrame(Range());
-  const auto draw = findings.BeyondRange ? DrawFitRange : DrawFitResult;  // there may be nothing calculated
+  const auto draw = calculated ? DrawFitResult : DrawFitRange;
   draw(context_.Data.Plot, Fit(), Origin(), Picture1);
+  if (!calculated) {
+    Tell(BeyondRange("No result is drawn: the parameters lead to numbers", ChangeParameters));
+  }
 }
 
 /// Only the list of the buffer is needed, whatever becomes of the temporary copy.

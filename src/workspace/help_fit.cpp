@@ -51,9 +51,9 @@ scale factor is always refined.
 
 - Ticked parameters are refined, the others are held. All of the peaks and of
   the background are ticked at first.
-- "delete peak nr." removes a peak; those below it move up. It counts at once,
-  so press "OK" afterwards: until then the fit has one peak less, but the
-  parameters of before.
+- "delete peak nr." removes a peak; those below it move up. Press "OK"
+  afterwards: until then the fit has one peak less, but the parameters of
+  before, and is not started.
 - "Print parameters" prints the parameters as the fit has them, not what has
   been typed since.
 - "OK" takes the numbers of the boxes; an empty box is 0. If you answer "No"
