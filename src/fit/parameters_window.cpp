@@ -197,7 +197,7 @@ void Form20::DeletePeak(int peak) {
   }
   --fit.FitPeakCount;
   Text4.Text = std::to_string(fit.FitPeakCount);
-  actions_.Changed();
+  actions_.Deleted();
 }
 
 void Form20::Accept() {
@@ -250,16 +250,14 @@ bool Form20::DiffersFromFit(const std::vector<std::int16_t>& ticked) {
 void Form20::StoreParameters() {
   PeakFit& fit = context_.Data.Fit;
   const std::vector<std::int16_t> ticked = TickedParameters();
-  const bool changed = DiffersFromFit(ticked);
+  const bool others = DiffersFromFit(ticked);
   for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
     fit.FitParam[parameter] = NumberIn(*EntryOf(parameter).Value);
   }
   std::ranges::copy(ticked, fit.FitList.begin() + 1);
   fit.FitListCount = static_cast<std::int16_t>(ticked.size());
   Text5.Text = std::to_string(fit.FitListCount);
-  if (changed) {
-    actions_.Changed();
-  }
+  actions_.Taken(others);
 }
 
 }  // namespace koprax

@@ -15,8 +15,10 @@ namespace koprax {
 
 /// What comes of the parameters.
 struct ParameterActions {
-  /// The fit goes by other parameters or fewer peaks now: others have been taken, or a peak has been deleted.
-  std::function<void()> Changed;
+  /// A peak has been deleted; the fit has its parameters until those that are left are taken.
+  std::function<void()> Deleted;
+  /// The fit has the parameters of the boxes now; whether they are others than before.
+  std::function<void(bool others)> Taken;
   /// The user has accepted them, and the window has gone.
   std::function<void()> Confirmed;
 };

@@ -117,7 +117,7 @@ void Form19::ForgetFit() {
   Fit().FitPolyBackground = Fit().FitRunning = Fit().FitStopping = false;
   Fit().FitPeakCount = 0;
   context_.Data.ModeFit = false;
-  state_.PeakLimitReached = false;
+  state_.PeakLimitReached = state_.DeletionOpen = false;
   state_.FollowLow = state_.FollowHigh = false;
   state_.DrawBkgMode = state_.SelPeaksMode = false;
   state_.ClickCount = 0;

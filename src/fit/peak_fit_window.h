@@ -144,6 +144,7 @@ class Form19 final : public Form {
     std::weak_ptr<Form> Picker;
     bool SelPeaksMode = false;
     bool PeakLimitReached = false;
+    bool DeletionOpen = false;  ///< a peak has been deleted, but the fit still has its parameters
     Minimiser Refinement;
     std::string StartChi;
     std::array<std::string, CyclesPerRun + 1> CycleChi;

@@ -1,7 +1,5 @@
 // The last stage of the peak fit window: the parameters, the cycles of the refinement, what comes of them.
-#include <algorithm>
 #include <cstddef>
-#include <span>
 #include <string>
 
 #include "fit/fit_parameters.h"
@@ -27,6 +25,13 @@ Message BeyondRange(const std::string& what, const std::string& remedy) {
 
 constexpr const char* ChangeParameters = "Look at the parameters with \"Parameters\", and change them.";
 
+Message StepBeyondRange() {
+  return BeyondRange(
+      "This step led to numbers",
+      "The parameters stay as they were before it. If CHI square has long been the same, the fit "
+      "is at its best: press \"Stop \".");
+}
+
 Message TooFewPoints() {
   return ErrorMessage(
       "The range holds fewer than two points of the profile, so there is nothing to fit.\r\n"
@@ -35,16 +40,8 @@ Message TooFewPoints() {
 
 Message DeletedPeak() {
   return ErrorMessage(
-      "Parameters of a peak that has been deleted are to be refined.\r\n"
+      "A peak has been deleted, but the fit still has its parameters.\r\n"
       "Accept those that are left with \"OK\" in \"Parameters\".");
-}
-
-/// Whether a parameter to refine belongs to a peak that is no more.
-bool RefinesDeletedPeak(const PeakFit& fit) {
-  const std::span list(fit.FitList.begin() + 1, static_cast<std::size_t>(fit.FitListCount));
-  return std::ranges::any_of(list, [&](int parameter) {
-    return parameter > ParametersPerPeak * fit.FitPeakCount && parameter < static_cast<int>(ConstantTerm);
-  });
 }
 
 }  // namespace
@@ -55,7 +52,16 @@ void Form19::ShowParameters() {
     return;
   }
   ParameterActions actions;
-  actions.Changed = WhileLoaded(std::function<void()>([this] { Fit().FitRunning = false; }));
+  actions.Deleted = WhileLoaded(std::function<void()>([this] {
+    state_.DeletionOpen = true;
+    Fit().FitRunning = false;
+  }));
+  actions.Taken = WhileLoaded(std::function<void(bool)>([this](bool others) {
+    state_.DeletionOpen = false;
+    if (others) {  // which the equations of an open refinement don't fit
+      Fit().FitRunning = false;
+    }
+  }));
   actions.Confirmed =
       WhileLoaded(std::function<void()>([this] { cmdStartFit.Enabled = cmdSave.Enabled = true; }));
   Desk().Load<Form20>(context_, std::move(actions))->Show();
@@ -66,7 +72,7 @@ void Form19::StartFit() {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
     Tell(TooFewPoints());
-  } else if (RefinesDeletedPeak(Fit())) {
+  } else if (state_.DeletionOpen) {
     Tell(DeletedPeak());
   } else if (Fit().FitRunning || OpenRefinement()) {
     RunCycles();
@@ -89,21 +95,22 @@ bool Form19::OpenRefinement() {
     }
     return false;
   }
+  if (!in_range) {
+    Tell(StepBeyondRange());
+  }
   state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
   return true;
 }
 
 void Form19::RunCycles() {
+  Desk().Unload("Form20");  // which would go on showing the parameters of before
   for (int cycle = 1;; ++cycle) {
     ShowProgress(static_cast<float>(cycle) / CyclesPerRun * ProgressWidth);
     if (cycle > CyclesPerRun) {
       break;
     }
     if (!Step()) {
-      Tell(
-          BeyondRange("This cycle led to numbers",
-                      "The parameters stay as they were before it. If CHI square has long been the same, the "
-                      "fit is at its best: press \"Stop \"."));
+      Tell(StepBeyondRange());
     }
     state_.CycleChi[static_cast<std::size_t>(cycle)] = GeneralText(state_.Refinement.ChiSquare);
   }
@@ -114,7 +121,6 @@ void Form19::RunCycles() {
 
 /// One step. False where its numbers leave the range of 32 bits, which is left to the caller to tell.
 bool Form19::Step() {
-  Desk().Unload("Form20");  // which would go on showing the parameters of before
   const StepFindings findings = LmStep(Fit(), Fit().FitPointCount, FitParameterCount, state_.Refinement);
   if (findings.ImproperPermutation) {
     Tell(ImproperList());
@@ -149,6 +155,10 @@ void Form19::LeaveRefinement() {
 }
 
 void Form19::StopRefinement() {
+  if (state_.DeletionOpen) {
+    Tell(DeletedPeak());
+    return;
+  }
   if (!Fit().FitRunning) {  // other parameters have been taken since the last step
     Minimiser& state = state_.Refinement;
     LmEquations(Fit(), Fit().FitPointCount, Fit().FitParam, state.AlphaMatrix, state.BetaVector,

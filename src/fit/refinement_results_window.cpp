@@ -37,6 +37,7 @@ void Form22::Continue() {
     control->Refresh();
   }
   actions_.Continue();
+  MousePointer = Pointer::Arrow;  // where it was refused, too
 }
 
 }  // namespace koprax
