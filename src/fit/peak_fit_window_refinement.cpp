@@ -186,10 +186,12 @@ void Form19::CloseRefinement() {
 
 /// Only the list of the buffer is needed, whatever becomes of the temporary copy.
 void Form19::SavePeaks() {
-  if (state_.Kept.PermanentMatches(Buffer())) {
-    Desk().Load<Form23>(context_)->Show();
-  } else {
+  if (!state_.Kept.PermanentMatches(Buffer())) {
     Tell(ProfileGone(Buffer(), "Fit"));
+  } else if (state_.DeletionOpen) {
+    Tell(DeletedPeak());
+  } else {
+    Desk().Load<Form23>(context_)->Show();
   }
 }
 

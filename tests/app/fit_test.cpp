@@ -453,7 +453,7 @@ TEST_F(Fit, RefinesNoPeakThatHasBeenDeleted) {
   Click("Form19.Command10");
   Confirm();
   Click("Form19.cmdStartFit Form19.cmdShowParam Form20.Number(0)");
-  for (const char* command : {"Form22.Command1", "Form22.Command2", "Form19.cmdStartFit"}) {
+  for (const char* command : {"Form22.Command1", "Form22.Command2", "Form19.cmdStartFit", "Form19.cmdSave"}) {
     EXPECT_THAT(After(command), Contains(HasSubstr("A peak has been deleted")));
     EXPECT_EQ(Get("Form22")["MousePointer"], 1);
   }
