@@ -120,10 +120,7 @@ void Form6::ConnectHandlers() {
   Picture1.OnMouseUp = [this](MouseButton button, float x, float y) { MouseReleased(button, x, y); };
 }
 
-ProfileBuffer& Form6::Buffer() const {
-  Workspace& data = context_.Data;
-  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
-}
+ProfileBuffer& Form6::Buffer() const { return ShownBuffer(context_, state_.Slot); }
 
 void Form6::TakeUp() {
   if (context_.Data.CurBuf != 0) {

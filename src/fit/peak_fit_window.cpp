@@ -154,10 +154,7 @@ bool Form19::ShowProfile(int slot) {
 
 // What is on show.
 
-ProfileBuffer& Form19::Buffer() const {
-  Workspace& data = context_.Data;
-  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
-}
+ProfileBuffer& Form19::Buffer() const { return ShownBuffer(context_, state_.Slot); }
 
 void Form19::TakeUp() {
   Workspace& data = context_.Data;

@@ -6,6 +6,7 @@
 
 #include "fit/refined_peaks.h"
 #include "forms/form.h"
+#include "workspace/buffer_commands.h"
 #include "workspace/kept_profile.h"
 #include "workspace/services.h"
 
@@ -27,9 +28,7 @@ class Form23 final : public Form {
   void Finish(ListChange change);
   void ShowLists();
   /// The buffer of its opening; with none at work that of slot 0.
-  [[nodiscard]] ProfileBuffer& Buffer() const {
-    return context_.Data.Buffer(context_.Data.CurBuf == 0 ? 0 : slot_);
-  }
+  [[nodiscard]] ProfileBuffer& Buffer() const { return ShownBuffer(context_, slot_); }
 
   WindowContext context_;
   int slot_ = 0;  // of the profile that was fitted

@@ -203,10 +203,7 @@ void Form12::ClosePicker() {
 
 // What is on show.
 
-ProfileBuffer& Form12::Buffer() const {
-  Workspace& data = context_.Data;
-  return data.CurBuf == 0 ? data.Current() : data.Buffer(state_.Slot);
-}
+ProfileBuffer& Form12::Buffer() const { return ShownBuffer(context_, state_.Slot); }
 
 void Form12::TakeUp() {
   Workspace& data = context_.Data;

@@ -8,6 +8,10 @@
 
 namespace koprax {
 
+ProfileBuffer& ShownBuffer(const WindowContext& context, int slot) {
+  return context.Data.Buffer(context.Data.CurBuf == 0 ? 0 : slot);
+}
+
 void MakeCurrent(const WindowContext& context, int slot) {
   if (slot != context.Data.CurBuf) {
     context.Files.GiveUpAnswers();

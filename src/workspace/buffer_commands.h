@@ -1,4 +1,5 @@
-// What follows when a buffer has been picked from the main menu: it is shown, loaded or erased.
+// What follows when a buffer has been picked from the main menu: it is shown, loaded or erased; and the
+// buffer that a window works on.
 #pragma once
 
 #include <vector>
@@ -7,6 +8,12 @@
 #include "workspace/services.h"
 
 namespace koprax {
+
+struct ProfileBuffer;
+
+/// The buffer of a window that shows the profile of a slot. With none at work (CurBuf 0) it is the empty
+/// record of slot 0, on which nothing fails.
+[[nodiscard]] ProfileBuffer& ShownBuffer(const WindowContext& context, int slot);
 
 /// Makes a slot from 1 to 6, or 0 for none, the one at work. A title that is still being typed, a list or
 /// calibration that is still being previewed, and a save that waits for its format belong to the buffer of
