@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "calibration/calibration_window.h"
 #include "cards/card_window.h"
+#include "cell/cell_window.h"
 #include "display/display_window.h"
 #include "display/several_profiles_window.h"
 #include "files/file_choice.h"
@@ -28,9 +30,12 @@ class Workbench::Windows final : public MainServices,
                                  public DisplayServices,
                                  public CardServices,
                                  public ManipulationServices,
-                                 public FitServices {
+                                 public FitServices,
+                                 public CalibrationServices,
+                                 public CellServices {
  public:
-  Windows(Desktop& desk, Workspace& data) : context_{desk, data, *this, *this, *this, *this, *this, *this} {}
+  Windows(Desktop& desk, Workspace& data)
+      : context_{desk, data, *this, *this, *this, *this, *this, *this, *this, *this} {}
 
   void Start() {
     file_dialog_ = context_.Desk.Load<Form9>(context_.Desk, context_.Data);
@@ -133,6 +138,10 @@ class Workbench::Windows final : public MainServices,
     return window->ShowProfile(slot);
   }
 
+  void OpenCalibrationWindow() override { context_.Desk.Load<Form24>(context_); }
+
+  void OpenCellWindow() override { context_.Desk.Load<Form26>(context_); }
+
  private:
   /// The mode that a profile is picked for; none for a load.
   [[nodiscard]] bool Workspace::*PickingPurpose() const {
@@ -186,7 +195,9 @@ const std::vector<std::string>& Workbench::FormNames() {
       pickers::FitBackground.Name,
       "Form22",
       "Form23",
+      "Form24",
       peak_list_windows::Calibration.Name,
+      "Form26",
       pickers::Cell.Name,
       peak_list_windows::Cell.Name,
       pickers::ComputedProfile.Name,

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 
+#include "cards/card_plot.h"
 #include "cards/card_printing.h"
 #include "cards/card_table.h"
 #include "display/plot_axes.h"
@@ -64,11 +65,12 @@ void Form34::ShowCrystalData(const ProfileBuffer& card) {
 }
 
 void Form34::DrawPattern(const ProfileBuffer& card) {
-  limits_ = CardLimits(card);
-  Text1.Text = "xmin = " + RoundedText(limits_.XMin, 3);
-  Text2.Text = "xmax = " + RoundedText(limits_.XMax, 3);
-  drawn_ = DrawCard(card, plot_, Picture1);
-  if (!drawn_) {
+  const XRange range = CardRange(card);
+  Text1.Text = "xmin = " + RoundedText(range.Low, 3);
+  Text2.Text = "xmax = " + RoundedText(range.High, 3);
+  if (plot_.DrawFrame(range, Picture1)) {
+    plot_.DrawSticks(CardSticks(card), Picture1);
+  } else {
     Desk().Host().MsgBox(NoYSpan());
   }
   if (card.Wavelength != 0) {
@@ -77,11 +79,10 @@ void Form34::DrawPattern(const ProfileBuffer& card) {
 }
 
 void Form34::ShowReadOut(float x, float y) {
-  if (!drawn_) {
+  if (!plot_.Readable()) {
     return;
   }
-  const float two_theta = DataX(plot_, ClampedX(plot_, x), limits_.XMin);
-  const auto intensity = static_cast<float>(DataY(plot_, ClampedY(plot_, y), plot_.PlotBottom));
+  const auto [two_theta, intensity] = plot_.NearestPlace(x, y);
   // The limits reach below 0, where there is no d.
   const float spacing = two_theta > 0 ? SpacingOf(two_theta, context_.Data.Buffer(slot_).Wavelength) : 0;
   Text4.Text = "x = " + RoundedText(two_theta, 4);
@@ -91,13 +92,13 @@ void Form34::ShowReadOut(float x, float y) {
 
 void Form34::Print() {
   const ProfileBuffer& card = context_.Data.Buffer(slot_);
-  if (!card.IsCard() || !drawn_) {
+  if (!card.IsCard() || !plot_.Readable()) {
     Desk().Host().MsgBox(ErrorMessage("Buffer " + card.BufLetter +
                                       " holds no card that could be printed.\r\nDisplay the card first."));
     return;
   }
   MakeCurrent(context_, slot_);
-  PrintCard(context_, limits_);
+  PrintCard(context_, plot_.Limits());
 }
 
 }  // namespace koprax

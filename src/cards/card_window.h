@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "cards/card_plot.h"
-#include "display/plot_transform.h"
+#include "display/stick_plot.h"
 #include "forms/form.h"
 #include "workspace/services.h"
 #include "workspace/workspace.h"
@@ -26,13 +25,11 @@ class Form34 final : public Form {
   void Print();
 
   WindowContext context_;
-  int slot_ = 0;        // of the card on show
-  PlotTransform plot_;  // of the pattern: no other plot's
-  PlotLimits limits_{};
-  bool drawn_ = false;
+  int slot_ = 0;  // of the card on show
+  StickPlot plot_;
 
   TextBox Text13{*this, "Text13", {.Locked = true, .Columns = 60}};
-  PictureBox Picture1{*this, "Picture1", CardPicture()};
+  PictureBox Picture1{*this, "Picture1", StickPicture()};
   TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 15}};
   TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 15}};
   TextBox Text3{*this, "Text3", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 14}};

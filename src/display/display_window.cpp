@@ -17,7 +17,7 @@
 #include "files/calibration_file.h"
 #include "files/peak_list_commands.h"
 #include "files/title_window.h"
-#include "files/tokeniser.h"
+#include "files/typed_wavelength.h"
 #include "forms/desktop.h"
 #include "forms/fixed_text.h"
 #include "forms/number_text.h"
@@ -38,8 +38,7 @@ bool HoldsCurve(const ProfileBuffer& buffer) {
 
 }  // namespace
 
-Form6::Form6(const WindowContext& context)
-    : Form(context.Desk, "Form6", "Display and Work"), context_(context) {
+Form6::Form6(const WindowContext& context) : BufferWindow(context, "Form6", "Display and Work") {
   ArrangeControls();
   ConnectHandlers();
 }
@@ -85,47 +84,35 @@ void Form6::ArrangeControls() {
             true);
 }
 
-template <class Command>
-std::function<void()> Form6::OnItsProfile(Command command) {
-  return [this, command] {
-    TakeUp();
-    command();
-  };
-}
-
 void Form6::ConnectHandlers() {
-  cmdZoom.OnClick = OnItsProfile([this] { StartSelection(DisplayMode::ZoomSelection); });
-  cmdUnzoom.OnClick = OnItsProfile([this] { UndoZoom(); });
-  cmdEdit.OnClick = OnItsProfile([this] { StartSelection(DisplayMode::EditSelection); });
-  cmdSave.OnClick = OnItsProfile([this] { SaveProfile(); });
+  cmdZoom.OnClick = OnItsBuffer([this] { StartSelection(DisplayMode::ZoomSelection); });
+  cmdUnzoom.OnClick = OnItsBuffer([this] { UndoZoom(); });
+  cmdEdit.OnClick = OnItsBuffer([this] { StartSelection(DisplayMode::EditSelection); });
+  cmdSave.OnClick = OnItsBuffer([this] { SaveProfile(); });
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
-  cmdMod.OnClick = OnItsProfile([this] { StartArithmetic(); });
-  cmdPrint.OnClick = OnItsProfile([this] { Print(); });
+  cmdMod.OnClick = OnItsBuffer([this] { StartArithmetic(); });
+  cmdPrint.OnClick = OnItsBuffer([this] { Print(); });
   Command17.OnClick = [this] { SaveBitmap(); };
-  cmdManExpl.OnClick = OnItsProfile([this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); });
-  cmdErsLaIt.OnClick = OnItsProfile([this] { EraseLastPeak(); });
-  cmdClearPeaks.OnClick = OnItsProfile([this] { ClearPeakList(); });
-  cmdSavePeaks.OnClick = OnItsProfile([this] { SavePeakListSorted(context_); });
-  cmdExiManExp.OnClick = OnItsProfile([this] { QuitExplorer(); });
-  cmdEditOK.OnClick = OnItsProfile([this] { ShowChanges(); });
-  cmdEditNO.OnClick = OnItsProfile([this] { RejectChanges(); });
-  cmdAccept.OnClick = OnItsProfile([this] { AcceptChanges(); });
-  Command15.OnClick = OnItsProfile([this] { ChangeAll(); });
-  cmdQuitEdit.OnClick = OnItsProfile([this] { QuitEdit(); });
-  cmdComboOK.OnClick = OnItsProfile([this] { AcceptWavelength(); });
-  optOK.OnClick = OnItsProfile([this] { AcceptSelection(); });
-  optNO.OnClick = OnItsProfile([this] { CancelSelection(); });
+  cmdManExpl.OnClick = OnItsBuffer([this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); });
+  cmdErsLaIt.OnClick = OnItsBuffer([this] { EraseLastPeak(); });
+  cmdClearPeaks.OnClick = OnItsBuffer([this] { ClearPeakList(); });
+  cmdSavePeaks.OnClick = OnItsBuffer([this] { SavePeakListSorted(context_); });
+  cmdExiManExp.OnClick = OnItsBuffer([this] { QuitExplorer(); });
+  cmdEditOK.OnClick = OnItsBuffer([this] { ShowChanges(); });
+  cmdEditNO.OnClick = OnItsBuffer([this] { RejectChanges(); });
+  cmdAccept.OnClick = OnItsBuffer([this] { AcceptChanges(); });
+  Command15.OnClick = OnItsBuffer([this] { ChangeAll(); });
+  cmdQuitEdit.OnClick = OnItsBuffer([this] { QuitEdit(); });
+  cmdComboOK.OnClick = OnItsBuffer([this] { AcceptWavelength(); });
+  optOK.OnClick = OnItsBuffer([this] { AcceptSelection(); });
+  optNO.OnClick = OnItsBuffer([this] { CancelSelection(); });
   Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
   Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
   Picture1.OnMouseUp = [this](MouseButton button, float x, float y) { MouseReleased(button, x, y); };
 }
 
-ProfileBuffer& Form6::Buffer() const { return ShownBuffer(context_, state_.Slot); }
-
 void Form6::TakeUp() {
-  if (context_.Data.CurBuf != 0) {
-    MakeCurrent(context_, state_.Slot);
-  }
+  BufferWindow::TakeUp();
   if (state_.Shown.Readable()) {
     state_.Shown.PutBack(context_.Data);
     Buffer().NegativeY = ReachesBelowZero(state_.Shown.Limits()) ? 1 : 0;
@@ -133,7 +120,6 @@ void Form6::TakeUp() {
 }
 
 void Form6::OnLoad() {
-  state_.Slot = context_.Data.CurBuf;
   state_.Kept.Keep(Buffer());
   context_.Data.ZoomMode = context_.Data.ExplorerMode = false;
   for (Control* hidden :
@@ -169,7 +155,7 @@ void Form6::EnterMode(DisplayMode mode) {
 
 bool Form6::ShowProfile(int slot) {
   if (slot != 0) {
-    state_.Slot = slot;
+    slot_ = slot;
   }
   const bool drawn = DrawProfile(context_.Data, slot, Picture1,
                                  [this](const Message& message) { Desk().Host().MsgBox(message); });
@@ -213,23 +199,6 @@ void Form6::EnterPrompt() {
   Frame1.Visible = false;
 }
 
-/// The number in front of the remark; nothing if it is out of range, which the user has been told.
-std::optional<float> Form6::TypedWavelength() {
-  std::int16_t n_text = 0;
-  std::int16_t n_num = 0;
-  TokenisedWords& words = context_.Data.Words;
-  TokeniseLine(words, Combo1.Text.Get(), n_text, n_num,
-               [this](const Message& message) { Desk().Host().MsgBox(message); });
-  if (!std::isfinite(words.WordVal[1])) {
-    Desk().Host().MsgBox({.Text = "The wave length " + Combo1.Text.Get() +
-                                  " is out of range.\r\nGive a number in angstrom, such as 1.54184.",
-                          .Title = "Error",
-                          .Icon = MessageIcon::Stop});
-    return std::nullopt;
-  }
-  return words.WordVal[1];
-}
-
 bool Form6::LacksCalibration() const {
   return Buffer().PermX[2] - Buffer().PermX[1] > LargestDegreeStep && !HasCalibration(Buffer());
 }
@@ -253,7 +222,7 @@ bool Form6::AskForCalibration() {
 }
 
 void Form6::AcceptWavelength() {
-  const std::optional<float> wavelength = TypedWavelength();
+  const std::optional<float> wavelength = TypedWavelength(context_, Combo1.Text);
   if (!wavelength) {
     return;
   }

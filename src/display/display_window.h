@@ -15,7 +15,7 @@
 #include "display/profile_boxes.h"
 #include "display/rubber_band.h"
 #include "display/zoom_window.h"
-#include "forms/form.h"
+#include "workspace/buffer_window.h"
 #include "workspace/help_button.h"
 #include "workspace/kept_profile.h"
 #include "workspace/services.h"
@@ -24,7 +24,7 @@
 
 namespace koprax {
 
-class Form6 final : public Form {
+class Form6 final : public BufferWindow {
  public:
   explicit Form6(const WindowContext& context);
 
@@ -49,7 +49,6 @@ class Form6 final : public Form {
   void ShowWavelength();
   void EnterPrompt();
   void AcceptWavelength();
-  [[nodiscard]] std::optional<float> TypedWavelength();
   [[nodiscard]] bool LacksCalibration() const;
   [[nodiscard]] bool AskForCalibration();
   [[nodiscard]] bool HasPlot();
@@ -126,16 +125,10 @@ class Form6 final : public Form {
   /// The transform of Picture1, also while the zoom has one of its own.
   [[nodiscard]] const PlotTransform& ShownPlot() const;
 
-  /// The profile on show. Another one may be at work meanwhile; with none at work it is that of slot 0.
-  [[nodiscard]] ProfileBuffer& Buffer() const;
-  /// Before a command: the profile on show, its scale and its base are the ones at work again.
-  void TakeUp();
-  template <class Command>
-  [[nodiscard]] std::function<void()> OnItsProfile(Command command);
+  void TakeUp() override;
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;  ///< of the profile on show
     KeptProfile Kept;
     DrawnPlot Shown;
     bool DragActive = false;     ///< the rubber band follows the mouse
@@ -158,7 +151,6 @@ class Form6 final : public Form {
     std::weak_ptr<Form> Arithmetic;
   };
 
-  WindowContext context_;
   State state_;
 
   PictureBox Picture1{*this, "Picture1", PlotPicture()};

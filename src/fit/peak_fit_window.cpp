@@ -13,7 +13,7 @@
 
 namespace koprax {
 
-Form19::Form19(const WindowContext& context) : Form(context.Desk, "Form19", "Peak fit"), context_(context) {
+Form19::Form19(const WindowContext& context) : BufferWindow(context, "Form19", "Peak fit") {
   ArrangeControls();
   ConnectHandlers();
 }
@@ -50,41 +50,23 @@ LayoutNode Form19::StagesLayout() {
 
 void Form19::ArrangeControls() { SetLayout(Row({Stretched(PictureLayout()), StagesLayout()}), true); }
 
-template <class Command>
-std::function<void()> Form19::OnItsProfile(Command command) {
-  return [this, command] {
-    ClosePicker();
-    TakeUp();
-    command();
-  };
-}
-
-template <class Command>
-std::function<void()> Form19::WithProfile(Command command) {
-  return OnItsProfile([this, command] {
-    if (HasProfile()) {
-      command();
-    }
-  });
-}
-
 void Form19::ConnectHandlers() {
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
-  cmdSelectRange.OnClick = WithProfile([this] { SelectRange(); });
-  optOK.OnClick = WithProfile([this] { AcceptSelection(); });
-  optNO.OnClick = WithProfile([this] { RefuseSelection(); });
+  cmdSelectRange.OnClick = WithItsContent([this] { SelectRange(); });
+  optOK.OnClick = WithItsContent([this] { AcceptSelection(); });
+  optNO.OnClick = WithItsContent([this] { RefuseSelection(); });
 
-  cmdDefBkg.OnClick = WithProfile([this] { StartBackgroundLine(); });
-  Command2.OnClick = WithProfile([this] { LoadBackground(); });
-  Command5.OnClick = OnItsProfile([this] { QuitBackground(); });
+  cmdDefBkg.OnClick = WithItsContent([this] { StartBackgroundLine(); });
+  Command2.OnClick = WithItsContent([this] { LoadBackground(); });
+  Command5.OnClick = OnItsBuffer([this] { QuitBackground(); });
 
-  cmdSelPeaks.OnClick = WithProfile([this] { StartPeakSelection(); });
-  cmdLoadPeaks.OnClick = WithProfile([this] { LoadPeaks(); });
-  Command10.OnClick = OnItsProfile([this] { QuitPeaks(); });
+  cmdSelPeaks.OnClick = WithItsContent([this] { StartPeakSelection(); });
+  cmdLoadPeaks.OnClick = WithItsContent([this] { LoadPeaks(); });
+  Command10.OnClick = OnItsBuffer([this] { QuitPeaks(); });
 
-  cmdShowParam.OnClick = OnItsProfile([this] { ShowParameters(); });
-  cmdStartFit.OnClick = OnItsProfile([this] { StartFit(); });
-  cmdSave.OnClick = OnItsProfile([this] { SavePeaks(); });
+  cmdShowParam.OnClick = OnItsBuffer([this] { ShowParameters(); });
+  cmdStartFit.OnClick = OnItsBuffer([this] { StartFit(); });
+  cmdSave.OnClick = OnItsBuffer([this] { SavePeaks(); });
   Command15.OnClick = [this] { ForgetFit(); };
 
   Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
@@ -92,7 +74,6 @@ void Form19::ConnectHandlers() {
 }
 
 void Form19::OnLoad() {
-  state_.Slot = context_.Data.CurBuf;
   ClearFit(Fit());
   ForgetFit();
   Text8.Text = "l = " + GeneralText(Buffer().Wavelength);
@@ -154,14 +135,14 @@ bool Form19::ShowProfile(int slot) {
 
 // What is on show.
 
-ProfileBuffer& Form19::Buffer() const { return ShownBuffer(context_, state_.Slot); }
+void Form19::BeforeCommand() {
+  ClosePicker();
+  TakeUp();
+}
 
 void Form19::TakeUp() {
-  Workspace& data = context_.Data;
-  if (data.CurBuf != 0) {
-    MakeCurrent(context_, state_.Slot);
-  }
-  state_.Shown.PutBack(data);
+  BufferWindow::TakeUp();
+  state_.Shown.PutBack(context_.Data);
   if (state_.Shown.Readable() && HoldsItsPoints()) {
     Buffer().NegativeY = state_.NegativeY;
   }
@@ -169,7 +150,7 @@ void Form19::TakeUp() {
 
 bool Form19::HoldsItsPoints() const { return Buffer().PermNpts > 0 && state_.Kept.Matches(Buffer()); }
 
-bool Form19::HasProfile() {
+bool Form19::HasContent() {
   if (!HoldsItsPoints()) {
     Tell(ProfileGone(Buffer(), "Fit"));
     return false;
@@ -179,8 +160,6 @@ bool Form19::HasProfile() {
   }
   return state_.Shown.Readable();
 }
-
-void Form19::Tell(const Message& message) { Desk().Host().MsgBox(message); }
 
 void Form19::DrawFrame(const XRange& range) {
   Workspace& data = context_.Data;

@@ -14,7 +14,7 @@
 #include "display/rubber_band.h"
 #include "fit/fit_setup.h"
 #include "fit/minimiser.h"
-#include "forms/form.h"
+#include "workspace/buffer_window.h"
 #include "workspace/help_button.h"
 #include "workspace/kept_profile.h"
 #include "workspace/services.h"
@@ -25,7 +25,7 @@ namespace koprax {
 inline constexpr int CyclesPerRun = 5;
 inline constexpr float ProgressWidth = 2000;  ///< of the progress strip, in its own units
 
-class Form19 final : public Form {
+class Form19 final : public BufferWindow {
  public:
   explicit Form19(const WindowContext& context);
 
@@ -99,19 +99,11 @@ class Form19 final : public Form {
   void SavePeaks();
 
   // What is on show.
-  /// The profile of the window. Another one may be at work meanwhile; with none at work it is that of slot 0.
-  [[nodiscard]] ProfileBuffer& Buffer() const;
   [[nodiscard]] PeakFit& Fit() const { return context_.Data.Fit; }
-  /// Before a command: the profile on show and its scale are the ones at work again.
-  void TakeUp();
-  template <class Command>
-  [[nodiscard]] std::function<void()> OnItsProfile(Command command);
-  /// The same for a command that does nothing but tell the user when there is no profile to work on.
-  template <class Command>
-  [[nodiscard]] std::function<void()> WithProfile(Command command);
-  [[nodiscard]] bool HasProfile();
+  void TakeUp() override;
+  void BeforeCommand() override;
+  [[nodiscard]] bool HasContent() override;
   [[nodiscard]] bool HoldsItsPoints() const;
-  void Tell(const Message& message);
   void DrawFrame(const XRange& range);
   [[nodiscard]] XRange Range() const { return {state_.RangeLow, state_.RangeHigh}; }
   [[nodiscard]] CurveOrigin Origin() const;
@@ -124,7 +116,6 @@ class Form19 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;  ///< of the profile of the window
     KeptProfile Kept;
     DrawnPlot Shown;             ///< the frame on show
     float PictureXMin = 0;       ///< its left limit
@@ -150,7 +141,6 @@ class Form19 final : public Form {
     std::array<std::string, CyclesPerRun + 1> CycleChi;
   };
 
-  WindowContext context_;
   State state_;
 
   PictureBox Picture1{*this, "Picture1", PlotPicture()};

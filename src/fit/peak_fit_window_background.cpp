@@ -118,7 +118,7 @@ void Form19::TakeBackground(Form& picker, int slot) {
     return;
   }
   TakeUp();
-  if (!HasProfile()) {
+  if (!HasContent()) {
     RestoreBackground();
     return;
   }

@@ -27,7 +27,7 @@ void Form19::MousePressed(MouseButton button, float x, float y) {
     return;
   }
   TakeUp();
-  if (!HasProfile()) {
+  if (!HasContent()) {
     return;
   }
   ++state_.ClickCount;

@@ -27,7 +27,7 @@ void Form19::EndPeakSelection() {
 
 void Form19::SelectPeak(float x) {
   TakeUp();
-  if (!HasProfile()) {
+  if (!HasContent()) {
     return;
   }
   const float at = DataX(context_.Data.Plot, x, Origin().XMin);

@@ -16,8 +16,7 @@
 
 namespace koprax {
 
-Form12::Form12(const WindowContext& context)
-    : Form(context.Desk, "Form12", "Profile manipulatuion"), context_(context) {
+Form12::Form12(const WindowContext& context) : BufferWindow(context, "Form12", "Profile manipulatuion") {
   ArrangeControls();
   ConnectHandlers();
 }
@@ -52,56 +51,37 @@ LayoutNode Form12::ToolsLayout() {
 
 void Form12::ArrangeControls() { SetLayout(Row({Stretched(PictureLayout()), ToolsLayout()}), true); }
 
-template <class Command>
-std::function<void()> Form12::OnItsProfile(Command command) {
-  return [this, command] {
-    ClosePicker();  // the result that it waits for may be another one after the command
-    TakeUp();
-    command();
-  };
-}
-
-template <class Command>
-std::function<void()> Form12::WithProfile(Command command) {
-  return OnItsProfile([this, command] {
-    if (HasProfile()) {
-      command();
-    }
-  });
-}
-
 void Form12::ConnectHandlers() {
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
   Command18.OnClick = [this] { SaveBitmap(); };
 
-  cmdSmo.OnClick = WithProfile([this] { Smooth(); });
-  Command14.OnClick = WithProfile([this] { SaveSmoothed(false); });
+  cmdSmo.OnClick = WithItsContent([this] { Smooth(); });
+  Command14.OnClick = WithItsContent([this] { SaveSmoothed(false); });
   Command17.OnClick = [this] { QuitSmoothing(); };
 
-  cmdBckg.OnClick = WithProfile([this] { ResumeEstimate(); });
-  cmdResume.OnClick = WithProfile([this] { ResumeEstimate(); });
-  cmdSubtr.OnClick = WithProfile([this] { Subtract(); });
-  cmdRes.OnClick = WithProfile([this] { Rescale(); });
-  cmdZoom.OnClick = OnItsProfile([this] { cmdZoom.Caption.Get() == "Zoom" ? StartZoom() : Unzoom(); });
-  cmdPrint.OnClick = WithProfile([this] { PrintBackground(); });
-  cmdSave.OnClick = WithProfile([this] { SaveBackground(); });
-  cmdQuitBckg.OnClick = OnItsProfile([this] { QuitBackground(); });
+  cmdBckg.OnClick = WithItsContent([this] { ResumeEstimate(); });
+  cmdResume.OnClick = WithItsContent([this] { ResumeEstimate(); });
+  cmdSubtr.OnClick = WithItsContent([this] { Subtract(); });
+  cmdRes.OnClick = WithItsContent([this] { Rescale(); });
+  cmdZoom.OnClick = OnItsBuffer([this] { cmdZoom.Caption.Get() == "Zoom" ? StartZoom() : Unzoom(); });
+  cmdPrint.OnClick = WithItsContent([this] { PrintBackground(); });
+  cmdSave.OnClick = WithItsContent([this] { SaveBackground(); });
+  cmdQuitBckg.OnClick = OnItsBuffer([this] { QuitBackground(); });
 
-  cmdDFT.OnClick = WithProfile([this] { Transform(); });
-  cmdFilter.OnClick = WithProfile([this] { Filter(); });
-  cmdDFTInv.OnClick = WithProfile([this] { TransformInverse(); });
-  Command7.OnClick = WithProfile([this] { SaveFiltered(); });
+  cmdDFT.OnClick = WithItsContent([this] { Transform(); });
+  cmdFilter.OnClick = WithItsContent([this] { Filter(); });
+  cmdDFTInv.OnClick = WithItsContent([this] { TransformInverse(); });
+  Command7.OnClick = WithItsContent([this] { SaveFiltered(); });
   Command16.OnClick = [this] { QuitDft(); };
 
-  optOK.OnClick = WithProfile([this] { AcceptZoom(); });
-  optNO.OnClick = OnItsProfile([this] { CancelZoom(); });
+  optOK.OnClick = WithItsContent([this] { AcceptZoom(); });
+  optNO.OnClick = OnItsBuffer([this] { CancelZoom(); });
   Picture1.OnMouseDown = [this](MouseButton, float x, float y) { MousePressed(x, y); };
   Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
   Picture1.OnMouseUp = [this](MouseButton, float x, float) { MouseReleased(x); };
 }
 
 void Form12::OnLoad() {
-  state_.Slot = context_.Data.CurBuf;
   for (Control* hidden :
        {static_cast<Control*>(&optOK), static_cast<Control*>(&optNO), static_cast<Control*>(&Shape1),
         static_cast<Control*>(&Frame2), static_cast<Control*>(&Line1)}) {
@@ -150,6 +130,7 @@ void Form12::ReturnToMainMenu() {
 // Results into buffers.
 
 void Form12::SaveBackground() {
+  context_.Data.ModeCalib = false;  // the picker of a calibration is replaced by this one
   OpenPicker(pickers::CalibrationOrBackground, [](Workspace& data) { SaveBackgroundResult(data); });
 }
 
@@ -157,11 +138,11 @@ void Form12::SaveBackground() {
 void Form12::SaveSmoothed(bool by_dft) {
   OpenPicker(pickers::SmoothedResult, [this](Workspace& data) {
     SaveSmoothedResult(data);
-    if (data.CurBuf != state_.Slot) {
+    if (data.CurBuf != slot_) {
       EndSubtraction();
     }
-    state_.CopyIsDue = data.CurBuf != state_.Slot;
-    state_.Slot = data.CurBuf;
+    state_.CopyIsDue = data.CurBuf != slot_;
+    slot_ = data.CurBuf;
   });
   context_.Data.SaveDft = by_dft;
 }
@@ -182,7 +163,7 @@ void Form12::OpenPicker(const PickerKind& kind, const std::function<void(Workspa
 void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save) {
   Workspace& data = context_.Data;
   data.SumSource = static_cast<std::int16_t>(source);
-  if (!HasProfile()) {
+  if (!HasContent()) {
     MakeCurrent(context_, source);
     data.SaveDft = false;
     return;
@@ -190,7 +171,7 @@ void Form12::StoreResult(int source, const std::function<void(Workspace&)>& save
   PutBackBackground();
   save(data);
   state_.Kept.Keep(Buffer());
-  const ProfileTexts texts = TextsOf(data, state_.Slot);
+  const ProfileTexts texts = TextsOf(data, slot_);
   Boxes.Text2.Text = texts.Buffer;
   Boxes.Text5.Text = texts.Title;
 }
@@ -203,13 +184,14 @@ void Form12::ClosePicker() {
 
 // What is on show.
 
-ProfileBuffer& Form12::Buffer() const { return ShownBuffer(context_, state_.Slot); }
+void Form12::BeforeCommand() {
+  ClosePicker();  // the result that it waits for may be another one after the command
+  TakeUp();
+}
 
 void Form12::TakeUp() {
+  BufferWindow::TakeUp();
   Workspace& data = context_.Data;
-  if (data.CurBuf != 0) {
-    MakeCurrent(context_, state_.Slot);
-  }
   if (state_.CopyIsDue && HoldsItsPoints()) {
     TakeTemporaryCopy(Buffer());
     state_.Kept.KeepTemporary(Buffer());
@@ -238,7 +220,7 @@ void Form12::PutBackBackground() {
   }
 }
 
-bool Form12::HasProfile() {
+bool Form12::HasContent() {
   if (!HoldsItsPoints()) {
     Tell(ProfileGone(Buffer(), "Profile manipulation"));
     return false;
@@ -260,8 +242,6 @@ bool Form12::HasPlot() {
   }
   return state_.Plotted;
 }
-
-void Form12::Tell(const Message& message) { Desk().Host().MsgBox(message); }
 
 void Form12::TellBeyondRange(const std::string& what) {
   Tell(ErrorMessage(

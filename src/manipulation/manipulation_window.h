@@ -13,10 +13,10 @@
 #include "display/plot_transform.h"
 #include "display/profile_boxes.h"
 #include "display/rubber_band.h"
-#include "forms/form.h"
 #include "manipulation/background_plot.h"
 #include "manipulation/dft_filter.h"
 #include "workspace/buffer_picker.h"
+#include "workspace/buffer_window.h"
 #include "workspace/help_button.h"
 #include "workspace/kept_profile.h"
 #include "workspace/services.h"
@@ -31,7 +31,7 @@ namespace koprax {
           .DesignHeight = 200 / TwipsPerMillimetre};
 }
 
-class Form12 final : public Form {
+class Form12 final : public BufferWindow {
  public:
   explicit Form12(const WindowContext& context);
 
@@ -120,21 +120,13 @@ class Form12 final : public Form {
   void ShowFiltered();
 
   // What is on show.
-  /// The profile of the window. Another one may be at work meanwhile; with none at work it is that of slot 0.
-  [[nodiscard]] ProfileBuffer& Buffer() const;
-  /// Before a command: the profile on show, its limits and scale are the ones at work again.
-  void TakeUp();
+  void TakeUp() override;
+  void BeforeCommand() override;
   void PutBackBackground();
-  template <class Command>
-  [[nodiscard]] std::function<void()> OnItsProfile(Command command);
-  /// The same for a command that does nothing but tell the user when there is no profile to work on.
-  template <class Command>
-  [[nodiscard]] std::function<void()> WithProfile(Command command);
-  [[nodiscard]] bool HasProfile();
+  [[nodiscard]] bool HasContent() override;
   /// Whether the buffer still holds the points that this window has shown or left there.
   [[nodiscard]] bool HoldsItsPoints() const;
   [[nodiscard]] bool HasPlot();
-  void Tell(const Message& message);
   void TellBeyondRange(const std::string& what);
   /// Clears the picture and draws a frame. False when the limits span nothing, which is told.
   bool DrawFrame(const PlotLimits& limits);
@@ -148,7 +140,6 @@ class Form12 final : public Form {
 
   /// What stands as long as the window is loaded.
   struct State {
-    int Slot = 0;  ///< of the profile of the window
     KeptProfile Kept;
     bool CopyIsDue = false;      ///< of its temporary copy only the number of points is that of the profile
     PlotLimits Whole{};          ///< of the plot of the whole profile
@@ -173,7 +164,6 @@ class Form12 final : public Form {
     std::weak_ptr<Form> Picker;
   };
 
-  WindowContext context_;
   State state_;
 
   PictureBox Picture1{*this, "Picture1", PlotPicture()};

@@ -56,7 +56,7 @@ void Form12::MouseReleased(float x) {
   }
   state_.ZoomDrag = false;
   TakeUp();
-  if (!HasProfile()) {
+  if (!HasContent()) {
     return;
   }
   optOK.Visible = optNO.Visible = true;
@@ -78,7 +78,7 @@ void Form12::StartZoom() {
     Tell(NothingToSelectFrom());
     return;
   }
-  if (!HasProfile()) {
+  if (!HasContent()) {
     return;
   }
   UseBackgroundColours();

@@ -11,9 +11,9 @@ float SpacingOf(float two_theta, float wavelength) {
   return sine == 0 ? 0.0F : static_cast<float>(wavelength / (2 * sine));
 }
 
-float TwoThetaOfChannel(const std::array<double, 8>& coefficients, float channel) {
+float TwoThetaOfChannel(const std::array<double, 8>& coefficients, float channel, std::size_t last) {
   auto two_theta = static_cast<float>(coefficients[1]);
-  for (std::size_t k = 2; k < coefficients.size(); ++k) {
+  for (std::size_t k = 2; k <= last; ++k) {
     if (coefficients[k] != 0) {
       const double power = std::pow(static_cast<double>(channel), static_cast<double>(k - 1));
       two_theta = static_cast<float>(two_theta + coefficients[k] * power);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 namespace koprax {
 
@@ -13,7 +14,9 @@ inline constexpr float RadiansPerDegree = 0.017453292F;
 [[nodiscard]] float SpacingOf(float two_theta, float wavelength);
 
 /// The 2-theta of a channel by the calibration polynomial A1 + A2 c + ... + A7 c^6, held in a 32-bit float
-/// after each step; coefficients of 0 are passed over. `coefficients` is numbered from 1.
-[[nodiscard]] float TwoThetaOfChannel(const std::array<double, 8>& coefficients, float channel);
+/// after each step; coefficients of 0 are passed over. `coefficients` is numbered from 1; those behind
+/// `last`, at most 7, don't count.
+[[nodiscard]] float TwoThetaOfChannel(const std::array<double, 8>& coefficients, float channel,
+                                      std::size_t last = 7);
 
 }  // namespace koprax

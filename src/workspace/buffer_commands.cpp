@@ -41,6 +41,18 @@ void SaveChosenProfile(const WindowContext& context) {
   context.Data.ModeOut = false;
 }
 
+void StartCellRefinement(const WindowContext& context) {
+  Workspace& data = context.Data;
+  data.Current().CellFormat = data.Current().FormatCode;
+  data.CalCancelled = 0;
+  context.Cell.OpenCellWindow();
+  if (data.CalCancelled != 0) {
+    data.CalCancelled = 0;
+    context.Desk.Unload("Form26");
+  }
+  data.ModeCell = false;
+}
+
 void ShowChosenProfiles(const WindowContext& context, const std::vector<int>& slots) {
   Workspace& data = context.Data;
   data.SelBuf.fill(0);

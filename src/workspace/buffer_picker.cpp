@@ -1,6 +1,5 @@
 #include "workspace/buffer_picker.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -59,9 +58,7 @@ void BufferPicker::OnLoad() {
       checks_[i].Enabled = !buffer.Empty();
     }
   }
-  const auto empty = [](const ProfileBuffer& buffer) { return buffer.Empty(); };
-  if (kind_.FirstWhenAllEmpty &&
-      std::all_of(context_.Data.Buffers.begin() + 1, context_.Data.Buffers.end(), empty)) {
+  if (kind_.FirstWhenAllEmpty && AllBuffersEmpty(context_.Data)) {
     MakeCurrent(context_, 1);
   }
   if (actions_.Loaded) {

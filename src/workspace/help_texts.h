@@ -15,5 +15,6 @@ namespace koprax {
 [[nodiscard]] std::string_view ArithmeticHelp(HelpTopic topic);
 [[nodiscard]] std::string_view ManipulationHelp(HelpTopic topic);
 [[nodiscard]] std::string_view FitHelp(HelpTopic topic);
+[[nodiscard]] std::string_view CalibrationHelp(HelpTopic topic);
 
 }  // namespace koprax

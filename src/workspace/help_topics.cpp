@@ -21,7 +21,7 @@ std::string WithCarriageReturns(std::string_view text) {
 
 std::string HelpText(HelpTopic topic) {
   for (const auto texts :
-       {MainMenuHelp, FormatHelp, DisplayHelp, ArithmeticHelp, ManipulationHelp, FitHelp}) {
+       {MainMenuHelp, FormatHelp, DisplayHelp, ArithmeticHelp, ManipulationHelp, FitHelp, CalibrationHelp}) {
     if (const std::string_view text = texts(topic); !text.empty()) {
       return WithCarriageReturns(text);
     }

@@ -77,6 +77,12 @@ enum class HelpTopic {
   HelpStartFit,
   HelpFitFrame,
   HelpSaveFit,
+  // The calibration of a channel detector.
+  HelpCorundum,
+  HelpSilicon,
+  HelpCoupling,
+  HelpStartCalibration,
+  HelpSaveCalibration,
 };
 
 /// The whole text of a topic. Each line ends with CR LF.

@@ -22,6 +22,8 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
   cmdOut.OnClick = picking_for(&Workspace::ModeOut);
   cmdAnal.OnClick = picking_for(&Workspace::ModeAnal);
   cmdFit.OnClick = picking_for(&Workspace::ModeFit);
+  cmdCalib.OnClick = [this] { OpenCalibrationPicker(); };
+  cmdRefineCell.OnClick = [this] { OpenCellPicker(); };
   cmdDisp.OnClick = [this] { OpenDisplayPicker(); };
   cmdDelBuff.OnClick = [this] { OpenErasePicker(); };
   cmdStop.OnClick = [this] { Desk().Quit(); };
@@ -53,6 +55,43 @@ void Form1::OpenDisplayPicker() {
                             Form&, const std::vector<int>& slots) { ShowChosenProfiles(context, slots); },
               .GivenUp = [this] { context_.Data.ModeDisp = false; },
           })
+      ->Show();
+}
+
+void Form1::OpenCalibrationPicker() {
+  Workspace& data = context_.Data;
+  data.ModeCalib = true;
+  const auto picker = Desk().Load<BufferPicker>(context_, pickers::CalibrationOrBackground,
+                                                PickerActions{
+                                                    .Loaded =
+                                                        [&data] {
+                                                          data.NoProfileForCalib = AllBuffersEmpty(data);
+                                                          if (data.NoProfileForCalib) data.ModeCalib = false;
+                                                        },
+                                                    .Chosen =
+                                                        [context = context_](Form&, const std::vector<int>&) {
+                                                          context.Calibration.OpenCalibrationWindow();
+                                                          context.Data.ModeCalib = false;
+                                                        },
+                                                    .GivenUp = [&data] { data.ModeCalib = false; },
+                                                });
+  picker->Show();
+  if (data.NoProfileForCalib) {
+    data.NoProfileForCalib = false;
+    picker->Unload();
+    context_.Calibration.OpenCalibrationWindow();
+  }
+}
+
+void Form1::OpenCellPicker() {
+  context_.Data.ModeCell = true;
+  Desk()
+      .Load<BufferPicker>(context_, pickers::Cell,
+                          PickerActions{
+                              .Chosen = [context = context_](
+                                            Form&, const std::vector<int>&) { StartCellRefinement(context); },
+                              .GivenUp = [&data = context_.Data] { data.ModeCell = false; },
+                          })
       ->Show();
 }
 

@@ -18,6 +18,8 @@ class Form1 final : public Form {
   void OnCloseBox() override;
   void ArrangeControls();
   void OpenDisplayPicker();
+  void OpenCalibrationPicker();
+  void OpenCellPicker();
   void OpenErasePicker();
 
   WindowContext context_;
@@ -39,14 +41,10 @@ class Form1 final : public Form {
   Button cmdFit{*this, "cmdFit", {.Caption = "&Fit", .ToolTip = "Start the peak fitting procedure"}};
   Button cmdDelBuff{
       *this, "cmdDelBuff", {.Caption = "&Erase buffer", .ToolTip = "Delete a specified buffer"}};
-  Button cmdCalib{*this,
-                  "cmdCalib",
-                  {.Caption = "&Calibration", .ToolTip = "Start a calibration procedure", .Enabled = false}};
+  Button cmdCalib{*this, "cmdCalib", {.Caption = "&Calibration", .ToolTip = "Start a calibration procedure"}};
   Button cmdStop{*this, "cmdStop", {.Caption = "&Quit", .ToolTip = "Exit the program"}};
   Button cmdRefineCell{
-      *this,
-      "cmdRefineCell",
-      {.Caption = "&Refine cell", .ToolTip = "Start a cell parameter refinement", .Enabled = false}};
+      *this, "cmdRefineCell", {.Caption = "&Refine cell", .ToolTip = "Start a cell parameter refinement"}};
   Button cmdNew{*this, "cmdNew", {.Caption = "System cfg.", .Enabled = false}};
 
   HelpButton Command1{*this, "Command1", context_.Main, HelpTopic::HelpLoad};

@@ -113,6 +113,32 @@ class FitServices {
   virtual bool OpenFitWindow(int slot) = 0;
 };
 
+/// The calibration of a channel detector.
+class CalibrationServices {
+ public:
+  CalibrationServices() = default;
+  CalibrationServices(const CalibrationServices&) = delete;
+  CalibrationServices& operator=(const CalibrationServices&) = delete;
+  virtual ~CalibrationServices() = default;
+
+  /// Opens the Calibration window anew on the peak list of CurBuf. A buffer without a list is asked for one
+  /// first; the window shows itself once there is one, or goes again.
+  virtual void OpenCalibrationWindow() = 0;
+};
+
+/// The refinement of a cell.
+class CellServices {
+ public:
+  CellServices() = default;
+  CellServices(const CellServices&) = delete;
+  CellServices& operator=(const CellServices&) = delete;
+  virtual ~CellServices() = default;
+
+  /// Opens the Cell refinement window anew on the peak list of CurBuf, as the Calibration window is opened.
+  /// Where the list is refused, CalCancelled is set and no buffer is at work.
+  virtual void OpenCellWindow() = 0;
+};
+
 /// What each window is handed at its making.
 struct WindowContext {
   Desktop& Desk;
@@ -123,6 +149,8 @@ struct WindowContext {
   CardServices& Cards;
   ManipulationServices& Manipulation;
   FitServices& Fit;
+  CalibrationServices& Calibration;
+  CellServices& Cell;
 };
 
 }  // namespace koprax

@@ -17,6 +17,11 @@ Workspace::Workspace() : BlankTitle(TitleWidth, ' ') {
   }
 }
 
+bool AllBuffersEmpty(const Workspace& workspace) {
+  return std::all_of(workspace.Buffers.begin() + 1, workspace.Buffers.end(),
+                     [](const ProfileBuffer& buffer) { return buffer.Empty(); });
+}
+
 void EraseBuffer(Workspace& workspace, int slot) {
   ProfileBuffer& buffer = workspace.Buffer(slot);
   buffer.Title = workspace.BlankTitle;

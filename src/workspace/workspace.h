@@ -246,6 +246,9 @@ struct Workspace {
   PeakFit Fit;
 };
 
+/// Whether none of the six buffers holds a profile.
+[[nodiscard]] bool AllBuffersEmpty(const Workspace& workspace);
+
 /// Clears everything of a slot, the format header lines excepted. The limits become 0.
 void EraseBuffer(Workspace& workspace, int slot);
 

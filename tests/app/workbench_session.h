@@ -107,10 +107,12 @@ class SilentServices : public MainServices,
                        public DisplayServices,
                        public CardServices,
                        public ManipulationServices,
-                       public FitServices {
+                       public FitServices,
+                       public CalibrationServices,
+                       public CellServices {
  public:
   explicit SilentServices(WorkbenchSession& session)
-      : Context{session.Desk(), session.Data(), *this, *this, *this, *this, *this, *this} {}
+      : Context{session.Desk(), session.Data(), *this, *this, *this, *this, *this, *this, *this, *this} {}
 
   void ShowMainMenu() override {}
   void BringMainMenuToFront() override {}
@@ -129,6 +131,8 @@ class SilentServices : public MainServices,
   bool OpenManipulationWindow(int /*slot*/) override { return false; }
   void PutByBackground() override {}
   bool OpenFitWindow(int /*slot*/) override { return false; }
+  void OpenCalibrationWindow() override {}
+  void OpenCellWindow() override {}
 
   WindowContext Context;
   int TitlesGivenUp = 0;

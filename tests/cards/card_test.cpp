@@ -55,9 +55,10 @@ TEST(CardTable, PrintsThreeReflectionsARowWithAllTheirDigits) {
 
 TEST(CardPlot, DrawsAStickForEachReflectionAsHighAsTheCardSays) {
   const ProfileBuffer card = CardOf({{1, 1, 1, 100, 30, 3}, {2, 2, 0, 60, 119, 2}});
-  PlotTransform plot;
-  Surface picture(CardPicture().Scale);
-  ASSERT_TRUE(DrawCard(card, plot, picture));
+  StickPlot plot;
+  Surface picture(StickPicture().Scale);
+  ASSERT_TRUE(plot.DrawFrame(CardRange(card), picture));
+  plot.DrawSticks(CardSticks(card), picture);
   // 99 units for 25 to 124 degrees; 28.5 units for 120.
   const auto y = [](double intensity) { return static_cast<float>(10 + 28.5 / 120 * intensity); };
   const auto& drawn = picture.Operations();

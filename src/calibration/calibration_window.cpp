@@ -1,0 +1,1 @@
+#include "calibration/calibration_window.h"

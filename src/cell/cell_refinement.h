@@ -1,0 +1,42 @@
+// The least squares of a cell and of a zero correction from indexed peaks, one Gauss-Newton step a cycle.
+// When to stop is left to the user.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cell/cell_model.h"
+#include "forms/runtime.h"
+
+namespace koprax {
+
+inline constexpr std::size_t MaxAccepted = 300;
+inline constexpr std::size_t MaxCellParameters = 7;
+inline constexpr int MaxIndex = 181;  ///< whose square fits 16 bits
+
+/// The indexed peaks, from 1.
+struct AcceptedPeaks {
+  std::int16_t AcceptedCount = 0;
+  std::array<std::int16_t, MaxAccepted + 1> AcceptedH{};
+  std::array<std::int16_t, MaxAccepted + 1> AcceptedK{};
+  std::array<std::int16_t, MaxAccepted + 1> AcceptedL{};
+  std::array<float, MaxAccepted + 1> AcceptedTheta2{};  ///< observed 2-theta in degrees
+};
+
+/// What a cycle has to tell.
+struct CycleFindings {
+  /// Why there was no cycle; the cell is as it was before.
+  std::optional<Message> Problem;
+  /// The numbers, from 1, of the parameters whose variance came out below 0; their deviations are 0.
+  std::vector<int> NegativeVariances;
+  std::string Text;  ///< of a cycle that took place: peaks, factors, zero correction, cell
+};
+
+/// One step from the cell in hand to a better one.
+[[nodiscard]] CycleFindings RefineCycle(CellModel& cell, const AcceptedPeaks& peaks);
+
+}  // namespace koprax

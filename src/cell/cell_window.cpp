@@ -1,0 +1,1 @@
+#include "cell/cell_window.h"

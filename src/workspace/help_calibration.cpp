@@ -1,0 +1,8 @@
+// The help texts of the calibration.
+#include "workspace/help_texts.h"
+
+namespace koprax {
+
+std::string_view CalibrationHelp(HelpTopic /*topic*/) { return {}; }
+
+}  // namespace koprax

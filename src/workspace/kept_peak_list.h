@@ -1,0 +1,44 @@
+// The peak list of a buffer as a window has shown it, so that it can tell later whether another window has
+// changed it. What it does then is left to the window.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "forms/runtime.h"
+#include "workspace/workspace.h"
+
+namespace koprax {
+
+class KeptPeakList {
+ public:
+  void Keep(const ProfileBuffer& buffer) {
+    count_ = buffer.NPeaks;
+    columns_ = {buffer.PeakTheta, buffer.PeakY, buffer.PeakChannel};
+  }
+  [[nodiscard]] bool Matches(const ProfileBuffer& buffer) const {
+    const std::array<const Column*, 3> now{&buffer.PeakTheta, &buffer.PeakY, &buffer.PeakChannel};
+    return count_ == buffer.NPeaks &&
+           std::ranges::equal(columns_, now, [this](const Column& kept, auto* column) {
+             return std::equal(kept.begin() + 1, kept.begin() + 1 + count_, column->begin() + 1);
+           });
+  }
+
+ private:
+  using Column = std::array<std::string, MaxPeaks + 1>;
+  int count_ = 0;
+  std::array<Column, 3> columns_;
+};
+
+/// What the user is told where a buffer holds another peak list by now than the one on show, or none;
+/// `command` of the main menu starts anew.
+[[nodiscard]] inline Message PeakListGone(const ProfileBuffer& buffer, const std::string& command) {
+  return ErrorMessage(
+      (buffer.NPeaks == 0
+           ? "There is no peak in the list of buffer " + buffer.BufLetter + " to select."
+           : "The peak list of buffer " + buffer.BufLetter + " has been changed in another window.") +
+      "\r\nStart with \"" + command + "\" of the main menu and a list of peaks.");
+}
+
+}  // namespace koprax
