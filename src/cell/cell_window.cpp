@@ -1,1 +1,215 @@
+// The window as a whole: its making, the peak list in the picture, its wavelength, the ways out. The steps
+// from the cell to its refinement stand in cell_window_steps.cpp.
 #include "cell/cell_window.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "display/plot_axes.h"
+#include "files/calibration_commands.h"
+#include "files/calibration_file.h"
+#include "files/peak_list_commands.h"
+#include "files/typed_wavelength.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+#include "workspace/bragg.h"
+
+namespace koprax {
+
+namespace {
+
+/// A channel list gets the whole detector, whatever its peaks.
+constexpr XRange Detector{.Low = 0, .High = 4096};
+constexpr float DegreesAround = 5;
+
+/// Of a detector that is read here the coefficients up to this one count.
+constexpr std::size_t LastCoefficient = 5;
+
+}  // namespace
+
+Form26::Form26(const WindowContext& context) : BufferWindow(context, "Form26", "Cell refinement") {
+  for (Label* greek : {&Label6, &Label7, &Label8}) {
+    greek->FontName = SymbolFont;
+  }
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+LayoutNode Form26::CellLayout() {
+  return Framed(
+      Frame1,
+      Column({Row({Label9, Stretched(Combo2), Command2}), KeepingRoom(Label1),
+              Grid(4, {KeepingRoom(Label2), KeepingRoom(Text6), KeepingRoom(Label6),
+                       KeepingRoom(Text9),  //
+                       KeepingRoom(Label4), KeepingRoom(Text7), KeepingRoom(Label7),
+                       KeepingRoom(Text10),  //
+                       KeepingRoom(Label5), KeepingRoom(Text8), KeepingRoom(Label8), KeepingRoom(Text11)}),
+              Row({Space(), Command1})}));
+}
+
+LayoutNode Form26::GenerationLayout() {
+  return KeepingRoom(Framed(Frame2, Column({Label10, Grid(2, {Label12, Text16, Label13, Text17}),
+                                            Row({Space(), cmdPeakGeneration}), Stretched(Text14)})));
+}
+
+LayoutNode Form26::IndexationLayout() {
+  return Framed(Frame4, Column({Label11, Label14, Grid(2, {Label15, Text15}),
+                                Row({Label16, Text18, Label17, Text19, Label18, Text20, Command4, Space()}),
+                                Grid(2, {Label20, Text21}), Row({cmdAccept, cmdRefuse, Space()}),
+                                Row({Label21, Text22, Space(), Command5}), Space()}));
+}
+
+LayoutNode Form26::RefinementLayout() {
+  return Framed(Frame5, Column({Row({cmdOptimize, Space()}), Stretched(Text23)}));
+}
+
+void Form26::ArrangeControls() {
+  SetLayout(Column({
+                Stretched(Row(
+                    {Stretched(Column(
+                         {Stretched(Picture1), Row({Stretched(Text2), Stretched(Text3), Stretched(Text1)}),
+                          Row({Stretched(Text4), Stretched(Text5), Stretched(Text13), Stretched(Text12)})})),
+                     Column({Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK})})),
+                             CellLayout(), Space()})})),
+                Stretched(Row({GenerationLayout(),
+                               Stretched(KeepingRoom(Stack({IndexationLayout(), RefinementLayout()})))})),
+                Row({Space(), Command3}),
+            }),
+            true);
+}
+
+void Form26::ConnectHandlers() {
+  cmdComboOK.OnClick = OnItsBuffer([this] { TakeWavelength(); });
+  Command2.OnClick = [this] { ChooseSystem(); };
+  Command1.OnClick = [this] { TakeCell(); };
+  cmdPeakGeneration.OnClick = [this] { GeneratePeaks(); };
+  Command4.OnClick = [this] { TakeTriplet(); };
+  cmdAccept.OnClick = [this] { AcceptPeak(); };
+  cmdRefuse.OnClick = [this] { RefusePeak(); };
+  Command5.OnClick = [this] { EndIndexation(); };
+  cmdOptimize.OnClick = [this] { Refine(); };
+  Command3.OnClick = [this] { ReturnToMainMenu(); };
+  Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
+  Picture1.OnMouseDown = [this](MouseButton, float x, float) { SelectPeak(x); };
+}
+
+void Form26::OnLoad() {
+  ShowCellBoxes(false);
+  Text22.Text = "0";
+  if (Buffer().NPeaks != 0) {
+    disegna_picchi();
+  } else if (!ReadPeakListForCell(context_, WhileLoaded(std::function<void()>([this] { disegna_picchi(); })),
+                                  WhileLoaded(std::function<void()>([this] { Unload(); })))) {
+    Unload();
+  }
+}
+
+void Form26::ReturnToMainMenu() {
+  if (const auto picker = Desk().Find("Form27")) {
+    picker->CloseBox();
+  }
+  Unload();
+}
+
+bool Form26::HasContent() {
+  const bool has_list = Buffer().NPeaks != 0 && state_.Kept.Matches(Buffer());
+  if (!has_list) {
+    Tell(PeakListGone(Buffer(), "Refine cell"));
+  }
+  return has_list;
+}
+
+// The peak list and its wavelength.
+
+void Form26::disegna_picchi() {
+  Show();
+  state_.Kept.Keep(Buffer());
+  DrawPeaks();
+  if (Buffer().Wavelength == 0) {
+    Frame3.Visible = true;
+    Frame1.Visible = false;
+  } else {
+    ShowWavelength();
+  }
+}
+
+void Form26::DrawPeaks() {
+  Picture1.Cls();
+  state_.Sticks = PeakSticks(Buffer(), InChannels());
+  const XRange range = PictureRange();
+  if (!state_.Plot.DrawFrame(range, Picture1)) {
+    return;
+  }
+  Text2.Text = "xmin = " + RoundedText(range.Low, 3);
+  Text3.Text = "xmax = " + RoundedText(range.High, 3);
+  state_.Plot.DrawSticks(state_.Sticks, Picture1);
+}
+
+/// Of a list in 2-theta without peaks it spans nothing.
+XRange Form26::PictureRange() const {
+  if (InChannels()) {
+    return Detector;
+  }
+  float lowest = 10000;
+  float highest = 0;
+  for (const Stick& stick : state_.Sticks) {
+    lowest = std::min(lowest, stick.X);
+    highest = std::max(highest, stick.X);
+  }
+  return {.Low = lowest - DegreesAround, .High = highest + DegreesAround};
+}
+
+bool Form26::InChannels() const {
+  return Buffer().CellFormat == static_cast<std::int16_t>(FormatCodes::CpsChannels);
+}
+
+float Form26::TwoThetaAt(float x) const {
+  return InChannels() ? TwoThetaOfChannel(Buffer().CalPar, x, LastCoefficient) : x;
+}
+
+void Form26::TakeWavelength() {
+  const std::optional<float> wavelength = NeededWavelength(context_, Combo1.Text);
+  if (!wavelength) {
+    return;
+  }
+  Frame1.Visible = true;
+  Buffer().Wavelength = *wavelength;
+  ShowWavelength();
+  const bool lacks_calibration = InChannels() && !HasCalibration(Buffer());
+  Frame3.Visible = lacks_calibration && !AskForCalibration();
+}
+
+void Form26::ShowWavelength() {
+  state_.Cell.CellLambda = Buffer().Wavelength;
+  Text1.Text = "  l = " + GeneralText(Buffer().Wavelength);
+}
+
+/// False when the user cancels it, which leaves the buffer without wavelength and peaks.
+bool Form26::AskForCalibration() {
+  ReadCalFile(context_);
+  if (context_.Data.CalCancelled == 0) {
+    return true;
+  }
+  context_.Data.CalCancelled = 0;
+  Buffer().NPeaks = 0;
+  Buffer().Wavelength = 0;
+  DrawPeaks();
+  return false;
+}
+
+void Form26::ShowReadOut(float x, float y) {
+  if (!state_.Plot.Readable()) {
+    return;
+  }
+  const auto [data_x, data_y] = state_.Plot.NearestPlace(x, y);
+  Text4.Text = "x = " + RoundedText(data_x, 4);
+  Text5.Text = "y = " + GeneralText(data_y);
+  const float two_theta = TwoThetaAt(data_x);
+  if (InChannels()) {
+    Text13.Text = "2q = " + RoundedText(two_theta, 3);
+  }
+  // Where the sine isn't above 0 there is no d.
+  Text12.Text = RoundedText(std::max(SpacingOf(two_theta, Buffer().Wavelength), 0.0F), 4);
+}
+
+}  // namespace koprax

@@ -1,0 +1,252 @@
+// The steps of the work: the cell, its reflections, the indices of the peaks, the refinement.
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "cell/cell_window.h"
+#include "cell/reflection_list.h"
+#include "files/calibration_file.h"
+#include "forms/desktop.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+
+namespace {
+
+float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
+
+Message NoCell() {
+  return ErrorMessage(
+      "These lengths and angles are those of no cell.\r\nGive lengths above 0, and angles between 0 and 180 "
+      "degrees that enclose a volume.");
+}
+
+Message NoReflections() {
+  return ErrorMessage(
+      "There is no cell whose reflections could be listed, because no crystal system was chosen.\r\nReturn "
+      "to "
+      "the main menu and start \"Refine cell\" anew.");
+}
+
+Message TooManyReflections() {
+  return ErrorMessage(
+      "The range holds more reflections than can be numbered.\r\nReduce 2-theta max, or check the lengths of "
+      "the cell.");
+}
+
+Message LimitOfGeneration() {
+  return {
+      .Text =
+          "Maximum number of peaks (300) reached!!\r\nReduce 2-theta range for peak generation, otherwise "
+          "some peak will be lost.",
+      .Title = "Warning"};
+}
+
+Message NotCalibrated(const ProfileBuffer& buffer) {
+  return {
+      .Text =
+          "Buffer " + buffer.BufLetter +
+          " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak, or load "
+          "the profile anew and give its wavelength and calibration.",
+      .Title = "Warning",
+      .Icon = MessageIcon::Exclamation};
+}
+
+Message NoPeakNearby() {
+  return ErrorMessage("There is no peak near this place.\r\nClick on a peak in the figure.");
+}
+
+Message NoRoomForPeak() {
+  return ErrorMessage(
+      "300 peaks have been accepted, which is all there is room for.\r\nGo on with \"Quit\".");
+}
+
+Message NoIndices() {
+  return ErrorMessage("Indices have to lie within -" + std::to_string(MaxIndex) + " and " +
+                      std::to_string(MaxIndex) + ".\r\nType others and press \"OK\".");
+}
+
+Message NoPosition() {
+  return ErrorMessage("The 2-theta of the selected peak is out of range.\r\nType one in degrees.");
+}
+
+/// The index that a typed number stands for; nothing if its square doesn't fit 16 bits.
+std::optional<std::int16_t> IndexOf(float typed) {
+  const auto index = ToInt16(typed);
+  return index && std::abs(*index) <= MaxIndex ? index : std::nullopt;
+}
+
+}  // namespace
+
+// The cell and its reflections.
+
+void Form26::ChooseSystem() {
+  state_.Cell.CrystalSystem = CrystalSystemOf(Combo2.Text.Get());
+  ShowCellBoxes(true);
+  CloseFixedBoxes();
+  Combo2.Enabled = false;
+}
+
+void Form26::ShowCellBoxes(bool shown) {
+  for (Label* label : {&Label1, &Label2, &Label4, &Label5, &Label6, &Label7, &Label8}) {
+    label->Visible = shown;
+  }
+  for (TextBox* box : {&Text6, &Text7, &Text8, &Text9, &Text10, &Text11}) {
+    box->Visible = shown;
+  }
+}
+
+void Form26::CloseFixedBoxes() {
+  const auto close = [](TextBox& box, const char* text = "") {
+    box.Text = text;
+    box.Locked = true;
+    box.Enabled = false;
+  };
+  switch (state_.Cell.CrystalSystem) {
+    case CrystalSystems::None:
+    case CrystalSystems::Triclinic:
+      return;
+    case CrystalSystems::Monoclinic:
+      break;
+    case CrystalSystems::Orthorhombic:
+      close(Text10);
+      break;
+    case CrystalSystems::Tetragonal:
+    case CrystalSystems::TrigonalHexagonal:
+      close(Text7, " a");
+      close(Text10);
+      break;
+    case CrystalSystems::Cubic:
+      close(Text7, " a");
+      close(Text8, " a");
+      close(Text10);
+      break;
+  }
+  close(Text9);
+  close(Text11, state_.Cell.CrystalSystem == CrystalSystems::TrigonalHexagonal ? "120" : "");
+}
+
+void Form26::TakeCell() {
+  CellModel& cell = state_.Cell;
+  TypedCell typed{};
+  const std::array<const TextBox*, 6> boxes{&Text6, &Text7, &Text8, &Text9, &Text10, &Text11};
+  for (std::size_t k = 0; k < boxes.size(); ++k) typed[k + 1] = LeadingNumber(boxes[k]->Text.Get());
+  const CellNumbers direct = DirectCellOf(cell.CrystalSystem, typed);
+  // Without a system there is no cell; the refinement tells.
+  if (cell.CrystalSystem != CrystalSystems::None) {
+    if (!IsCell(direct)) {
+      Tell(NoCell());
+      return;
+    }
+    cell.CellDirect = direct;
+    CellConvert(cell.CellDirect, cell.CellRecip, CellConversion::Reciprocal);
+    CellConvert(cell.CellRecip, cell.CellQuad, CellConversion::QuadraticForm);
+  }
+  Frame1.Enabled = false;
+  Frame2.Visible = Frame4.Visible = true;
+  state_.IndexationActive = true;
+}
+
+void Form26::GeneratePeaks() {
+  if (!IsCell(state_.Cell.CellRecip)) {
+    Tell(NoReflections());
+    return;
+  }
+  GeneratedReflections found = GenerateReflections(state_.Cell, NumberIn(Text16), NumberIn(Text17));
+  if (found.TooMany) {
+    Tell(TooManyReflections());
+    return;
+  }
+  if (found.LimitReached) {
+    Tell(LimitOfGeneration());
+  }
+  SortReflections(found.Reflections);
+  Text14.Text = ReflectionRows(found.Reflections);
+}
+
+// The indices.
+
+void Form26::SelectPeak(float x) {
+  if (!state_.IndexationActive) {
+    return;
+  }
+  TakeUp();
+  if (!HasContent()) {
+    return;
+  }
+  const auto nearest = NearestStick(state_.Sticks, state_.Plot.XAt(x));
+  if (!nearest) {
+    Tell(NoPeakNearby());
+    return;
+  }
+  state_.Selected = state_.Sticks[*nearest];
+  state_.Plot.DrawStick(*state_.Selected, colours::Blue, Picture1);
+  ShowObserved(*nearest + 1);
+}
+
+/// `peak` from 1.
+void Form26::ShowObserved(std::size_t peak) {
+  if (!InChannels()) {
+    Text15.Text = " " + Buffer().PeakTheta[peak];
+    return;
+  }
+  Text15.Text = RoundedText(TwoThetaAt(state_.Selected->X), 3);
+  if (!HasCalibration(Buffer())) {
+    Tell(NotCalibrated(Buffer()));
+  }
+}
+
+void Form26::TakeTriplet() {
+  state_.Triplet = {.H = NumberIn(Text18), .K = NumberIn(Text19), .L = NumberIn(Text20)};
+  if (const auto two_theta = TwoThetaOf(state_.Cell, state_.Triplet)) {
+    Text21.Text = RoundedText(*two_theta, 3);
+  }
+}
+
+void Form26::AcceptPeak() {
+  AcceptedPeaks& accepted = state_.Accepted;
+  const auto h = IndexOf(state_.Triplet.H);
+  const auto k = IndexOf(state_.Triplet.K);
+  const auto l = IndexOf(state_.Triplet.L);
+  const float observed = NumberIn(Text15);
+  if (accepted.AcceptedCount == MaxAccepted) {
+    Tell(NoRoomForPeak());
+  } else if (!h || !k || !l) {
+    Tell(NoIndices());
+  } else if (!std::isfinite(observed)) {
+    Tell(NoPosition());
+  } else {
+    const auto i = static_cast<std::size_t>(++accepted.AcceptedCount);
+    accepted.AcceptedH[i] = *h;
+    accepted.AcceptedK[i] = *k;
+    accepted.AcceptedL[i] = *l;
+    accepted.AcceptedTheta2[i] = observed;
+    Text22.Text = std::to_string(accepted.AcceptedCount);
+  }
+}
+
+void Form26::RefusePeak() {
+  if (state_.Selected) {
+    state_.Plot.DrawStick(*state_.Selected, colours::Red, Picture1);
+  }
+}
+
+void Form26::EndIndexation() {
+  state_.IndexationActive = false;
+  Frame4.Visible = false;
+  Frame5.Visible = true;
+}
+
+void Form26::Refine() {
+  const CycleFindings findings = RefineCycle(state_.Cell, state_.Accepted);
+  if (findings.Problem) {
+    Tell(*findings.Problem);
+    return;
+  }
+  for (const int parameter : findings.NegativeVariances) {
+    Tell(ErrorMessage("Negative value found for e.s.d. of parameter nr. " + std::to_string(parameter)));
+  }
+  Text23.Text = findings.Text;
+}
+
+}  // namespace koprax
