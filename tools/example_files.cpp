@@ -58,16 +58,31 @@ ExampleFile CorundumFile() {
   return {"corundum_one_column.txt", Joined("Corundum powder, Cu K-alpha, 20-100 deg", lines)};
 }
 
-/// Two columns, with a wavelength record.
+/// Two columns in steps of 0.02 degrees, with a wavelength record.
+std::string TwoColumns(const std::string& title, double first, const std::vector<long>& counts) {
+  Lines lines{" 1.540596"};
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    lines.push_back(" " + Angle(first, 0.02, i) + "   " + std::to_string(counts[i]));
+  }
+  return Joined(title, lines);
+}
+
 ExampleFile MixtureFile() {
   const std::vector<long> counts =
       Counts({EvenAngles(20, 0.02, 3501), 0.02, {{Silicon(), 24000}, {Corundum(), 15000}}, 1968});
-  Lines lines{" 1.540596"};
-  for (std::size_t i = 0; i < counts.size(); ++i) {
-    lines.push_back(" " + Angle(20, 0.02, i) + "   " + std::to_string(counts[i]));
-  }
   return {"silicon_corundum_two_columns.txt",
-          Joined("Silicon and corundum mixed, Cu K-alpha, 20-90 deg", lines)};
+          TwoColumns("Silicon and corundum mixed, Cu K-alpha, 20-90 deg", 20, counts)};
+}
+
+/// One wavelength, as a monochromator leaves it, so that each reflection is one peak; and a zero error.
+ExampleFile MonochromaticFile() {
+  const std::vector<long> counts = Counts({.Angles = EvenAngles(25, 0.02, 4801),
+                                           .Step = 0.02,
+                                           .Sample = {{Silicon(), 250000}},
+                                           .Seed = 1951,
+                                           .Tube = {{AlphaOne, 1}},
+                                           .ZeroError = MonochromaticZeroError});
+  return {"silicon_monochromatic.txt", TwoColumns("Silicon powder, Cu K-alpha 1, 25-121 deg", 25, counts)};
 }
 
 // ---- A detector of 4096 channels -------------------------------------------------------------------
@@ -186,7 +201,7 @@ ExampleFile CardFile() {
 }  // namespace
 
 std::vector<ExampleFile> ExampleFiles() {
-  return {SiliconFile(),     CorundumFile(), MixtureFile(), ChannelFile(),
+  return {SiliconFile(),     CorundumFile(), MixtureFile(), MonochromaticFile(), ChannelFile(),
           CalibrationFile(), PhilipsFile(),  SiemensFile(), CardFile()};
 }
 

@@ -13,6 +13,9 @@ struct ExampleFile {
   std::string Contents{};
 };
 
+/// The zero error that silicon_monochromatic.txt was "measured" with, degrees of 2-theta.
+inline constexpr double MonochromaticZeroError = 0.02;
+
 /// All example files. They are the same, byte for byte, at every call.
 [[nodiscard]] std::vector<ExampleFile> ExampleFiles();
 

@@ -1,23 +1,12 @@
 #include "tools/example_profiles.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 
 namespace koprax::examples {
 namespace {
-
-/// A line of the tube: wavelength in angstrom and share of the intensity.
-struct TubeLine {
-  double Wavelength;
-  double Share;
-};
-
-/// Copper K-alpha 1, and K-alpha 2 at half its height.
-constexpr double AlphaOne = 1.540596;
-constexpr std::array CopperLines{TubeLine{AlphaOne, 2.0 / 3.0}, TubeLine{1.544493, 1.0 / 3.0}};
 
 /// Beyond this many widths from its line a peak adds less than a tenth of a count.
 constexpr double ReachInWidths = 60;
@@ -67,9 +56,9 @@ void AddPhase(const Measurement& measurement, const Component& component, std::v
   for (const Reflection& reflection : component.What.Reflections) {
     const double spacing = PlaneSpacing(component.What, reflection);
     const double area = component.Counts * measurement.Step * reflection.Intensity / 100;
-    for (const TubeLine& line : CopperLines) {
+    for (const TubeLine& line : measurement.Tube) {
       if (const auto position = TwoTheta(spacing, line.Wavelength)) {
-        AddLine(measurement, *position, area * line.Share, expected);
+        AddLine(measurement, *position + measurement.ZeroError, area * line.Share, expected);
       }
     }
   }

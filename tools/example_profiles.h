@@ -29,11 +29,23 @@ struct Component {
   double Counts = 0;
 };
 
+/// A line of the tube: wavelength in angstrom and share of the intensity.
+struct TubeLine {
+  double Wavelength = 0;
+  double Share = 0;
+};
+
+/// Copper K-alpha 1, angstrom.
+inline constexpr double AlphaOne = 1.540596;
+
 struct Measurement {
-  std::vector<double> Angles{};  ///< 2-theta of each point, degrees
+  std::vector<double> Angles{};  ///< 2-theta of each point as the instrument tells it, degrees
   double Step = 0;               ///< how much of 2-theta one point gathers, degrees
   std::vector<Component> Sample{};
   unsigned Seed = 0;  ///< of the counting noise
+  /// Copper K-alpha 1, and K-alpha 2 at half its height.
+  std::vector<TubeLine> Tube{{AlphaOne, 2.0 / 3.0}, {1.544493, 1.0 / 3.0}};
+  double ZeroError = 0;  ///< what the instrument tells beyond the true 2-theta, degrees
 };
 
 [[nodiscard]] Phase Silicon();
@@ -42,7 +54,7 @@ struct Measurement {
 /// The distance of the lattice planes of a reflection, angstrom.
 [[nodiscard]] double PlaneSpacing(const Phase& phase, const Reflection& reflection);
 
-/// The counts at each point: lines of both K-alpha wavelengths on a background, with counting noise.
+/// The counts at each point: lines of all wavelengths of the tube on a background, with counting noise.
 [[nodiscard]] std::vector<long> Counts(const Measurement& measurement);
 
 /// 2-theta of points with a step, degrees.
