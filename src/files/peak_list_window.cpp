@@ -50,6 +50,8 @@ void PeakListWindow::TellLimits(std::size_t peaks) {
   } else if (peaks > MaxPeaks) {
     const std::string limit = std::to_string(MaxPeaks);
     text = "holds more than " + limit + " peaks.\r\nThe first " + limit + " were taken.";
+  } else if (peaks == 0) {
+    text = "holds no peak.\r\nA line of a list begins with the position of its peak.";
   } else {
     return;
   }

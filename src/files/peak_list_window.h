@@ -45,7 +45,7 @@ class PeakListWindow final : public Form {
   void OnCloseBox() override { GiveUp(); }
   void Accept();
   void GiveUp();
-  /// Tells what of the list is left out.
+  /// Tells what of the list is left out, or that there is nothing in it.
   void TellLimits(std::size_t peaks);
   void Tell(const Message& message);
 

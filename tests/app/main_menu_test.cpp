@@ -171,6 +171,19 @@ TEST_F(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
   EXPECT_EQ(services.TitlesGivenUp, 10);
 }
 
+TEST_F(Pickers, OfCalibrationAndCellEndTheirModesAndAllEmptyNeedsNoPicker) {
+  Play("input \"n\"\n");
+  EXPECT_THAT(After("Form1.cmdCalib"),
+              ElementsAre("shown Form16", "unloaded Form16",
+                          HasSubstr("No peak was selected or refined in buffer 1."), "unloaded Form24"));
+  EXPECT_EQ(Values("CurBuf ModeCalib NoProfileForCalib"), (Json{1, 0, 0}));
+  Load('b', ThreePoints);
+  Click("Form1.cmdCalib Form1.cmdRefineCell");
+  EXPECT_EQ(Values("ModeCalib ModeCell"), (Json{-1, -1}));
+  Play("close Form16\nclose Form27\n");
+  EXPECT_EQ(Values("ModeCalib ModeCell"), (Json{0, 0}));
+}
+
 TEST_F(Pickers, EraseAsksFirst) {
   Load('b', ThreePoints);
   EXPECT_THAT(

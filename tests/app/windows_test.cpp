@@ -9,6 +9,7 @@
 
 #include "app/script_values.h"
 #include "app/workbench_session.h"
+#include "cell/cell_window.h"
 #include "display/arithmetic_window.h"
 #include "display/colours_window.h"
 #include "display/several_profiles_window.h"
@@ -111,6 +112,10 @@ std::string ListingOfAllWindows() {
   session.Desk().Load<Form23>(services.Context);
   add("", "Form23");
   session.Play("click Form19.cmdMain\n");
+  session.Data().Current().NPeaks = 1;
+  session.Data().Current().PeakTheta[1] = "28.44";
+  session.Desk().Load<Form26>(services.Context);
+  add("", "Form26");
   ListSeveralProfiles(session, path, add);
   session.Desk().Load<TitleWindow>(services.Context, title_windows::ComputedProfile, [] {});
   add("", "Form14");

@@ -1,0 +1,283 @@
+// The Cell refinement window, played from the list to the refined cell: what shows and is live at each step,
+// what is asked and told, what is drawn. The numbers of the cell are tested beside its computing.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "app/journey.h"
+#include "forms/number_text.h"
+
+namespace koprax {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr double Wavelength = 1.5406;
+constexpr double SiliconA = 5.4309;
+const std::vector<std::vector<int>> Lines{{1, 1, 1}, {2, 2, 0}, {3, 1, 1}, {4, 0, 0}, {3, 3, 1}, {4, 2, 2}};
+
+/// Bragg's law for a cubic cell.
+double TwoThetaOfLine(const std::vector<int>& line) {
+  const double order = std::hypot(line[0], line[1], line[2]);
+  return 2 * std::asin(Wavelength * order / (2 * SiliconA)) * 180 / std::acos(-1.0);
+}
+
+/// The lines as a list, each less intense than the one before.
+std::string SiliconList(double zero_error = 0) {
+  std::string list;
+  for (std::size_t i = 0; i < Lines.size(); ++i) {
+    list += " " + RoundedText(TwoThetaOfLine(Lines[i]) + zero_error, 3) + "  " +
+            std::to_string(500 - 50 * i) + "  1.5\r\n";
+  }
+  return list;
+}
+
+class Cell : public Journey {
+ protected:
+  void Start(const std::string& list, const std::string& wavelength = "1.5406") {
+    Load('b', "10 5\r\n20 7\r\n30 5\r\n", wavelength);
+    Play("close Form6\ninput \"Y\"\n" + FileAnswer(File("list.pks", list)) +
+         "click Form1.cmdRefineCell\nclick Form27.optB\nclick Form28.cmdOK\n");
+  }
+  /// Types into the boxes, "Text6=5.4 Text8=7".
+  void Type(const std::string& texts) {
+    std::istringstream words(texts);
+    for (std::string word; words >> word;) {
+      const auto equals = word.find('=');
+      Play("set Form26." + word.substr(0, equals) + " \"" + word.substr(equals + 1) + "\"\n");
+    }
+  }
+  void TakeCell(const std::string& system, const std::string& texts) {
+    Play("set Form26.Combo2 \"" + system + "\"\nclick Form26.Command2\n");
+    Type(texts);
+    Click("Form26.Command1");
+  }
+  /// A click into the picture where a position stands.
+  Json Press(double x) {
+    return Events("down Form26.Picture1 left " + RoundedText(PictureX(x), 4) + " 30\n");
+  }
+  double PictureX(double x) {
+    const auto limit = [&](const char* box) {
+      return std::stod(Get(std::string("Form26.") + box + ".Text").get<std::string>().substr(7));
+    };
+    return 13 + (x - limit("Text2")) * 99 / (limit("Text3") - limit("Text2"));
+  }
+  void Index(double x, const std::vector<int>& hkl) {
+    Press(x);
+    Type("Text18=" + std::to_string(hkl[0]) + " Text19=" + std::to_string(hkl[1]) +
+         " Text20=" + std::to_string(hkl[2]));
+    Click("Form26.Command4 Form26.cmdAccept");
+  }
+  /// The frames that are on show, by their numbers.
+  std::string Frames() {
+    std::string frames;
+    for (const char* number : {"1", "2", "3", "4", "5"}) {
+      if (Get(std::string("Form26.Frame") + number + ".Visible")) frames += number;
+    }
+    return frames;
+  }
+  std::string Told(const std::string& clicks) {
+    const auto words = After(clicks);
+    return words.empty() ? "" : words.front();
+  }
+  Json LastDrawn() { return Value("picture Form26.Picture1").back(); }
+};
+
+TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
+  Start(SiliconList(0.04));
+  EXPECT_THAT(Value("forms"), testing::Contains("Form26"));
+  EXPECT_EQ(Values("CellFormat(b) CurBuf ModeCell CalCancelled"), Json({0, 2, 0, 0}));
+  EXPECT_EQ(Get("Form26.Text2.Text"), "xmin = 23.483");
+  EXPECT_EQ(Get("Form26.Text3.Text"), "xmax = 93.071");
+  EXPECT_EQ(Get("Form26.Text1.Text"), "  l = 1.5406");
+  // The last line at half of the highest one; 28.5 units of the picture for 120.
+  EXPECT_NEAR(LastDrawn()["x1"], PictureX(88.071), 1e-3);
+  EXPECT_NEAR(LastDrawn()["y2"], 10 + 50 * 28.5 / 120, 1e-4);
+  EXPECT_EQ(LastDrawn()["colour"], 255);
+  EXPECT_EQ(Frames(), "1");
+  EXPECT_THAT(Press(47.3), IsEmpty());  // no cell yet
+  EXPECT_EQ(Get("Form26.Text15.Text"), "");
+
+  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_EQ(Frames(), "124");
+  EXPECT_NE(Refusal("click Form26.Command2"), "");
+  Type("Text16=28 Text17=29");
+  Click("Form26.cmdPeakGeneration");
+  EXPECT_EQ(Get("Form26.Text14.Text"), "  28.081   1   1   1\r\n");
+
+  Press(47.9);  // the nearest is the second line
+  EXPECT_EQ(Get("Form26.Text15.Text"), " 47.343");
+  EXPECT_EQ(LastDrawn()["colour"], 16711680);
+  EXPECT_NEAR(LastDrawn()["y2"], 10 + 90 * 28.5 / 120, 1e-4);
+  Click("Form26.cmdRefuse");
+  EXPECT_EQ(LastDrawn()["colour"], 255);
+  EXPECT_EQ(Get("Form26.Text22.Text"), "0");
+  for (const auto& line : Lines) Index(TwoThetaOfLine(line), line);
+  EXPECT_EQ(Get("Form26.Text22.Text"), "6");
+  // Of the approximate cell, by Bragg's law; the triplet (20 0 0) has no position.
+  const double expected = 2 * std::asin(Wavelength * std::sqrt(24.0) / 11) * 180 / std::acos(-1.0);
+  EXPECT_NEAR(std::stod(Get("Form26.Text21.Text").get<std::string>()), expected, 0.001);
+  const Json calculated = Get("Form26.Text21.Text");
+  Type("Text18=20");
+  Click("Form26.Command4");
+  EXPECT_EQ(Get("Form26.Text21.Text"), calculated);
+
+  Click("Form26.Command5");
+  EXPECT_EQ(Frames(), "125");
+  for (int cycle = 0; cycle < 4; ++cycle) Click("Form26.cmdOptimize");
+  const std::string text = Get("Form26.Text23.Text");
+  const auto number_behind = [&](const std::string& label) {
+    return std::stod(text.substr(text.find(label) + label.size()));
+  };
+  // The list is rounded to 0.001 degrees.
+  EXPECT_NEAR(number_behind("   a   = "), SiliconA, 2e-4);
+  EXPECT_NEAR(number_behind("Zero correction (2-theta) = "), 0.04, 1.5e-3);
+  EXPECT_THAT(After("Form26.Command3"), ElementsAre("unloaded Form26"));
+  EXPECT_EQ(Data().Buffer(2).Wavelength, 1.5406F);
+}
+
+TEST_F(Cell, WithoutAListLeavesNoTrace) {
+  Load('b', "10 5\r\n20 7\r\n30 5\r\n");
+  const std::string start = "click Form1.cmdRefineCell\nclick Form27.optB\n";
+  const std::string file = FileAnswer(File("list.pks", SiliconList()));
+  const std::vector<std::vector<std::string>> ways{
+      {"input \"n\"\n", "", "0"},
+      {"input cancel\n", "", "0"},
+      {"input \"y\"\nfile cancel\n", "", "0"},
+      {"input \"y\"\nfile \"\"\n", "", "2"},
+      {"input \"y\"\n" + file, "click Form28.cmdCancel\n", "0"},
+      {"input \"y\"\n" + file, "close Form28\n", "0"},
+      {"input \"y\"\n" + file, "click Form1.cmdCalib\nclick Form16.optC\n", "3"}};
+  for (const auto& way : ways) {
+    SCOPED_TRACE(way[0] + way[1]);
+    Play(way[0] + start + (way[2] == "3" ? "input \"n\"\n" : "") + way[1]);
+    EXPECT_FALSE(IsLoaded("Form26") || IsLoaded("Form27") || IsLoaded("Form28"));
+    EXPECT_EQ(Values("CurBuf CalCancelled ModeCell ModeCalib NPeaks(b)"),
+              Json({std::stoi(way[2]), 0, 0, 0, 0}));
+  }
+  Play("input \"y\"\n" + file + start + "click Form28.cmdOK\n");
+  EXPECT_TRUE(IsLoaded("Form26"));
+  EXPECT_EQ(Data().Buffer(2).NPeaks, 6);
+}
+
+TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
+  const std::string channels = "1000 50 0 0\r\n2000 100 0 0\r\n";
+  Start(channels, "0");
+  EXPECT_EQ(Frames(), "3");
+  EXPECT_EQ(Get("Form26.Text3.Text"), "xmax = 4096");
+  Play("set Form26.Combo1 \"none\"\n");
+  EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("The wave length none is out of range."));
+  EXPECT_EQ(Frames(), "3");
+
+  Play("set Form26.Combo1 \"1.5406 (Cu)\"\nfile cancel\n");
+  EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("Read now calibration parameters"));
+  EXPECT_EQ(Frames(), "13");
+  EXPECT_EQ(Values("NPeaks(b) Wavelength(b) CalCancelled CurBuf"), Json({0, 0, 0, 2}));
+  EXPECT_NE(LastDrawn()["colour"], 255);
+
+  // The sixth coefficient doesn't count here.
+  Play(FileAnswer(File("d.cal", "Title\r\n1.5\r\n0.02\r\n1D-6\r\n0\r\n0\r\n1D-15\r\n")) +
+       "click Form26.cmdComboOK\nclick Form4.cmdOK\n");
+  EXPECT_EQ(Frames(), "1");
+  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_THAT(Press(2000).dump(), HasSubstr("There is no peak in the list of buffer b"));
+
+  Play("input \"Y\"\n" + FileAnswer(File("list.pks", channels)) +
+       "click Form1.cmdRefineCell\nclick Form27.optB\nclick Form28.cmdOK\n");
+  EXPECT_EQ(Values("CellFormat(b)"), Json({4}));
+  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_THAT(Press(1990), IsEmpty());
+  EXPECT_EQ(Get("Form26.Text15.Text"), "45.5");  // 1.5 + 40 + 4
+  Move("Form26", RoundedText(PictureX(1000), 4) + " 33.75");
+  const double x = std::stod(Get("Form26.Text4.Text").get<std::string>().substr(4));
+  EXPECT_NEAR(x, 1000, 0.01);
+  const double two_theta = 1.5 + 0.02 * x + 1e-6 * x * x;
+  const double spacing = 1.5406 / (2 * std::sin(two_theta / 2 * std::acos(-1.0) / 180));
+  EXPECT_EQ(Get("Form26.Text13.Text"), "2q = " + RoundedText(two_theta, 3));
+  EXPECT_EQ(Get("Form26.Text12.Text"), RoundedText(spacing, 4));
+  EXPECT_EQ(Get("Form26.Text5.Text"), "y = 100");
+}
+
+TEST_F(Cell, EachSystemOpensTheBoxesThatItLeavesFree) {
+  // b, c, alpha, beta, gamma: "+" open, else the text of a closed box.
+  const std::vector<std::pair<std::string, std::string>> systems{
+      {"Triclinic", "+|+|+|+|+|"}, {"Monoclinic (b unique axis)", "+|+||+||"}, {"Orthorhombic", "+|+||||"},
+      {"Tetragonal", " a|+||||"},  {"Trigonal-Hexagonal", " a|+|||120|"},      {"Cubic", " a| a||||"},
+      {"Hexagonal", "+|+|+|+|+|"}};
+  Start(SiliconList());
+  for (const auto& [system, boxes] : systems) {
+    Click("Form1.cmdRefineCell Form27.optB");
+    EXPECT_FALSE(Get("Form26.Text6.Visible").get<bool>());
+    Play("set Form26.Combo2 " + Json(system).dump() + "\nclick Form26.Command2\n");
+    std::string found;
+    for (const char* box : {"Text7", "Text8", "Text9", "Text10", "Text11"}) {
+      const bool open = Refusal(std::string("set Form26.") + box + " \"\"").empty();
+      found += (open ? "+" : Get(std::string("Form26.") + box + ".Text").get<std::string>()) + "|";
+    }
+    EXPECT_EQ(found, boxes) << system;
+    EXPECT_FALSE(Get("Form26.Combo2.Enabled").get<bool>());
+  }
+}
+
+TEST_F(Cell, TellsWhatCanNotBeAndKeepsWhatIsThere) {
+  Start(SiliconList());
+  Play("set Form26.Combo2 \"Triclinic\"\nclick Form26.Command2\n");
+  for (const char* cell : {"Text6=5 Text7=5 Text8=5 Text9=90 Text10=90 Text11=0",
+                           "Text6=5 Text7=5 Text8=5 Text9=30 Text10=30 Text11=90",
+                           "Text6=5 Text7=-5 Text8=5 Text9=90 Text10=90 Text11=90"}) {
+    Type(cell);
+    EXPECT_THAT(Told("Form26.Command1"), HasSubstr("those of no cell")) << cell;
+    EXPECT_EQ(Frames(), "1");
+  }
+  Type("Text6=5 Text7=6 Text8=7 Text9=80 Text10=95 Text11=100 ");
+  Click("Form26.Command1");
+  Type("Text16=10 Text17=170");
+  EXPECT_THAT(Told("Form26.cmdPeakGeneration"), HasSubstr("Maximum number of peaks (300) reached!!"));
+  EXPECT_EQ(Get("Form26.Text14.Text").get<std::string>().size(), 300 * 22U);
+  Type("Text18=182 Text19=0 Text20=0");
+  Click("Form26.Command4");
+  EXPECT_THAT(Told("Form26.cmdAccept"), HasSubstr("within -181 and 181"));
+  Type("Text18=-180.5 Text19=2.5 Text20=1.5");
+  Click("Form26.Command4");
+  Press(47.3);
+  for (int i = 0; i < 300; ++i) Click("Form26.cmdAccept");
+  EXPECT_THAT(Told("Form26.cmdAccept"), HasSubstr("300 peaks have been accepted"));
+  EXPECT_EQ(Get("Form26.Text22.Text"), "300");
+  Click("Form26.Command5");
+  EXPECT_THAT(Told("Form26.cmdOptimize"), HasSubstr("(-180 2 2)"));
+  EXPECT_EQ(Get("Form26.Text23.Text"), "");
+
+  // A name of no system leads on, and the refinement tells.
+  Click("Form1.cmdRefineCell Form27.optB");
+  TakeCell("Hexagonal", "Text6=5");
+  EXPECT_THAT(Told("Form26.cmdPeakGeneration"), HasSubstr("no crystal system was chosen"));
+  Click("Form26.cmdAccept Form26.Command5");
+  EXPECT_THAT(Told("Form26.cmdOptimize"), "Error, stop: Wrong definition of crystal system");
+}
+
+TEST_F(Cell, WorksOnItsOwnListAndTellsWhereThatHasChanged) {
+  Start(SiliconList());
+  TakeCell("Cubic", "Text6=5.5");
+  Load('a', "10 5\r\n20 7\r\n");
+  EXPECT_THAT(Press(47.3), IsEmpty());
+  EXPECT_EQ(Get("Form26.Text15.Text"), " 47.303");
+  EXPECT_EQ(Value("state CurBuf"), 2);
+  Data().Buffer(2).PeakTheta[2] = "50";
+  EXPECT_THAT(Press(47.3).dump(), HasSubstr("has been changed in another window"));
+  EXPECT_EQ(Get("Form26.Text15.Text"), " 47.303");
+  // Without any intensity nothing is drawn, but there is something to select.
+  Erase('b');
+  Start("30 0 1\r\n40 0 1\r\n");
+  EXPECT_NE(LastDrawn()["colour"], 255);
+  TakeCell("Cubic", "Text6=5.5");
+  Press(31);
+  EXPECT_EQ(Get("Form26.Text15.Text"), " 30");
+}
+
+}  // namespace
+}  // namespace koprax
