@@ -1,1 +1,200 @@
+// The window as a whole: its making, the two diagrams, the ways out. The couples and the fit to them stand in
+// calibration_window_coupling.cpp.
 #include "calibration/calibration_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+
+#include "files/calibration_commands.h"
+#include "files/peak_list_commands.h"
+#include "files/typed_wavelength.h"
+#include "forms/number_text.h"
+#include "workspace/bragg.h"
+
+namespace koprax {
+
+namespace {
+
+constexpr float StandardSpan = 120;  ///< degrees of 2-theta in Picture1
+constexpr XRange Channels{.Low = 0, .High = 4096};
+
+/// The range of the standard after a shift to the right by so many degrees; nothing where 32 bits don't hold
+/// it apart.
+std::optional<XRange> ShiftedRange(float x_min, double shift) {
+  const auto low = static_cast<float>(x_min - shift);
+  const XRange range{.Low = low, .High = low + StandardSpan};
+  const bool spans = SpansX({.XMin = range.Low, .XMax = range.High, .YMin = 0, .YMax = 1});
+  return std::isfinite(low) && spans ? std::optional(range) : std::nullopt;
+}
+
+Message NoWavelength() {
+  return ErrorMessage(
+      "The wave length of the calibration sample is not known.\r\nGive it first, and press \"OK\" beside "
+      "it.");
+}
+
+Message NoShift(const std::string& text) {
+  return ErrorMessage("The standard can't be shifted by " + text +
+                      " degrees.\r\nGive a number of degrees (2-theta), such as 2.5 or -10.");
+}
+
+}  // namespace
+
+Form24::Form24(const WindowContext& context) : BufferWindow(context, "Form24", "Calibration") {
+  ArrangeControls();
+  ConnectHandlers();
+}
+
+LayoutNode Form24::PicturesLayout() {
+  return Column({
+      Row({Label1, Space(), Text7}),
+      Stretched(Picture1),
+      Row({Stretched(Text3), Stretched(Text4), Stretched(Text8), Stretched(Text6), Stretched(Text5)}),
+      Row({Label2, Space(), Text1}),
+      Stretched(Picture2),
+  });
+}
+
+LayoutNode Form24::CommandsLayout() {
+  return Column({
+      Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK})})),
+      Grid(2, {Stretched(cmdCorundum), Command5, cmdSi, Command6}),
+      Label4,
+      Row({Text2, Label5, Space(), Command2}),
+      Row({Stretched(cmdStartCou), Command7}),
+      Framed(Frame1, Row({Stretched(cmdAccept), Stretched(cmdSkip), Stretched(cmdQuit)})),
+      Stretched(Text9),
+      Row({Stretched(KeepingRoom(Command3)), Command8}),
+      Text10,
+      Row({Stretched(KeepingRoom(Command4)), Command9}),
+      Space(),
+      Command1,
+  });
+}
+
+void Form24::ArrangeControls() { SetLayout(Row({Stretched(PicturesLayout()), CommandsLayout()}), true); }
+
+void Form24::ConnectHandlers() {
+  cmdComboOK.OnClick = OnItsBuffer([this] { TakeWavelength(); });
+  cmdCorundum.OnClick = OnItsBuffer([this] { ShowStandard(CorundumStandard()); });
+  cmdSi.OnClick = OnItsBuffer([this] { ShowStandard(SiliconStandard()); });
+  Command2.OnClick = OnItsBuffer([this] { ShiftStandard(); });
+
+  cmdStartCou.OnClick = OnItsBuffer([this] { StartCoupling(); });
+  cmdAccept.OnClick = WithItsContent([this] { AcceptCouple(); });
+  cmdSkip.OnClick = OnItsBuffer([this] { RefuseCouple(); });
+  cmdQuit.OnClick = OnItsBuffer([this] { QuitCoupling(); });
+  Command3.OnClick = OnItsBuffer([this] { StartCalibration(); });
+  Command4.OnClick = OnItsBuffer([this] { SaveCalibration(context_, state_.Result.Coefficients()); });
+  Command1.OnClick = [this] { ReturnToMainMenu(); };
+
+  Picture1.OnMouseMove = [this](float x, float y) { ShowReadOut(x, y); };
+  Picture1.OnMouseDown = [this](MouseButton, float x, float) { PickStandardPeak(x); };
+  Picture2.OnMouseDown = [this](MouseButton, float x, float) { PickSamplePeak(x); };
+}
+
+void Form24::OnLoad() {
+  for (Control* hidden :
+       {static_cast<Control*>(&Frame3), static_cast<Control*>(&Frame1), static_cast<Control*>(&Text9),
+        static_cast<Control*>(&Text10), static_cast<Control*>(&Command4), static_cast<Control*>(&Command3)}) {
+    hidden->Visible = false;
+  }
+  cmdStartCou.Enabled = false;
+  if (Buffer().NPeaks != 0) {
+    disegna_picchi();
+    return;
+  }
+  const auto draw = WhileLoaded(std::function<void()>([this] { disegna_picchi(); }));
+  const auto leave = WhileLoaded(std::function<void()>([this] { Unload(); }));
+  if (!ReadPeakListForCalibration(context_, draw, leave)) {
+    Unload();
+  }
+}
+
+void Form24::ReturnToMainMenu() {
+  Unload();
+  context_.Main.ShowMainMenu();
+}
+
+// The two diagrams.
+
+void Form24::disegna_picchi() {
+  Show();
+  state_.Kept.Keep(Buffer());
+  state_.SampleSticks = PeakSticks(Buffer(), true);
+  if (sample_plot_.DrawFrame(Channels, Picture2)) {
+    sample_plot_.DrawSticks(state_.SampleSticks, Picture2);
+  }
+  if (Buffer().Wavelength == 0) {
+    Frame3.Visible = true;
+  } else {
+    ShowWavelength();
+  }
+}
+
+void Form24::ShowWavelength() { Text1.Text = "  l = " + GeneralText(Buffer().Wavelength); }
+
+void Form24::TakeWavelength() {
+  const std::optional<float> wavelength = NeededWavelength(context_, Combo1.Text);
+  if (!wavelength) {
+    return;
+  }
+  Buffer().Wavelength = *wavelength;
+  ShowWavelength();
+  Frame3.Visible = false;
+}
+
+void Form24::ShowStandard(const Standard& standard) {
+  const float wavelength = Buffer().Wavelength;
+  if (wavelength <= 0) {
+    Tell(NoWavelength());
+    return;
+  }
+  cmdStartCou.Enabled = true;
+  state_.StandardLoaded = true;
+  Text7.Text = " l = " + GeneralText(wavelength);
+  Text3.Text = "x-min = 0 ";
+  DrawStandardFrame({.Low = 0, .High = StandardSpan});
+  standard_plot_.DrawSticks(state_.Standard.Take(standard, wavelength), Picture1);
+}
+
+void Form24::ShiftStandard() {
+  const std::optional<XRange> range =
+      ShiftedRange(standard_plot_.Limits().XMin, LeadingNumber(Text2.Text.Get()));
+  if (!range) {
+    Tell(NoShift(Text2.Text));
+    return;
+  }
+  Picture1.Cls();
+  Text3.Text = "x-min = " + RoundedText(range->Low, 3);
+  DrawStandardFrame(*range);
+  standard_plot_.DrawSticks(state_.Standard.Sticks(), Picture1);
+}
+
+void Form24::DrawStandardFrame(const XRange& range) {
+  Text4.Text = "x-max = " + RoundedText(range.High, 3);
+  (void)standard_plot_.DrawFrame(range, Picture1);
+}
+
+void Form24::ShowReadOut(float x, float y) {
+  if (!state_.StandardLoaded) {
+    return;
+  }
+  const auto [two_theta, height] = standard_plot_.NearestPlace(x, y);
+  Text8.Text = "x = " + RoundedText(two_theta, 4);
+  Text6.Text = "y = " + GeneralText(height);
+  // A shifted scale reaches below 0 and beyond 360 degrees, where the sine can be below 0.
+  Text5.Text = RoundedText(std::max(SpacingOf(two_theta, Buffer().Wavelength), 0.0F), 4);
+}
+
+bool Form24::HasContent() {
+  const bool holds_its_list = Buffer().NPeaks > 0 && state_.Kept.Matches(Buffer());
+  if (!holds_its_list) {
+    Tell(PeakListGone(Buffer(), "Calibration"));
+  }
+  return holds_its_list;
+}
+
+}  // namespace koprax

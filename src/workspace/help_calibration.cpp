@@ -2,7 +2,123 @@
 #include "workspace/help_texts.h"
 
 namespace koprax {
+namespace {
 
-std::string_view CalibrationHelp(HelpTopic /*topic*/) { return {}; }
+constexpr std::string_view Corundum =
+    R"TEXT(Command "Al2O3 (Corundum)" chooses corundum as the standard.
+
+Its 19 tabulated peaks, between 25.676 and 136.094 degrees for 1.54056
+angstrom, are carried to the wavelength of your sample by Bragg's law and
+drawn in the upper picture, on a scale of 120 degrees. Peaks that cannot be
+observed at that wavelength are left out. If the wavelength is asked for, give
+it first.
+
+Under the mouse you read 2-theta, intensity and d of the standard.
+
+"Shift standard profile by" moves the standard under your peaks: type some
+degrees and press "OK" beside them. A positive number moves it to the right.
+Shifts add up. Only the view is moved, the 2-theta of the peaks stay.
+
+Choose the standard that was measured. Until the coupling starts you may choose
+the other one: it is drawn over the first, and the next shift clears the
+picture.
+)TEXT";
+
+constexpr std::string_view Silicon =
+    R"TEXT(Command "Silicon" chooses silicon as the standard.
+
+Its 11 tabulated peaks, between 28.443 and 136.897 degrees for 1.5405982
+angstrom, are carried to the wavelength of your sample by Bragg's law and
+drawn in the upper picture, on a scale of 120 degrees. Peaks that cannot be
+observed at that wavelength are left out. If the wavelength is asked for, give
+it first.
+
+Under the mouse you read 2-theta, intensity and d of the standard.
+
+"Shift standard profile by" moves the standard under your peaks: type some
+degrees and press "OK" beside them. A positive number moves it to the right.
+Shifts add up. Only the view is moved, the 2-theta of the peaks stay.
+
+Choose the standard that was measured. Until the coupling starts you may choose
+the other one: it is drawn over the first, and the next shift clears the
+picture.
+)TEXT";
+
+constexpr std::string_view Coupling =
+    R"TEXT( Command "Start Coupling" Allows for selecting, with the mouse, couples of peaks, one from the calibration sample and one from the standard sample.
+
+1) Click near a peak in the one picture, then near its partner in the other.
+   Either may come first. The nearest peak is taken and becomes blue; a peak
+   outside the picture can be the nearest, too.
+2) Press "accept" to keep the couple, or "refuse" to give it up. Before that
+   a further click replaces the peak of its picture.
+3) Go on with the next couple, and press "Quit" after the last one.
+
+Select at least 5 couples of peaks in order to refine all 4 parameters, if one selects only 4 couples then only 3 parameters will be refined.
+
+The couples are listed with the 2-theta of the standard and the channel of the
+sample; 100 of them at most. A peak may enter several couples: nothing marks
+it as used, and a couple that is entered twice counts twice. An accepted couple
+cannot be taken back, but "Start coupling" begins a new list.
+
+Once the coupling has started, the standard can neither be changed nor shifted.
+)TEXT";
+
+constexpr std::string_view StartCalibration =
+    R"TEXT(Command "Start calibration" fits the polynomial that turns channels into
+2-theta to the couples of peaks. It appears when you quit the coupling.
+
+2-theta = A0 + A1 c + A2 c^2 + A3 c^3     for the channel c
+
+With 4 couples A3 is left out. The fit is one step of linear least squares, in
+which all couples have the same weight. You see each parameter with its
+standard deviation (sigma), and
+
+res = sum of squared differences / sum of squared 2-theta
+
+which is near 0 where the polynomial fits. A wrong couple shows by a large res
+and large sigmas.
+
+Fewer than 4 couples, or fewer different channels than parameters, cannot be
+fitted: the frame "Coupling peaks" comes back, and you go on with the couples
+that you have.
+
+The result is not given to any profile: press "Save". For another fit return to
+the main menu and start "Calibration" again.
+)TEXT";
+
+constexpr std::string_view SaveCalibration =
+    R"TEXT(Command "Save" writes the parameters of the calibration to a file *.cal.
+
+Choose the file; if there is one of that name you are asked before it is
+overwritten. Then type a title of up to 80 characters.
+
+The file holds the title and a line for each parameter, A0 first: 4 of them, or
+3 if there were only 4 couples. It can be saved as often as you like.
+
+The program asks for this file when it needs the 2-theta of a profile in
+channels: for the d of its peaks, and for the refinement of a cell. The
+parameters hold for the detector where it stood during the measurement of the
+standard.
+)TEXT";
+
+}  // namespace
+
+std::string_view CalibrationHelp(HelpTopic topic) {
+  switch (topic) {
+    case HelpTopic::HelpCorundum:
+      return Corundum;
+    case HelpTopic::HelpSilicon:
+      return Silicon;
+    case HelpTopic::HelpCoupling:
+      return Coupling;
+    case HelpTopic::HelpStartCalibration:
+      return StartCalibration;
+    case HelpTopic::HelpSaveCalibration:
+      return SaveCalibration;
+    default:
+      return {};
+  }
+}
 
 }  // namespace koprax

@@ -176,6 +176,15 @@ struct PeakFit {
   bool FitStopping = false;  ///< the next step closes it
 };
 
+inline constexpr int MaxCouples = 100;
+
+/// The couples of peaks of a calibration, numbered from 1. They stay until the next coupling begins.
+struct Couples {
+  std::int16_t CoupleCount = 0;
+  std::array<float, MaxCouples + 1> CoupledTheta2{};   ///< of the standard, degrees
+  std::array<float, MaxCouples + 1> CoupledChannel{};  ///< of the sample
+};
+
 struct Workspace {
   Workspace();
 
@@ -244,6 +253,7 @@ struct Workspace {
   PointTable ScratchY = PointTable(MaxPoints + 1);
 
   PeakFit Fit;
+  Couples Coupled;
 };
 
 /// Whether none of the six buffers holds a profile.

@@ -147,6 +147,9 @@ void VisitWorkspaceFields(Data& data, Visitor&& visit) {
   visit("FitOrigin", data.Fit.FitLine[1]);
   visit("FitRunning", data.Fit.FitRunning);
   visit("FitStopping", data.Fit.FitStopping);
+  visit("CoupleCount", data.Coupled.CoupleCount);
+  visit("CoupledTheta2", data.Coupled.CoupledTheta2);
+  visit("CoupledChannel", data.Coupled.CoupledChannel);
 }
 
 }  // namespace koprax
