@@ -1,0 +1,191 @@
+// The fit of a calibration against a cubic that is known and against another way to the same least squares.
+#include "calibration/calibration_fit.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "calibration/couples.h"
+#include "calibration/standards.h"
+
+namespace koprax {
+namespace {
+
+constexpr std::array<double, 4> KnownCubic{8.25, 0.02715, -1.5e-7, 2e-11};
+
+double TwoThetaAt(double channel) {
+  return KnownCubic[0] + channel * (KnownCubic[1] + channel * (KnownCubic[2] + channel * KnownCubic[3]));
+}
+
+/// The channel of a 2-theta, by halving; the cubic rises throughout.
+double ChannelOf(double two_theta) {
+  double low = 0;
+  double high = 4096;
+  for (int i = 0; i < 60; ++i) {
+    const double middle = (low + high) / 2;
+    (TwoThetaAt(middle) < two_theta ? low : high) = middle;
+  }
+  return low;
+}
+
+Couples CouplesOf(const std::vector<std::pair<double, double>>& channels_and_angles) {
+  Couples couples;
+  for (const auto& [channel, two_theta] : channels_and_angles) {
+    EXPECT_TRUE(AddCouple(couples, static_cast<float>(two_theta), static_cast<float>(channel)));
+  }
+  return couples;
+}
+
+/// The same least squares by QR (modified Gram-Schmidt) in the width of the platform, channels in units of
+/// 4096: the coefficients, then their standard deviations.
+std::vector<double> FitByQr(const Couples& couples, std::size_t count) {
+  using Column = std::vector<long double>;
+  const auto n = static_cast<std::size_t>(couples.CoupleCount);
+  std::vector<Column> q(count, Column(n, 1));
+  Column rest(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    rest[i] = couples.CoupledTheta2[i + 1];
+    for (std::size_t p = 1; p < count; ++p) q[p][i] = q[p - 1][i] * couples.CoupledChannel[i + 1] / 4096;
+  }
+  const auto dot = [&](const Column& a, const Column& b) {
+    long double sum = 0;
+    for (std::size_t i = 0; i < n; ++i) sum += a[i] * b[i];
+    return sum;
+  };
+  std::vector<Column> r(count, Column(count));
+  Column projected(count);
+  for (std::size_t p = 0; p < count; ++p) {
+    r[p][p] = std::sqrt(dot(q[p], q[p]));
+    for (auto& value : q[p]) value /= r[p][p];
+    for (std::size_t k = p + 1; k < count; ++k) {
+      r[p][k] = dot(q[p], q[k]);
+      for (std::size_t i = 0; i < n; ++i) q[k][i] -= r[p][k] * q[p][i];
+    }
+    projected[p] = dot(q[p], rest);
+    for (std::size_t i = 0; i < n; ++i) rest[i] -= projected[p] * q[p][i];
+  }
+  const auto solve = [&](Column x) {  // R x = b
+    for (std::size_t p = count; p-- > 0;) {
+      for (std::size_t k = p + 1; k < count; ++k) x[p] -= r[p][k] * x[k];
+      x[p] /= r[p][p];
+    }
+    return x;
+  };
+  Column variances(count);
+  for (std::size_t k = 0; k < count; ++k) {
+    Column unit(count);
+    unit[k] = 1;
+    const Column column = solve(unit);
+    for (std::size_t p = 0; p < count; ++p) variances[p] += column[p] * column[p];
+  }
+  const Column coefficients = solve(projected);
+  std::vector<double> all;
+  const auto unscaled = [](long double value, std::size_t p) {
+    return static_cast<double>(value / std::pow(4096.0L, static_cast<long double>(p)));
+  };
+  for (std::size_t p = 0; p < count; ++p) all.push_back(unscaled(coefficients[p], p));
+  const long double variance = dot(rest, rest) / static_cast<long double>(n - count);
+  for (std::size_t p = 0; p < count; ++p) all.push_back(unscaled(std::sqrt(variances[p] * variance), p));
+  return all;
+}
+
+TEST(CalibrationFit, RecoversTheCubicOfADetectorFromSiliconAtSeveralWavelengths) {
+  std::vector<std::pair<double, double>> lines;
+  for (const float wavelength : {0.71073F, 1.54184F, 1.79026F}) {
+    for (const StandardPeak& peak : SiliconStandard().Peaks) {
+      const auto two_theta = PositionAt(peak.TwoTheta, SiliconStandard().Lambda, wavelength);
+      if (two_theta && *two_theta < TwoThetaAt(4096)) lines.emplace_back(ChannelOf(*two_theta), *two_theta);
+    }
+  }
+  ASSERT_GT(lines.size(), 20U);
+  const auto fit = FitCalibration(CouplesOf(lines));
+  ASSERT_TRUE(fit);
+  ASSERT_EQ(fit->CalibParCount, 4U);
+  // Channels as 32-bit floats are right to 1.2E-04, which is 3.3E-06 degrees; the angles to 3.8E-06.
+  for (int channel = 0; channel <= 4096; channel += 256) {
+    double calculated = 0;
+    for (std::size_t p = 4; p > 0; --p) calculated = calculated * channel + fit->CalibPar[p];
+    EXPECT_NEAR(calculated, TwoThetaAt(channel), 2e-5) << channel;
+  }
+  for (std::size_t p = 1; p <= 4; ++p) {  // the same errors, and that they are a few of their own sigmas
+    EXPECT_NEAR(fit->CalibPar[p], KnownCubic[p - 1], 4 * fit->Sigma[p]) << p;
+    EXPECT_LT(fit->Sigma[p], 1e-3 * std::abs(KnownCubic[p - 1])) << p;
+  }
+  EXPECT_LT(fit->Residual, 1e-13);
+}
+
+TEST(CalibrationFit, AgreesWithAnotherWayToTheLeastSquares) {
+  std::mt19937 random(7);  // NOLINT: the same numbers in each run
+  std::normal_distribution<double> noise(0, 0.01);
+  std::uniform_real_distribution<double> somewhere(0, 4096);
+  for (const std::size_t n : {4U, 5U, 6U, 8U, 11U, 30U, 100U}) {
+    std::vector<std::pair<double, double>> lines;
+    for (std::size_t i = 0; i < n; ++i) {
+      const double channel = (somewhere(random) + 4096 * static_cast<double>(i)) / static_cast<double>(n);
+      lines.emplace_back(channel, TwoThetaAt(channel) + noise(random));
+    }
+    const Couples couples = CouplesOf(lines);
+    const auto fit = FitCalibration(couples);
+    ASSERT_TRUE(fit) << n;
+    ASSERT_EQ(fit->CalibParCount, n == 4 ? 3U : 4U);
+    const std::size_t count = fit->CalibParCount;
+    const auto expected = FitByQr(couples, count);
+    for (std::size_t p = 0; p < count; ++p) {
+      // 64 bits lose at most 8 digits to equations of this kind. The differences are those of the
+      // coefficients in 32 bits, up to 1E-05 degrees beside a noise of 0.01.
+      EXPECT_NEAR(fit->CalibPar[p + 1], expected[p], 1e-6 * std::abs(expected[p])) << n << " " << p;
+      EXPECT_NEAR(fit->Sigma[p + 1], expected[count + p], 1e-3 * expected[count + p]) << n << " " << p;
+    }
+  }
+}
+
+TEST(CalibrationFit, TellsWhatItNeeds) {
+  const struct {
+    std::vector<double> Channels;
+    std::size_t Different, Needed, Coefficients;  // of the fit that comes off, else 0
+  } cases[] = {{{}, 0, 3, 0},
+               {{1, 2, 3}, 3, 3, 0},
+               {{1, 1, 2, 2}, 2, 3, 0},
+               {{1, 1, 2, 3}, 3, 3, 3},
+               {{1, 2, 3, 4}, 4, 3, 3},
+               {{1, 1, 2, 2, 3}, 3, 4, 0},
+               {{1, 1, 2, 3, 4}, 4, 4, 4},
+               {{1, 2, 3, 4, 5}, 5, 4, 4},
+               {std::vector<double>(100, 7), 1, 4, 0},
+               {{4000, 4000.00025, 4000.0005, 4000.00075, 4000.001}, 5, 4, 0}};  // differ in the last bit
+  for (const auto& one : cases) {
+    std::vector<std::pair<double, double>> lines;
+    for (const double channel : one.Channels) lines.emplace_back(channel, TwoThetaAt(channel));
+    const Couples couples = CouplesOf(lines);
+    const CalibrationDemand demand = DemandOf(couples);
+    EXPECT_EQ(demand.Couples, one.Channels.size());
+    EXPECT_EQ(demand.Channels, one.Different);
+    EXPECT_EQ(demand.NeededChannels, one.Needed);
+    const auto fit = FitCalibration(couples);
+    EXPECT_EQ(fit ? fit->CalibParCount : 0, one.Coefficients) << one.Channels.size();
+  }
+  EXPECT_FALSE(FitCalibration(CouplesOf({{1, 3e38}, {2, -3e38}, {3, 3e38}, {4, -3e38}, {5, 3e38}})))
+      << "beyond 32 bits";
+}
+
+TEST(CalibrationFit, IsToldInLinesWithItsResidual) {
+  const auto parabola = FitCalibration(CouplesOf({{0, 1}, {1, 3.5}, {2, 7}, {3, 11.5}}));
+  ASSERT_TRUE(parabola);
+  EXPECT_EQ(CalibrationText(*parabola),
+            "     Parameter        Sigma\r\n A0 =  1    0\r\n A1 =  2    0\r\n A2 =  0.5    0\r\nres = 0");
+  const auto level = FitCalibration(CouplesOf({{1, 0}, {2, 0}, {3, 0}, {4, 0}}));
+  EXPECT_EQ(level.value_or(Calibration{.Residual = 1}).Residual, 0) << "no angle but 0";
+  // 1, -1, 1, -1 about a line: what is left is 16 / 5 of 4, and 1 degree of freedom.
+  const auto zigzag = FitCalibration(CouplesOf({{0, 1}, {1, -1}, {2, 1}, {3, -1}}));
+  EXPECT_NEAR(zigzag.value_or(Calibration{}).Residual, 0.8, 1e-6);
+  EXPECT_EQ(CouplesText(CouplesOf({{700.126, 28.4427}, {31, 9.5}})),
+            "    2-theta     Channel \r\n1) 28.443  700.13\r\n2) 9.5  31\r\n");
+}
+
+}  // namespace
+}  // namespace koprax
