@@ -46,6 +46,12 @@ using TypedCell = std::array<double, 7>;
 /// The direct cell of it. What the system ties or fixes isn't read; all 0 for CrystalSystems::None.
 [[nodiscard]] CellNumbers DirectCellOf(CrystalSystems system, const TypedCell& typed);
 
+/// W, the volume of a cell of edges of 1 with these cosines: sqrt(1 - cos2 alpha - cos2 beta - cos2 gamma
+/// + 2 cos alpha cos beta cos gamma). No number where they are no cell's.
+[[nodiscard]] float VolumeFactorOf(const CellNumbers& cell);
+/// The volume of a cell in cubed units of its lengths.
+[[nodiscard]] float VolumeOf(const CellNumbers& cell);
+
 /// Whether these are the lengths and cosines of a cell, direct or reciprocal, whose reciprocal fits 32 bits
 /// as well: lengths above 0, cosines within -1 and 1, a volume.
 [[nodiscard]] bool IsCell(const CellNumbers& cell);

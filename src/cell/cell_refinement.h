@@ -15,7 +15,6 @@
 namespace koprax {
 
 inline constexpr std::size_t MaxAccepted = 300;
-inline constexpr std::size_t MaxCellParameters = 7;
 inline constexpr int MaxIndex = 181;  ///< whose square fits 16 bits
 
 /// The indexed peaks, from 1.
