@@ -47,8 +47,12 @@ std::optional<NormalSolution> SolveNormalEquations(std::span<const CellParameter
                                                    std::span<const float> residuals, std::size_t count) {
   if (!AreToldApart(derivatives, count)) return std::nullopt;
   std::vector<float> inverse = NormalMatrix<float>(derivatives, count);
-  if (InvertMatrix(std::span(inverse), count) == 0) return std::nullopt;
-  if (!std::ranges::all_of(inverse, [](float number) { return std::isfinite(number); })) return std::nullopt;
+  const auto are_finite = [](std::span<const float> numbers) {
+    return std::ranges::all_of(numbers, [](float number) { return std::isfinite(number); });
+  };
+  if (!are_finite(inverse) || InvertMatrix(std::span(inverse), count) == 0 || !are_finite(inverse)) {
+    return std::nullopt;
+  }
   CellParameters right_hand_side{};
   for (std::size_t p = 1; p <= count; ++p) {
     for (std::size_t k = 0; k < derivatives.size(); ++k) {
