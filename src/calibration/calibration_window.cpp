@@ -59,17 +59,16 @@ LayoutNode Form24::PicturesLayout() {
 
 LayoutNode Form24::CommandsLayout() {
   return Column({
-      Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK})})),
       Grid(2, {Stretched(cmdCorundum), Command5, cmdSi, Command6}),
       Label4,
       Row({Text2, Label5, Space(), Command2}),
       Row({Stretched(cmdStartCou), Command7}),
-      Framed(Frame1, Row({Stretched(cmdAccept), Stretched(cmdSkip), Stretched(cmdQuit)})),
-      Stretched(Text9),
+      KeepingRoom(Framed(Frame1, Row({Stretched(cmdAccept), Stretched(cmdSkip), Stretched(cmdQuit)}))),
+      Stretched(
+          Stack({Text9, Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK}), Space()}))})),
       Row({Stretched(KeepingRoom(Command3)), Command8}),
-      Text10,
+      KeepingRoom(Text10),
       Row({Stretched(KeepingRoom(Command4)), Command9}),
-      Space(),
       Command1,
   });
 }
@@ -134,7 +133,10 @@ void Form24::disegna_picchi() {
   }
 }
 
-void Form24::ShowWavelength() { Text1.Text = "  l = " + GeneralText(Buffer().Wavelength); }
+void Form24::ShowWavelength() {
+  Text1.Text = "  l = " + GeneralText(Buffer().Wavelength);
+  Frame3.Visible = false;
+}
 
 void Form24::TakeWavelength() {
   const std::optional<float> wavelength = NeededWavelength(context_, Combo1.Text);
@@ -143,7 +145,6 @@ void Form24::TakeWavelength() {
   }
   Buffer().Wavelength = *wavelength;
   ShowWavelength();
-  Frame3.Visible = false;
 }
 
 void Form24::ShowStandard(const Standard& standard) {
@@ -152,6 +153,7 @@ void Form24::ShowStandard(const Standard& standard) {
     Tell(NoWavelength());
     return;
   }
+  ShowWavelength();  // it may have been given in another window
   cmdStartCou.Enabled = true;
   state_.StandardLoaded = true;
   Text7.Text = " l = " + GeneralText(wavelength);

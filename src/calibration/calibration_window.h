@@ -33,6 +33,7 @@ class Form24 final : public BufferWindow {
   // The two diagrams.
   /// Shows the window with the peak list of its buffer, and asks for a wavelength where there is none.
   void disegna_picchi();
+  /// Shows the wavelength of the buffer, and asks for it no more.
   void ShowWavelength();
   void TakeWavelength();
   void ShowStandard(const Standard& standard);
@@ -104,11 +105,11 @@ class Form24 final : public BufferWindow {
   Button cmdSkip{*this, "cmdSkip", {.Caption = "refuse", .ToolTip = "Reject couple"}};
   Button cmdQuit{*this, "cmdQuit", {.Caption = "Quit", .ToolTip = "Quit coupling mode"}};
   TextBox Text9{
-      *this, "Text9", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 36, .Rows = 8}};
+      *this, "Text9", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 40, .Rows = 7}};
 
   Button Command3{*this, "Command3", {.Caption = "    Start calibration"}};
   TextBox Text10{
-      *this, "Text10", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 36, .Rows = 6}};
+      *this, "Text10", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 40, .Rows = 6}};
   Button Command4{*this, "Command4", {.Caption = "Save", .ToolTip = "Save refined parameters on disk"}};
   Button Command1{*this, "Command1", {.Caption = "Main menu", .ToolTip = "Return to main menu"}};
 

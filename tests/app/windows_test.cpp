@@ -9,6 +9,7 @@
 
 #include "app/script_values.h"
 #include "app/workbench_session.h"
+#include "calibration/calibration_window.h"
 #include "cell/cell_window.h"
 #include "display/arithmetic_window.h"
 #include "display/colours_window.h"
@@ -114,6 +115,8 @@ std::string ListingOfAllWindows() {
   session.Play("click Form19.cmdMain\n");
   session.Data().Current().NPeaks = 1;
   session.Data().Current().PeakTheta[1] = "28.44";
+  session.Desk().Load<Form24>(services.Context);
+  add("", "Form24");
   session.Desk().Load<Form26>(services.Context);
   add("", "Form26");
   ListSeveralProfiles(session, path, add);
@@ -184,14 +187,18 @@ TEST(Windows, HelpButtonsShowTheTopicOfTheCommandBesideThem) {
        {HelpSelectRange, none, HelpLoadPeaks, HelpSelectPeaks, none, HelpQuitFit, HelpShowParam,
         HelpBackgroundBuffer, HelpDrawBackground, none, HelpDefinePeaks, HelpDefineBackground, HelpStartFit,
         HelpFitFrame, none, HelpSaveFit}},
+      {"Form24",
+       {none, none, none, none, HelpCorundum, HelpSilicon, HelpCoupling, HelpStartCalibration,
+        HelpSaveCalibration}},
       {"Form2", {none, HelpPrint, HelpArithmetic, HelpBitmap, HelpSaveSelected, HelpMainMenu}},
       {"Form8", {none, none, HelpDefineY, HelpAddProfiles, none, HelpSubtractProfiles}},
   };
   WorkbenchSession session;
   session.Play(WorkbenchSession::LoadCommands(session.File("q.xy", "Q\r\n1.5\r\n10 5\r\n11 6\r\n"), 3, 'a'));
+  session.Data().Buffer(1).NPeaks = 1;
   session.Play(
-      "click Form1.cmdAnal\nclick Form10.optA\nclick Form1.cmdFit\nclick Form10.optA\nfile \"x\"\nclick "
-      "Form1.cmdInp\nclick Form4.cmdOK\n");
+      "click Form1.cmdAnal\nclick Form10.optA\nclick Form1.cmdFit\nclick Form10.optA\nclick Form1.cmdCalib\n"
+      "click Form16.optA\nfile \"x\"\nclick Form1.cmdInp\nclick Form4.cmdOK\n");
   SilentServices services(session);
   session.Desk().Load<Form2>(services.Context);
   OpenArithmetic(services.Context, {.Profiles = 2});
