@@ -27,15 +27,11 @@ CycleFindings Refined(CellModel& cell, const AcceptedPeaks& peaks, int cycles = 
   return findings;
 }
 
-AcceptedPeaks ListedPeaks(const std::vector<std::pair<std::array<std::int16_t, 3>, float>>& rows) {
+/// Rows of h, k, l and 2-theta.
+AcceptedPeaks ListedPeaks(const std::vector<std::array<float, 4>>& rows) {
   AcceptedPeaks peaks;
-  for (const auto& [hkl, two_theta] : rows) {
-    const auto at = static_cast<std::size_t>(++peaks.AcceptedCount);
-    peaks.AcceptedH[at] = hkl[0];
-    peaks.AcceptedK[at] = hkl[1];
-    peaks.AcceptedL[at] = hkl[2];
-    peaks.AcceptedTheta2[at] = two_theta;
-  }
+  for (const auto& [h, k, l, two_theta] : rows)
+    AddPeak(peaks, static_cast<int>(h), static_cast<int>(k), static_cast<int>(l), two_theta);
   return peaks;
 }
 
@@ -87,12 +83,7 @@ TEST(CellRefinement, GivesTheDeviationsThatNoiseMakes) {
     std::vector<std::array<double, 3>> sums(heads.size());
     for (int run = 0; run < runs; ++run) {
       std::mt19937 same_reflections(1);
-      AcceptedPeaks peaks = PeaksOf(known, Lambda, 25, same_reflections, 0, 0, 100);
-      std::normal_distribution<double> error(0, 3E-4);
-      for (std::size_t k = 1; k <= 25; ++k) {
-        const double y = std::pow(std::sin(peaks.AcceptedTheta2[k] / 2 * Degree) / Lambda, 2) + error(random);
-        peaks.AcceptedTheta2[k] = static_cast<float>(2 * std::asin(Lambda * std::sqrt(y)) / Degree);
-      }
+      const AcceptedPeaks peaks = PeaksOf(known, Lambda, 25, same_reflections, 0, 3E-4, 100, &random);
       CellModel cell = known.Model(Lambda);
       const CycleFindings findings = Refined(cell, peaks, 3);
       ASSERT_FALSE(findings.Problem);
@@ -116,12 +107,12 @@ TEST(CellRefinement, GivesTheDeviationsThatNoiseMakes) {
 // last digit of the deviation of the zero correction, 0.078558 there, is beyond 32 bits.
 TEST(CellRefinement, WritesACycle) {
   CellModel cell = KnownCell{CrystalSystems::Cubic, {0, 5.43, 5.43, 5.43, 90, 90, 90}}.Model(Lambda);
-  const CycleFindings findings = RefineCycle(cell, ListedPeaks({{{1, 1, 1}, 28.5F},
-                                                                {{2, 2, 0}, 47.31F},
-                                                                {{3, 1, 1}, 56.186F},
-                                                                {{4, 0, 0}, 69.225F},
-                                                                {{3, 3, 1}, 76.353F},
-                                                                {{4, 2, 2}, 88.105F}}));
+  const CycleFindings findings = RefineCycle(cell, ListedPeaks({{1, 1, 1, 28.5F},
+                                                                {2, 2, 0, 47.31F},
+                                                                {3, 1, 1, 56.186F},
+                                                                {4, 0, 0, 69.225F},
+                                                                {3, 3, 1, 76.353F},
+                                                                {4, 2, 2, 88.105F}}));
   EXPECT_EQ(findings.Text,
             "  h   k   l   2th(Obs)    2th(Calc) ')\r\n"
             "1  1  1    28.5    28.479\r\n"
@@ -174,52 +165,52 @@ TEST(CellRefinement, StartsEachCycleWithoutAZeroShift) {
 TEST(CellRefinement, StopsWithTheCellAsItWas) {
   std::mt19937 random(19);
   const AcceptedPeaks sound = PeaksOf(KnownCells[2], Lambda, 10, random);
+  const auto none = static_cast<CrystalSystems>(0);
+  const auto unknown = static_cast<CrystalSystems>(7);
+  CellModel cell;
+  AcceptedPeaks peaks;
   struct Case {
     std::string Words;
-    std::function<void(CellModel&, AcceptedPeaks&)> Change;
+    std::function<void()> Change;
   };
   const std::vector<Case> cases{
-      {"No peak", [](CellModel&, AcceptedPeaks& peaks) { peaks.AcceptedCount = 0; }},
-      {"Wrong definition of crystal system",
-       [](CellModel& cell, AcceptedPeaks&) { cell.CrystalSystem = CrystalSystems::None; }},
-      {"Wrong definition of crystal system",
-       [](CellModel& cell, AcceptedPeaks&) { cell.CrystalSystem = static_cast<CrystalSystems>(7); }},
-      {"4 accepted peaks for 4 parameters",
-       [](CellModel&, AcceptedPeaks& peaks) { peaks.AcceptedCount = 4; }},
-      {"start from is none", [](CellModel& cell, AcceptedPeaks&) { cell.CellRecip[2] = 0; }},
-      {"Peak number 3 (182 ", [](CellModel&, AcceptedPeaks& peaks) { peaks.AcceptedH[3] = 182; }},
-      {"no reflection",
-       [](CellModel&, AcceptedPeaks& peaks) {
-         peaks.AcceptedH[10] = peaks.AcceptedK[10] = peaks.AcceptedL[10] = 0;
-       }},
-      {"no position", [](CellModel&, AcceptedPeaks& peaks) { peaks.AcceptedTheta2[1] = 0; }},
-      {"no position",
-       [](CellModel&, AcceptedPeaks& peaks) {
-         peaks.AcceptedTheta2[1] = std::numeric_limits<float>::quiet_NaN();
-       }},
-      {"range of 32 bits", [](CellModel&, AcceptedPeaks& peaks) { peaks.AcceptedTheta2[1] = 1E-30F; }},
-      {"range of 32 bits", [](CellModel& cell, AcceptedPeaks&) { cell.CellLambda = 1E-30F; }},
-      {"beyond the reach", [](CellModel& cell, AcceptedPeaks&) { cell.CellLambda = 20; }},
+      {"No peak", [&] { peaks.AcceptedCount = 0; }},
+      {"Wrong definition of crystal system", [&] { cell.CrystalSystem = none; }},
+      {"Wrong definition of crystal system", [&] { cell.CrystalSystem = unknown; }},
+      {"4 accepted peaks for 4 parameters", [&] { peaks.AcceptedCount = 4; }},
+      {"start from is none", [&] { cell.CellRecip[2] = 0; }},
+      {"Peak number 3 (182 ", [&] { peaks.AcceptedH[3] = 182; }},
+      {"no reflection", [&] { peaks.AcceptedH[9] = peaks.AcceptedK[9] = peaks.AcceptedL[9] = 0; }},
+      {"no position", [&] { peaks.AcceptedTheta2[1] = 0; }},
+      {"no position", [&] { peaks.AcceptedTheta2[1] = std::numeric_limits<float>::quiet_NaN(); }},
+      {"range of 32 bits", [&] { peaks.AcceptedTheta2[1] = 1E-30F; }},
+      {"range of 32 bits", [&] { cell.CellLambda = 1E-30F; }},
+      {"beyond the reach", [&] { cell.CellLambda = 20; }},
       // The cell reaches them, what the shifts make of it doesn't.
       {"beyond the reach",
-       [](CellModel& cell, AcceptedPeaks& peaks) {
-         cell = KnownCell{CrystalSystems::Cubic, {0, 4, 4, 4, 90, 90, 90}}.Model(Lambda);
+       [&] {
+         cell = KnownCell{CrystalSystems::Cubic, {0, 3.86, 3.86, 3.86, 90, 90, 90}}.Model(Lambda);
          peaks = ListedPeaks(
-             {{{1, 0, 0}, 25}, {{2, 0, 0}, 52}, {{3, 0, 0}, 83}, {{4, 0, 0}, 123}, {{5, 0, 0}, 170}});
+             {{1, 0, 0, 23}, {2, 0, 0, 47.6F}, {3, 0, 0, 74.4F}, {4, 0, 0, 107.5F}, {5, 0, 0, 180}});
        }},
+      // (1 0 1) and (-1 0 1) lie so far apart that beta* would be imaginary.
       {"cell that is none",
-       [](CellModel&, AcceptedPeaks& peaks) {
-         for (std::size_t k = 1; k <= 10; ++k) {
-           peaks.AcceptedTheta2[k] = static_cast<float>(peaks.AcceptedH[k] == 0 ? 5 * k : 1);
-         }
+       [&] {
+         cell = KnownCells[1].Model(Lambda);
+         peaks = ListedPeaks({{1, 0, 0, 9.4F},
+                              {2, 0, 0, 19},
+                              {0, 1, 0, 10},
+                              {0, 2, 0, 20},
+                              {0, 0, 1, 17.6F},
+                              {0, 0, 2, 35.6F},
+                              {1, 0, 1, 40},
+                              {-1, 0, 1, 3}});
        }},
-      {"singular", [](CellModel&, AcceptedPeaks& peaks) {
-         for (std::size_t k = 1; k <= 10; ++k) peaks.AcceptedL[k] = 0, peaks.AcceptedH[k] = 2;
-       }}};
+      {"singular", [&] { peaks.AcceptedH = peaks.AcceptedK; }}};
   for (const Case& bad : cases) {
-    CellModel cell = KnownCells[2].Model(Lambda);
-    AcceptedPeaks peaks = sound;
-    bad.Change(cell, peaks);
+    cell = KnownCells[2].Model(Lambda);
+    peaks = sound;
+    bad.Change();
     const CellModel before = cell;
     const CycleFindings findings = RefineCycle(cell, peaks);
     ASSERT_TRUE(findings.Problem) << bad.Words;
@@ -231,25 +222,22 @@ TEST(CellRefinement, StopsWithTheCellAsItWas) {
 
 TEST(CellRefinement, TellsPeaksThatDetermineTooLittleFromThoseThatDo) {
   std::mt19937 random(23);
-  std::uniform_int_distribution<std::int16_t> index(1, 3);
-  const auto position = [](const KnownCell& known, const AcceptedPeaks& peaks, std::size_t k) {
-    const double q =
-        PlainQ(PlainReciprocal(known.Cosines()), peaks.AcceptedH[k], peaks.AcceptedK[k], peaks.AcceptedL[k]);
-    return static_cast<float>(2 * std::asin(0.7 * std::sqrt(q)) / Degree);
-  };
+  std::uniform_int_distribution<int> index(1, 3);
   for (const KnownCell& known : KnownCells) {
+    const WideCell recip = PlainReciprocal(known.Cosines());
     for (const int count : {9, 40, 300}) {
       // One reflection, two of them in turn, orders of one, a row and a zone of the lattice.
-      for (int kind = 0; kind < 5; ++kind) {
-        if (kind > 0 && known.System == CrystalSystems::Cubic) continue;
+      for (int kind = 0; kind < (known.System == CrystalSystems::Cubic ? 1 : 5); ++kind) {
         AcceptedPeaks peaks;
-        peaks.AcceptedCount = static_cast<std::int16_t>(count);
-        for (std::size_t k = 1; k <= static_cast<std::size_t>(count); ++k) {
-          const std::int16_t n = kind < 2 ? 1 : index(random);
-          peaks.AcceptedH[k] = kind == 1 ? static_cast<std::int16_t>(k % 2) : n;
-          peaks.AcceptedK[k] = kind == 3 ? std::int16_t{0} : kind == 4 ? index(random) : n;
-          peaks.AcceptedL[k] = kind >= 3 ? std::int16_t{0} : n;
-          peaks.AcceptedTheta2[k] = position(known, peaks, k) + 0.01F;
+        for (int k = 0; k < count; ++k) {
+          const int n = kind < 2 ? 1 : index(random);
+          const std::array hkl{kind == 1 ? k % 2 : n,
+                               kind == 3   ? 0
+                               : kind == 4 ? index(random)
+                                           : n,
+                               kind >= 3 ? 0 : n};
+          const double q = PlainQ(recip, hkl[0], hkl[1], hkl[2]);
+          AddPeak(peaks, hkl[0], hkl[1], hkl[2], 2 * std::asin(0.7 * std::sqrt(q)) / Degree + 0.01);
         }
         CellModel cell = known.Model(0.7F, 1.001);
         const auto problem = RefineCycle(cell, peaks).Problem;

@@ -86,16 +86,26 @@ inline constexpr std::array<KnownCell, 6> KnownCells{{
     {CrystalSystems::Cubic, {0, 5.431, 5.431, 5.431, 90, 90, 90}},
 }};
 
+inline void AddPeak(AcceptedPeaks& peaks, int h, int k, int l, double two_theta) {
+  const auto at = static_cast<std::size_t>(++peaks.AcceptedCount);
+  peaks.AcceptedH[at] = static_cast<std::int16_t>(h);
+  peaks.AcceptedK[at] = static_cast<std::int16_t>(k);
+  peaks.AcceptedL[at] = static_cast<std::int16_t>(l);
+  peaks.AcceptedTheta2[at] = static_cast<float>(two_theta);
+}
+
 /// `count` reflections at random, each once unless there are too few, at their places but for `zero` degrees
-/// of 2-theta and, in each Q, a normal error of `noise` 1/angstrom2.
+/// of 2-theta and, in each Q, a normal error of `noise` 1/angstrom2, by a generator of
+/// its own if there is one.
 inline AcceptedPeaks PeaksOf(const KnownCell& cell, double lambda, int count, std::mt19937& random,
-                             double zero = 0, double noise = 0, double highest = 140) {
+                             double zero = 0, double noise = 0, double highest = 140,
+                             std::mt19937* noises = nullptr) {
   const WideCell recip = PlainReciprocal(cell.Cosines());
   const double reach = std::pow(std::sin(highest / 2 * Degree) / lambda, 2);
-  std::vector<std::array<std::int16_t, 3>> reflections;
-  for (std::int16_t l = 0; l <= 8; ++l) {
-    for (std::int16_t k = -8; k <= 8; ++k) {
-      for (std::int16_t h = -8; h <= 8; ++h) {
+  std::vector<std::array<int, 3>> reflections;
+  for (int l = 0; l <= 8; ++l) {
+    for (int k = -8; k <= 8; ++k) {
+      for (int h = -8; h <= 8; ++h) {
         const bool half = l > 0 || k > 0 || (k == 0 && h > 0);
         if (half && PlainQ(recip, h, k, l) <= reach) reflections.push_back({h, k, l});
       }
@@ -106,12 +116,8 @@ inline AcceptedPeaks PeaksOf(const KnownCell& cell, double lambda, int count, st
   AcceptedPeaks peaks;
   for (int i = 0; i < count; ++i) {
     const auto& [h, k, l] = reflections[static_cast<std::size_t>(i) % reflections.size()];
-    const auto at = static_cast<std::size_t>(++peaks.AcceptedCount);
-    peaks.AcceptedH[at] = h;
-    peaks.AcceptedK[at] = k;
-    peaks.AcceptedL[at] = l;
-    const double q = PlainQ(recip, h, k, l) + noise * error(random);
-    peaks.AcceptedTheta2[at] = static_cast<float>(2 * std::asin(lambda * std::sqrt(q)) / Degree + zero);
+    const double q = PlainQ(recip, h, k, l) + noise * error(noises != nullptr ? *noises : random);
+    AddPeak(peaks, h, k, l, 2 * std::asin(lambda * std::sqrt(q)) / Degree + zero);
   }
   return peaks;
 }

@@ -8,21 +8,19 @@ namespace koprax {
 namespace {
 
 /// sin2(theta + z) / lambda2 of a reciprocal cell.
-double PlainModel(const WideCell& recip, const std::array<int, 3>& hkl, double lambda, double z) {
+double PlainModel(const WideCell& recip, const std::array<float, 3>& hkl, double lambda, double z) {
   const double theta = std::asin(lambda * std::sqrt(PlainQ(recip, hkl[0], hkl[1], hkl[2])));
   return std::pow(std::sin(theta + z) / lambda, 2);
 }
 
 /// The reciprocal numbers that are moved together, for each parameter behind the zero shift.
-const std::vector<std::vector<std::size_t>>& Moved(CrystalSystems system) {
-  static const std::vector<std::vector<std::vector<std::size_t>>> moved{{{1}, {2}, {3}, {4}, {5}, {6}},
-                                                                        {{1}, {2}, {3}, {5}},
-                                                                        {{1}, {2}, {3}},
-                                                                        {{1, 2}, {3}},
-                                                                        {{1, 2}, {3}},
-                                                                        {{1, 2, 3}}};
-  return moved[static_cast<std::size_t>(system) - 1];
-}
+const std::vector<std::vector<std::vector<std::size_t>>> Moved{{},
+                                                               {{1}, {2}, {3}, {4}, {5}, {6}},
+                                                               {{1}, {2}, {3}, {5}},
+                                                               {{1}, {2}, {3}},
+                                                               {{1, 2}, {3}},
+                                                               {{1, 2}, {3}},
+                                                               {{1, 2, 3}}};
 
 // Values and slopes are stored in 32 bits and hang on an angle and a cell that are: 1E-06 of the greatest
 // term, and 1E-05 where a slope is the difference of some. 1E-06 is a step whose square is lost in neither.
@@ -34,9 +32,14 @@ TEST(ReflectionModel, FollowsTheCellAndTheZeroShift) {
     const CellModel cell = known.Model(1.54056F);
     WideCell recip{};
     std::ranges::copy(cell.CellRecip, recip.begin());
-    for (const auto& hkl :
-         {std::array{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 1, 0}, {1, -1, 1}, {-2, 1, 1}, {0, -1, 2}}) {
-      const Indices indices{1.0F * hkl[0], 1.0F * hkl[1], 1.0F * hkl[2]};
+    for (const auto& hkl : {std::array{1.0F, 0.0F, 0.0F},
+                            {0, 1, 0},
+                            {0, 0, 1},
+                            {1, 1, 0},
+                            {1, -1, 1},
+                            {-2, 1, 1},
+                            {0, -1, 2}}) {
+      const Indices indices{hkl[0], hkl[1], hkl[2]};
       const float zero = shift(random);
       const ReflectionModel model = ModelOf(cell, indices, 40, zero);
       EXPECT_NEAR(model.Computed, PlainModel(recip, hkl, lambda, zero), 2E-7);
@@ -55,7 +58,7 @@ TEST(ReflectionModel, FollowsTheCellAndTheZeroShift) {
                (2 * step);
       };
       EXPECT_NEAR(slopes[1], slope_along({}, 1), 1E-6);
-      const auto& moved = Moved(known.System);
+      const auto& moved = Moved[static_cast<std::size_t>(known.System)];
       ASSERT_EQ(ParameterCountOf(known.System), moved.size() + 1);
       for (std::size_t p = 0; p < moved.size(); ++p) {
         WideCell way{};
