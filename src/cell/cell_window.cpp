@@ -3,7 +3,7 @@
 #include "cell/cell_window.h"
 
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 #include "display/plot_axes.h"
 #include "files/calibration_commands.h"
@@ -35,28 +35,40 @@ Form26::Form26(const WindowContext& context) : BufferWindow(context, "Form26", "
   ConnectHandlers();
 }
 
+LayoutNode Form26::PictureLayout() {
+  return Column({
+      Row({Space(), Text1}),
+      Stretched(Picture1),
+      Row({Stretched(Text2), Stretched(Text3), Stretched(Text13)}),
+      Row({Stretched(Text4), Stretched(Text5), Stretched(Text12)}),
+  });
+}
+
 LayoutNode Form26::CellLayout() {
-  return Framed(
-      Frame1,
-      Column({Row({Label9, Stretched(Combo2), Command2}), KeepingRoom(Label1),
-              Grid(4, {KeepingRoom(Label2), KeepingRoom(Text6), KeepingRoom(Label6),
-                       KeepingRoom(Text9),  //
-                       KeepingRoom(Label4), KeepingRoom(Text7), KeepingRoom(Label7),
-                       KeepingRoom(Text10),  //
-                       KeepingRoom(Label5), KeepingRoom(Text8), KeepingRoom(Label8), KeepingRoom(Text11)}),
-              Row({Space(), Command1})}));
+  std::vector<LayoutNode> boxes;
+  for (Control* part :
+       {static_cast<Control*>(&Label2), static_cast<Control*>(&Text6), static_cast<Control*>(&Label6),
+        static_cast<Control*>(&Text9), static_cast<Control*>(&Label4), static_cast<Control*>(&Text7),
+        static_cast<Control*>(&Label7), static_cast<Control*>(&Text10), static_cast<Control*>(&Label5),
+        static_cast<Control*>(&Text8), static_cast<Control*>(&Label8), static_cast<Control*>(&Text11)}) {
+    boxes.push_back(KeepingRoom(*part));
+  }
+  return Framed(Frame1, Column({Row({Stretched(Combo2), Command2}), KeepingRoom(Label1),
+                                Row({Grid(4, std::move(boxes)), Space()}), Row({Space(), Command1})}));
 }
 
 LayoutNode Form26::GenerationLayout() {
-  return KeepingRoom(Framed(Frame2, Column({Label10, Grid(2, {Label12, Text16, Label13, Text17}),
-                                            Row({Space(), cmdPeakGeneration}), Stretched(Text14)})));
+  return KeepingRoom(Framed(Frame2, Row({Column({Label10, Grid(2, {Label12, Text16, Label13, Text17}),
+                                                 Row({Space(), cmdPeakGeneration}), Space()}),
+                                         Stretched(Text14)})));
 }
 
 LayoutNode Form26::IndexationLayout() {
-  return Framed(Frame4, Column({Label11, Label14, Grid(2, {Label15, Text15}),
-                                Row({Label16, Text18, Label17, Text19, Label18, Text20, Command4, Space()}),
-                                Grid(2, {Label20, Text21}), Row({cmdAccept, cmdRefuse, Space()}),
-                                Row({Label21, Text22, Space(), Command5}), Space()}));
+  return Framed(Frame4,
+                Column({Label11, Label14, Row({Grid(2, {Label15, Text15}), Space()}),
+                        Row({Label16, Text18, Label17, Text19, Label18, Text20, Command4, Space()}),
+                        Row({Grid(2, {Label20, Text21}), Space()}), Row({cmdAccept, cmdRefuse, Space()}),
+                        Row({Label21, Text22, Space(), Command5}), Space()}));
 }
 
 LayoutNode Form26::RefinementLayout() {
@@ -64,17 +76,10 @@ LayoutNode Form26::RefinementLayout() {
 }
 
 void Form26::ArrangeControls() {
-  SetLayout(Column({
-                Stretched(Row(
-                    {Stretched(Column(
-                         {Stretched(Picture1), Row({Stretched(Text2), Stretched(Text3), Stretched(Text1)}),
-                          Row({Stretched(Text4), Stretched(Text5), Stretched(Text13), Stretched(Text12)})})),
-                     Column({Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK})})),
-                             CellLayout(), Space()})})),
-                Stretched(Row({GenerationLayout(),
-                               Stretched(KeepingRoom(Stack({IndexationLayout(), RefinementLayout()})))})),
-                Row({Space(), Command3}),
-            }),
+  SetLayout(Row({Stretched(Column({Stretched(PictureLayout()), Stretched(GenerationLayout())})),
+                 Column({Framed(Frame3, Column({Label3, Combo1, Row({Space(), cmdComboOK})})), CellLayout(),
+                         Stretched(KeepingRoom(Stack({IndexationLayout(), RefinementLayout()}))),
+                         Row({Space(), Command3})})}),
             true);
 }
 

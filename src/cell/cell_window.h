@@ -27,6 +27,7 @@ class Form26 final : public BufferWindow {
   [[nodiscard]] bool HasContent() override;
 
   void ArrangeControls();
+  [[nodiscard]] LayoutNode PictureLayout();
   [[nodiscard]] LayoutNode CellLayout();
   [[nodiscard]] LayoutNode GenerationLayout();
   [[nodiscard]] LayoutNode IndexationLayout();
@@ -90,7 +91,6 @@ class Form26 final : public BufferWindow {
   Button cmdComboOK{*this, "cmdComboOK", {.Caption = "OK"}};
 
   Frame Frame1{*this, "Frame1", {.Caption = "Cell Parameters"}};
-  Label Label9{*this, "Label9", {.Caption = "Crystal system"}};
   ComboBox Combo2{*this,
                   "Combo2",
                   {.Text = "Triclinic",
@@ -121,7 +121,7 @@ class Form26 final : public BufferWindow {
   Button cmdPeakGeneration{
       *this, "cmdPeakGeneration", {.Caption = "OK", .ToolTip = "List the reflections of the range"}};
   TextBox Text14{
-      *this, "Text14", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 24, .Rows = 12}};
+      *this, "Text14", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 24, .Rows = 10}};
 
   Frame Frame4{*this, "Frame4", {.Caption = "Peak indexation", .Visible = false}};
   Label Label11{*this, "Label11", {.Caption = "Select, with the mouse, one peak in the"}};
@@ -146,7 +146,7 @@ class Form26 final : public BufferWindow {
   Frame Frame5{*this, "Frame5", {.Caption = "Refinement of cell parameters", .Visible = false}};
   Button cmdOptimize{*this, "cmdOptimize", {.Caption = "Refine", .ToolTip = "Run one cycle of refinement"}};
   TextBox Text23{
-      *this, "Text23", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 64, .Rows = 12}};
+      *this, "Text23", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 63, .Rows = 21}};
 
   Button Command3{*this, "Command3", {.Caption = "Main menu", .ToolTip = "Return to main menu"}};
 };

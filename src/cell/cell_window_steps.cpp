@@ -15,6 +15,11 @@ namespace {
 
 float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
 
+Message NoSystem() {
+  return ErrorMessage(
+      "The crystal system hasn't been chosen yet.\r\nChoose it, press \"OK\" beside it, and type the cell.");
+}
+
 Message NoCell() {
   return ErrorMessage(
       "These lengths and angles are those of no cell.\r\nGive lengths above 0, and angles between 0 and 180 "
@@ -23,7 +28,8 @@ Message NoCell() {
 
 Message NoReflections() {
   return ErrorMessage(
-      "There is no cell whose reflections could be listed, because no crystal system was chosen.\r\nReturn "
+      "There is no cell whose reflections could be listed, because the crystal system chosen is "
+      "unknown.\r\nReturn "
       "to "
       "the main menu and start \"Refine cell\" anew.");
 }
@@ -127,12 +133,16 @@ void Form26::CloseFixedBoxes() {
 }
 
 void Form26::TakeCell() {
+  if (Combo2.Enabled) {
+    Tell(NoSystem());
+    return;
+  }
   CellModel& cell = state_.Cell;
   TypedCell typed{};
   const std::array<const TextBox*, 6> boxes{&Text6, &Text7, &Text8, &Text9, &Text10, &Text11};
   for (std::size_t k = 0; k < boxes.size(); ++k) typed[k + 1] = LeadingNumber(boxes[k]->Text.Get());
   const CellNumbers direct = DirectCellOf(cell.CrystalSystem, typed);
-  // Without a system there is no cell; the refinement tells.
+  // A name of no system makes no cell; the refinement tells.
   if (cell.CrystalSystem != CrystalSystems::None) {
     if (!IsCell(direct)) {
       Tell(NoCell());

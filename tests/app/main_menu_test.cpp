@@ -172,8 +172,7 @@ TEST_F(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
 }
 
 TEST_F(Pickers, OfCalibrationAndCellEndTheirModesAndAllEmptyNeedsNoPicker) {
-  Play("input \"n\"\n");
-  EXPECT_THAT(After("Form1.cmdCalib"),
+  EXPECT_THAT(Words("input \"n\"\nclick Form1.cmdCalib\n"),
               ElementsAre("shown Form16", "unloaded Form16",
                           HasSubstr("No peak was selected or refined in buffer 1."), "unloaded Form24"));
   EXPECT_EQ(Values("CurBuf ModeCalib NoProfileForCalib"), (Json{1, 0, 0}));
