@@ -9,8 +9,8 @@ namespace {
 
 /// Those of a straight line through points.
 std::vector<CellParameters> LineSlopes(const std::vector<float>& xs) {
-  std::vector<CellParameters> rows;
-  for (const float x : xs) rows.push_back({0, 1, x});
+  std::vector<CellParameters> rows(xs.size());
+  for (std::size_t k = 0; k < xs.size(); ++k) rows[k] = {0, 1, xs[k]};
   return rows;
 }
 

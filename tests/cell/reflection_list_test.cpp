@@ -13,20 +13,23 @@ bool operator==(const Reflection& one, const Reflection& other) {
   return one.H == other.H && one.K == other.K && one.L == other.L && one.Theta2 == other.Theta2;
 }
 
+float Float(int index) { return static_cast<float>(index); }
+std::int16_t Short(int index) { return static_cast<std::int16_t>(index); }
+
 /// All triples, one after the other.
 std::vector<Reflection> ByTrial(const CellModel& cell, float low, float high, std::size_t limit = 300) {
   const double largest = 2 * std::sin(high / 2 * Degree) / cell.CellLambda;
-  const auto last = [&](std::size_t k) { return static_cast<std::int16_t>(largest / cell.CellRecip[k] + 1); };
+  const auto last = [&](std::size_t k) { return static_cast<int>(largest / cell.CellRecip[k] + 1); };
   const bool signed_h = cell.CrystalSystem <= CrystalSystems::Monoclinic;
   const bool signed_k = cell.CrystalSystem == CrystalSystems::Triclinic;
   std::vector<Reflection> reflections;
-  for (std::int16_t l = 0; l <= last(3); ++l) {
-    for (std::int16_t k = signed_k ? -last(2) : 0; k <= last(2); ++k) {
-      for (std::int16_t h = signed_h ? -last(1) : 0; h <= last(1); ++h) {
+  for (int l = 0; l <= last(3); ++l) {
+    for (int k = signed_k ? -last(2) : 0; k <= last(2); ++k) {
+      for (int h = signed_h ? -last(1) : 0; h <= last(1); ++h) {
         if (k == 0 && l == 0 && h <= 0) continue;
-        const auto two_theta = TwoThetaOf(cell, {1.0F * h, 1.0F * k, 1.0F * l});
+        const auto two_theta = TwoThetaOf(cell, {Float(h), Float(k), Float(l)});
         if (!two_theta || *two_theta < low || *two_theta > high) continue;
-        if (reflections.size() < limit) reflections.push_back({h, k, l, *two_theta});
+        if (reflections.size() < limit) reflections.push_back({Short(h), Short(k), Short(l), *two_theta});
       }
     }
   }
