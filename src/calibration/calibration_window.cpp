@@ -40,6 +40,13 @@ Message NoShift(const std::string& text) {
                       " degrees.\r\nGive a number of degrees (2-theta), such as 2.5 or -10.");
 }
 
+Message NoChannels(const ProfileBuffer& buffer) {
+  return {.Text = "The peaks in the list of buffer " + buffer.BufLetter +
+                  " have no channels.\r\nA calibration wants the list of a profile in channels.",
+          .Title = "Warning",
+          .Icon = MessageIcon::Exclamation};
+}
+
 }  // namespace
 
 Form24::Form24(const WindowContext& context) : BufferWindow(context, "Form24", "Calibration") {
@@ -130,6 +137,11 @@ void Form24::disegna_picchi() {
     Frame3.Visible = true;
   } else {
     ShowWavelength();
+  }
+  const bool no_channels =
+      std::ranges::all_of(state_.SampleSticks, [](const Stick& peak) { return peak.X == 0; });
+  if (no_channels && !state_.SampleSticks.empty()) {
+    Tell(NoChannels(Buffer()));
   }
 }
 

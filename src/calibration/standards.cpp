@@ -51,12 +51,14 @@ std::optional<float> PositionAt(float two_theta, float table_lambda, float wavel
     return two_theta;
   }
   const double sine_in_table = std::sin(two_theta / 2.0 * RadiansPerDegree);
-  const double sine = 2 * sine_in_table * wavelength / table_lambda / 2;
+  const auto sine = static_cast<float>(2 * sine_in_table * wavelength / table_lambda / 2);
   if (sine > 1) {
     return std::nullopt;
   }
-  const double cosine = std::sqrt(1 - sine * sine);
-  return cosine == 0 ? 180 : static_cast<float>(2 * std::atan(sine / cosine) / RadiansPerDegree);
+  const auto cosine = static_cast<float>(std::sqrt(1 - static_cast<double>(sine) * sine));
+  return cosine == 0
+             ? 180
+             : static_cast<float>(2 * std::atan(static_cast<double>(sine) / cosine) / RadiansPerDegree);
 }
 
 std::vector<Stick> StandardPeaks::Take(const Standard& standard, float wavelength) {

@@ -114,6 +114,7 @@ void Form26::ReturnToMainMenu() {
     picker->CloseBox();
   }
   Unload();
+  context_.Main.ShowMainMenu();
 }
 
 bool Form26::HasContent() {
