@@ -4,11 +4,14 @@
 namespace koprax {
 namespace {
 
-constexpr std::string_view Corundum =
-    R"TEXT(Command "Al2O3 (Corundum)" chooses corundum as the standard.
+// Both commands do the same.
+constexpr std::string_view ChoosingTheStandard =
+    R"TEXT(Commands "Al2O3 (Corundum)" and "Silicon" choose the standard. Take the one
+that was measured.
 
-Its 19 tabulated peaks, between 25.676 and 136.094 degrees for 1.54056
-angstrom, are carried to the wavelength of your sample by Bragg's law and
+Corundum has 19 tabulated peaks, between 25.676 and 136.094 degrees for
+1.54056 angstrom, silicon 11, between 28.443 and 136.897 degrees for 1.5405982
+angstrom. They are carried to the wavelength of your sample by Bragg's law and
 drawn in the upper picture, on a scale of 120 degrees. Peaks that cannot be
 observed at that wavelength are left out. If the wavelength is asked for, give
 it first.
@@ -19,29 +22,8 @@ Under the mouse you read 2-theta, intensity and d of the standard.
 degrees and press "OK" beside them. A positive number moves it to the right.
 Shifts add up. Only the view is moved, the 2-theta of the peaks stay.
 
-Choose the standard that was measured. Until the coupling starts you may choose
-the other one: it is drawn over the first, and the next shift clears the
-picture.
-)TEXT";
-
-constexpr std::string_view Silicon =
-    R"TEXT(Command "Silicon" chooses silicon as the standard.
-
-Its 11 tabulated peaks, between 28.443 and 136.897 degrees for 1.5405982
-angstrom, are carried to the wavelength of your sample by Bragg's law and
-drawn in the upper picture, on a scale of 120 degrees. Peaks that cannot be
-observed at that wavelength are left out. If the wavelength is asked for, give
-it first.
-
-Under the mouse you read 2-theta, intensity and d of the standard.
-
-"Shift standard profile by" moves the standard under your peaks: type some
-degrees and press "OK" beside them. A positive number moves it to the right.
-Shifts add up. Only the view is moved, the 2-theta of the peaks stay.
-
-Choose the standard that was measured. Until the coupling starts you may choose
-the other one: it is drawn over the first, and the next shift clears the
-picture.
+Until the coupling starts you may choose the other standard: it is drawn over
+the first, and the next shift clears the picture.
 )TEXT";
 
 constexpr std::string_view Coupling =
@@ -107,9 +89,8 @@ standard.
 std::string_view CalibrationHelp(HelpTopic topic) {
   switch (topic) {
     case HelpTopic::HelpCorundum:
-      return Corundum;
     case HelpTopic::HelpSilicon:
-      return Silicon;
+      return ChoosingTheStandard;
     case HelpTopic::HelpCoupling:
       return Coupling;
     case HelpTopic::HelpStartCalibration:
