@@ -12,6 +12,11 @@ namespace koprax {
 
 namespace {
 
+/// How often greater the variance of a coefficient may be than it were if the others were known. The sums in
+/// 64 bits are good to some 1E-16 of themselves; up to this the polynomial keeps to 0.0001 degrees at the
+/// couples, beyond it goes astray where channels fill only a small part of the detector.
+constexpr double MaxVarianceInflation = 1E9;
+
 std::span<const float> CoupledPart(const std::array<float, MaxCouples + 1>& table, const Couples& couples) {
   return std::span(table).subspan(1, static_cast<std::size_t>(couples.CoupleCount));
 }
@@ -80,11 +85,12 @@ CalibrationDemand DemandOf(const Couples& couples) {
 std::optional<Calibration> FitCalibration(const Couples& couples) {
   const CalibrationDemand demand = DemandOf(couples);
   if (!demand.Met()) return std::nullopt;
-  const std::size_t count = demand.NeededChannels;
+  const std::size_t count = demand.NeededChannels;  // one coefficient for each
   const auto channels = CoupledPart(couples.CoupledChannel, couples);
   const auto two_theta = CoupledPart(couples.CoupledTheta2, couples);
 
-  auto [inverse, right_side] = NormalEquationsOf(channels, two_theta, count);
+  const auto [normal, right_side] = NormalEquationsOf(channels, two_theta, count);
+  std::vector<double> inverse = normal;
   if (InvertMatrix<double>(inverse, count) == 0) return std::nullopt;
   Calibration calibration{.CalibParCount = count};
   for (std::size_t p = 0; p < count; ++p) {
@@ -98,7 +104,8 @@ std::optional<Calibration> FitCalibration(const Couples& couples) {
   calibration.Residual = all_squares == 0 ? 0 : static_cast<float>(squares / all_squares);
   for (std::size_t p = 0; p < count; ++p) {
     const double variance = inverse[p * count + p];
-    if (!(variance > 0)) return std::nullopt;  // the channels can't be told apart
+    const double inflation = variance * normal[p * count + p];
+    if (!(inflation > 0 && inflation <= MaxVarianceInflation)) return std::nullopt;
     const auto freedom = static_cast<double>(demand.Couples - count);
     calibration.Sigma[p + 1] = static_cast<float>(std::sqrt(variance / freedom * squares));
   }

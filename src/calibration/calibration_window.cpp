@@ -9,7 +9,9 @@
 
 #include "files/calibration_commands.h"
 #include "files/peak_list_commands.h"
+#include "files/peak_list_window.h"
 #include "files/typed_wavelength.h"
+#include "forms/desktop.h"
 #include "forms/number_text.h"
 #include "workspace/bragg.h"
 
@@ -83,14 +85,14 @@ LayoutNode Form24::CommandsLayout() {
 void Form24::ArrangeControls() { SetLayout(Row({Stretched(PicturesLayout()), CommandsLayout()}), true); }
 
 void Form24::ConnectHandlers() {
-  cmdComboOK.OnClick = OnItsBuffer([this] { TakeWavelength(); });
-  cmdCorundum.OnClick = OnItsBuffer([this] { ShowStandard(CorundumStandard()); });
-  cmdSi.OnClick = OnItsBuffer([this] { ShowStandard(SiliconStandard()); });
+  cmdComboOK.OnClick = WithItsContent([this] { TakeWavelength(); });
+  cmdCorundum.OnClick = WithItsContent([this] { ShowStandard(CorundumStandard()); });
+  cmdSi.OnClick = WithItsContent([this] { ShowStandard(SiliconStandard()); });
   Command2.OnClick = OnItsBuffer([this] { ShiftStandard(); });
 
   cmdStartCou.OnClick = OnItsBuffer([this] { StartCoupling(); });
   cmdAccept.OnClick = WithItsContent([this] { AcceptCouple(); });
-  cmdSkip.OnClick = OnItsBuffer([this] { RefuseCouple(); });
+  cmdSkip.OnClick = OnItsBuffer([this] { SettleCouple(); });
   cmdQuit.OnClick = OnItsBuffer([this] { QuitCoupling(); });
   Command3.OnClick = OnItsBuffer([this] { StartCalibration(); });
   Command4.OnClick = OnItsBuffer([this] { SaveCalibration(context_, state_.Result.Coefficients()); });
@@ -119,6 +121,9 @@ void Form24::OnLoad() {
   }
 }
 
+/// A list that is still being previewed belongs to this start.
+void Form24::OnUnload() { Desk().Unload(peak_list_windows::Calibration.Name); }
+
 void Form24::ReturnToMainMenu() {
   Unload();
   context_.Main.ShowMainMenu();
@@ -133,7 +138,7 @@ void Form24::disegna_picchi() {
   if (sample_plot_.DrawFrame(Channels, Picture2)) {
     sample_plot_.DrawSticks(state_.SampleSticks, Picture2);
   }
-  if (Buffer().Wavelength == 0) {
+  if (Buffer().Wavelength <= 0) {
     Frame3.Visible = true;
   } else {
     ShowWavelength();
@@ -151,7 +156,7 @@ void Form24::ShowWavelength() {
 }
 
 void Form24::TakeWavelength() {
-  const std::optional<float> wavelength = NeededWavelength(context_, Combo1.Text);
+  const std::optional<float> wavelength = NeededWavelength(context_, Buffer(), Combo1.Text);
   if (!wavelength) {
     return;
   }
@@ -163,6 +168,7 @@ void Form24::ShowStandard(const Standard& standard) {
   const float wavelength = Buffer().Wavelength;
   if (wavelength <= 0) {
     Tell(NoWavelength());
+    Frame3.Visible = true;
     return;
   }
   ShowWavelength();  // it may have been given in another window
@@ -204,7 +210,7 @@ void Form24::ShowReadOut(float x, float y) {
 }
 
 bool Form24::HasContent() {
-  const bool holds_its_list = Buffer().NPeaks > 0 && state_.Kept.Matches(Buffer());
+  const bool holds_its_list = state_.Kept.Matches(Buffer());
   if (!holds_its_list) {
     Tell(PeakListGone(Buffer(), "Calibration"));
   }

@@ -22,6 +22,7 @@ class Form24 final : public BufferWindow {
 
  private:
   void OnLoad() override;
+  void OnUnload() override;
   void OnCloseBox() override { ReturnToMainMenu(); }
 
   void ArrangeControls();
@@ -48,8 +49,7 @@ class Form24 final : public BufferWindow {
   void PickSamplePeak(float x);
   void CompletePair();
   void AcceptCouple();
-  void RefuseCouple();
-  void RubOutPicks();
+  void SettleCouple();
   void OfferAnswers(bool offered);
   void QuitCoupling();
 

@@ -20,17 +20,20 @@ Message TooManyCouples() {
 }
 
 Message NoCalibration(const CalibrationDemand& demand) {
+  const std::string remedy =
+      demand.Couples == MaxCouples
+          ? "There is no room for more couples: start \"Calibration\" of the main menu anew."
+      : demand.Met() ? "Couple further peaks."
+                     : "Couple more peaks.";
   const auto counts = [](std::size_t couples, std::size_t channels) {
     return std::to_string(couples) + (couples == 1 ? " couple" : " couples") + " of peaks, at " +
            std::to_string(channels) + (channels == 1 ? " channel" : " different channels");
   };
   const std::string needed =
-      demand.Met() ? "Their channels lie too close together, or their numbers are too large.\r\n"
-                     "Couple other peaks."
-                   : "At least " + counts(demand.NeededCouples, demand.NeededChannels) +
-                         ", are needed.\r\nCouple more peaks.";
+      demand.Met() ? "Their channels lie too close together, or their numbers are too large."
+                   : "At least " + counts(demand.NeededCouples, demand.NeededChannels) + ", are needed.";
   return ErrorMessage("The calibration can't be computed from " + counts(demand.Couples, demand.Channels) +
-                      ".\r\n" + needed);
+                      ".\r\n" + needed + "\r\n" + remedy);
 }
 
 }  // namespace
@@ -69,6 +72,10 @@ void Form24::PickSamplePeak(float x) {
   if (!HasContent()) {
     return;
   }
+  if (state_.SampleSticks.empty()) {
+    Tell(PeakListGone(Buffer(), "Calibration"));
+    return;
+  }
   const auto nearest = NearestStick(state_.SampleSticks, sample_plot_.XAt(x));
   if (!nearest) {
     Tell(NoPeakNear());
@@ -90,23 +97,20 @@ void Form24::CompletePair() {
 
 void Form24::AcceptCouple() {
   Couples& couples = context_.Data.Coupled;
-  const auto channel = static_cast<float>(LeadingNumber(Buffer().PeakChannel[state_.SamplePick]));
+  const auto channel = LeadingFloat(Buffer().PeakChannel[state_.SamplePick]);
   if (!AddCouple(couples, state_.Standard.StandardTheta2[state_.StandardPick], channel)) {
     Tell(TooManyCouples());
     return;
   }
-  RubOutPicks();
-  OfferAnswers(false);
+  SettleCouple();
   Text9.Text = CouplesText(couples);
 }
 
-void Form24::RefuseCouple() {
+/// Both picked sticks become red again, and nothing is picked: a peak that has replaced another one awaits no
+/// partner any more.
+void Form24::SettleCouple() {
   OfferAnswers(false);
-  RubOutPicks();
-}
-
-/// Both picked sticks become red again.
-void Form24::RubOutPicks() {
+  state_.PickStandard = state_.PickSample = 0;
   standard_plot_.DrawStick(state_.StandardLine, colours::Red, Picture1);
   sample_plot_.DrawStick(state_.SampleLine, colours::Red, Picture2);
 }

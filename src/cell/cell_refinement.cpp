@@ -24,17 +24,16 @@ Message NoPeaks() {
 }
 
 Message TooFewPeaks(std::size_t peaks, std::size_t parameters) {
-  return ErrorMessage("There are " + std::to_string(peaks) + " accepted peaks for " +
-                      std::to_string(parameters) +
-                      " parameters.\r\nStart \"Refine cell\" of the main menu anew and accept at least " +
+  return ErrorMessage("The peaks accepted are no more than the parameters: " + std::to_string(peaks) +
+                      " for " + std::to_string(parameters) +
+                      ".\r\nStart \"Refine cell\" of the main menu anew and accept at least " +
                       std::to_string(parameters + 1) + " peaks.");
 }
 
 Message NoStartingCell() {
   return ErrorMessage(
-      "The cell to start from is none.\r\nStart \"Refine cell\" of the main menu anew and give lengths above "
-      "0 "
-      "and angles that enclose a volume.");
+      "The cell to start from is none.\r\nStart \"Refine cell\" of the main menu anew, with lengths above 0 "
+      "and with angles that enclose a volume.");
 }
 
 Message PeaksTellTooLittle() {
@@ -45,9 +44,8 @@ Message PeaksTellTooLittle() {
 
 Message LeadsToNoCell() {
   return ErrorMessage(
-      "The refinement leads to a cell that is none, so the cell was left as it is.\r\nStart \"Refine cell\" "
-      "of "
-      "the main menu anew with a better cell, and check the indices of the peaks.");
+      "The refinement leads to a cell that is none, so the cell was left as it is.\r\nStart anew with "
+      "\"Refine cell\" of the main menu and a better cell, and check the indices of the peaks.");
 }
 
 Message BeyondNumbers() {

@@ -9,6 +9,7 @@
 #include "files/calibration_commands.h"
 #include "files/calibration_file.h"
 #include "files/peak_list_commands.h"
+#include "files/peak_list_window.h"
 #include "files/typed_wavelength.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -22,8 +23,32 @@ namespace {
 constexpr XRange Detector{.Low = 0, .High = 4096};
 constexpr float DegreesAround = 5;
 
+constexpr auto ChannelList = static_cast<std::int16_t>(FormatCodes::CpsChannels);
+
 /// Of a detector that is read here the coefficients up to this one count.
 constexpr std::size_t LastCoefficient = 5;
+
+/// A list tells what its positions are by the format of its buffer alone, which may be that of another
+/// profile.
+std::optional<Message> DoubtInList(const ProfileBuffer& buffer) {
+  const auto first = buffer.PeakTheta.begin() + 1;
+  const auto channel = buffer.PeakChannel.begin() + 1;
+  const auto is_zero = [](const std::string& text) { return LeadingNumber(text) == 0; };
+  const auto is_angle = [](const std::string& text) { return LeadingNumber(text) <= 180; };
+  std::string doubt;
+  if (buffer.CellFormat == ChannelList && std::all_of(channel, channel + buffer.NPeaks, is_angle)) {
+    doubt = " count as channels, and none lies above 180.";
+  } else if (buffer.CellFormat != ChannelList && std::all_of(first, first + buffer.NPeaks, is_zero)) {
+    doubt = " have no 2-theta.";
+  }
+  if (doubt.empty() || buffer.NPeaks == 0) {
+    return std::nullopt;
+  }
+  return Message{.Text = "The peaks in the list of buffer " + buffer.BufLetter + doubt +
+                         "\r\nIf they were read from disk, erase the buffer, and read them again.",
+                 .Title = "Warning",
+                 .Icon = MessageIcon::Exclamation};
+}
 
 }  // namespace
 
@@ -84,7 +109,9 @@ void Form26::ArrangeControls() {
 }
 
 void Form26::ConnectHandlers() {
-  cmdComboOK.OnClick = OnItsBuffer([this] { TakeWavelength(); });
+  cmdComboOK.OnClick = OnItsBuffer([this] {
+    if (HoldsItsList()) TakeWavelength();
+  });
   Command2.OnClick = [this] { ChooseSystem(); };
   Command1.OnClick = [this] { TakeCell(); };
   cmdPeakGeneration.OnClick = [this] { GeneratePeaks(); };
@@ -109,6 +136,9 @@ void Form26::OnLoad() {
   }
 }
 
+/// A list that is still being previewed belongs to this start.
+void Form26::OnUnload() { Desk().Unload(peak_list_windows::Cell.Name); }
+
 void Form26::ReturnToMainMenu() {
   if (const auto picker = Desk().Find("Form27")) {
     picker->CloseBox();
@@ -117,12 +147,12 @@ void Form26::ReturnToMainMenu() {
   context_.Main.ShowMainMenu();
 }
 
-bool Form26::HasContent() {
-  const bool has_list = Buffer().NPeaks != 0 && state_.Kept.Matches(Buffer());
-  if (!has_list) {
+bool Form26::HoldsItsList() {
+  const bool holds = state_.Kept.Matches(Buffer());
+  if (!holds) {
     Tell(PeakListGone(Buffer(), "Refine cell"));
   }
-  return has_list;
+  return holds;
 }
 
 // The peak list and its wavelength.
@@ -131,11 +161,14 @@ void Form26::disegna_picchi() {
   Show();
   state_.Kept.Keep(Buffer());
   DrawPeaks();
-  if (Buffer().Wavelength == 0) {
+  if (Buffer().Wavelength <= 0) {
     Frame3.Visible = true;
     Frame1.Visible = false;
   } else {
     ShowWavelength();
+  }
+  if (const auto doubt = DoubtInList(Buffer())) {
+    Tell(*doubt);
   }
 }
 
@@ -165,16 +198,14 @@ XRange Form26::PictureRange() const {
   return {.Low = lowest - DegreesAround, .High = highest + DegreesAround};
 }
 
-bool Form26::InChannels() const {
-  return Buffer().CellFormat == static_cast<std::int16_t>(FormatCodes::CpsChannels);
-}
+bool Form26::InChannels() const { return Buffer().CellFormat == ChannelList; }
 
 float Form26::TwoThetaAt(float x) const {
   return InChannels() ? TwoThetaOfChannel(Buffer().CalPar, x, LastCoefficient) : x;
 }
 
 void Form26::TakeWavelength() {
-  const std::optional<float> wavelength = NeededWavelength(context_, Combo1.Text);
+  const std::optional<float> wavelength = NeededWavelength(context_, Buffer(), Combo1.Text);
   if (!wavelength) {
     return;
   }
@@ -199,6 +230,7 @@ bool Form26::AskForCalibration() {
   context_.Data.CalCancelled = 0;
   Buffer().NPeaks = 0;
   Buffer().Wavelength = 0;
+  state_.Kept.Keep(Buffer());
   DrawPeaks();
   return false;
 }

@@ -23,8 +23,10 @@ class Form26 final : public BufferWindow {
 
  private:
   void OnLoad() override;
+  void OnUnload() override;
   void OnCloseBox() override { ReturnToMainMenu(); }
-  [[nodiscard]] bool HasContent() override;
+  /// Whether the buffer holds the list on show; if not, the user has been told.
+  [[nodiscard]] bool HoldsItsList();
 
   void ArrangeControls();
   [[nodiscard]] LayoutNode PictureLayout();
@@ -51,6 +53,7 @@ class Form26 final : public BufferWindow {
   void ShowCellBoxes(bool shown);
   void CloseFixedBoxes();
   void TakeCell();
+  [[nodiscard]] bool AnglesAreInside() const;
   void GeneratePeaks();
 
   // The indices.

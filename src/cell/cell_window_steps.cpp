@@ -1,4 +1,6 @@
 // The steps of the work: the cell, its reflections, the indices of the peaks, the refinement.
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -13,7 +15,7 @@ namespace koprax {
 
 namespace {
 
-float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
+float NumberIn(const TextBox& box) { return LeadingFloat(box.Text.Get()); }
 
 Message NoSystem() {
   return ErrorMessage(
@@ -28,16 +30,18 @@ Message NoCell() {
 
 Message NoReflections() {
   return ErrorMessage(
-      "There is no cell whose reflections could be listed, because the crystal system chosen is "
-      "unknown.\r\nReturn "
-      "to "
-      "the main menu and start \"Refine cell\" anew.");
+      "There is no cell whose reflections could be listed: the crystal system chosen is unknown.\r\nStart "
+      "anew with \"Refine cell\" of the main menu.");
+}
+
+Message NoRange() {
+  return ErrorMessage("The range of 2-theta is out of range.\r\nGive two angles in degrees, up to 180.");
 }
 
 Message TooManyReflections() {
   return ErrorMessage(
-      "The range holds more reflections than can be numbered.\r\nReduce 2-theta max, or check the lengths of "
-      "the cell.");
+      "The cell has more reflections than can be gone through.\r\nReduce 2-theta max, or look whether its "
+      "lengths are right.");
 }
 
 Message LimitOfGeneration() {
@@ -52,8 +56,8 @@ Message NotCalibrated(const ProfileBuffer& buffer) {
   return {
       .Text =
           "Buffer " + buffer.BufLetter +
-          " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak, or load "
-          "the profile anew and give its wavelength and calibration.",
+          " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak, or start "
+          "anew with a buffer that has no wavelength yet: you are asked for both.",
       .Title = "Warning",
       .Icon = MessageIcon::Exclamation};
 }
@@ -144,25 +148,41 @@ void Form26::TakeCell() {
   const CellNumbers direct = DirectCellOf(cell.CrystalSystem, typed);
   // A name of no system makes no cell; the refinement tells.
   if (cell.CrystalSystem != CrystalSystems::None) {
-    if (!IsCell(direct)) {
+    CellNumbers recip{};
+    if (IsCell(direct)) CellConvert(direct, recip, CellConversion::Reciprocal);
+    if (!IsCell(recip) || !AnglesAreInside()) {
       Tell(NoCell());
       return;
     }
     cell.CellDirect = direct;
-    CellConvert(cell.CellDirect, cell.CellRecip, CellConversion::Reciprocal);
-    CellConvert(cell.CellRecip, cell.CellQuad, CellConversion::QuadraticForm);
+    cell.CellRecip = recip;
+    CellConvert(recip, cell.CellQuad, CellConversion::QuadraticForm);
   }
   Frame1.Enabled = false;
   Frame2.Visible = Frame4.Visible = true;
   state_.IndexationActive = true;
 }
 
+/// The cosines alone would let an angle of 255 degrees pass for one of 105.
+bool Form26::AnglesAreInside() const {
+  return std::ranges::all_of(std::array{&Text9, &Text10, &Text11}, [](const TextBox* box) {
+    const double angle = LeadingNumber(box->Text.Get());
+    return !box->Enabled || (angle > 0 && angle < 180);
+  });
+}
+
 void Form26::GeneratePeaks() {
-  if (!IsCell(state_.Cell.CellRecip)) {
+  if (state_.Cell.CrystalSystem == CrystalSystems::None) {
     Tell(NoReflections());
     return;
   }
-  GeneratedReflections found = GenerateReflections(state_.Cell, NumberIn(Text16), NumberIn(Text17));
+  const float low = NumberIn(Text16);
+  const float high = NumberIn(Text17);
+  if (!std::isfinite(low) || !std::isfinite(high)) {
+    Tell(NoRange());
+    return;
+  }
+  GeneratedReflections found = GenerateReflections(state_.Cell, low, high);
   if (found.TooMany) {
     Tell(TooManyReflections());
     return;
@@ -181,7 +201,11 @@ void Form26::SelectPeak(float x) {
     return;
   }
   TakeUp();
-  if (!HasContent()) {
+  if (!HoldsItsList()) {
+    return;
+  }
+  if (state_.Sticks.empty()) {
+    Tell(PeakListGone(Buffer(), "Refine cell"));
     return;
   }
   const auto nearest = NearestStick(state_.Sticks, state_.Plot.XAt(x));

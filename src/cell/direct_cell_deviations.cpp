@@ -1,5 +1,6 @@
 #include "cell/direct_cell_deviations.h"
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -24,10 +25,10 @@ float AngleDeviation(float cosine, float sigma) {
   return static_cast<float>(sigma / (std::sqrt(1 - Squared(cosine)) * RadiansPerDegree));
 }
 
-/// Variances of the direct lengths and cosines, and of the volume.
+/// Variances of the direct lengths and cosines, and of the volume: sums in 64 bits, to be stored once.
 struct DirectVariances {
-  CellNumbers Numbers{};
-  float Volume = 0;
+  std::array<double, 7> Numbers{};
+  double Volume = 0;
 };
 
 /// By differences: the reciprocal numbers are moved one after the other by a small step.
@@ -40,9 +41,9 @@ DirectVariances TriclinicVariances(const CellModel& cell, const CellNumbers& sig
     recip[i] += steps[i];
     CellNumbers moved{};
     CellConvert(recip, moved, CellConversion::Reciprocal);
-    const auto add = [&](float& variance, float after, float before) {
+    const auto add = [&](double& variance, float after, float before) {
       const auto slope2 = static_cast<float>(Squared((static_cast<double>(after) - before) / steps[i]));
-      variance = static_cast<float>(variance + slope2 * Squared(sigma[i]));
+      variance += slope2 * Squared(sigma[i]);
     };
     for (std::size_t j = 1; j < moved.size(); ++j) add(variances.Numbers[j], moved[j], cell.CellDirect[j]);
     add(variances.Volume, VolumeOf(moved), volume);
@@ -58,17 +59,17 @@ DirectVariances MonoclinicVariances(const CellModel& cell, const CellNumbers& si
   const double t2 = Squared(t);
   const double volume = VolumeOf(direct);
   const auto oblique_length = [&](std::size_t i) {
-    return static_cast<float>(Squared(static_cast<double>(direct[i]) / recip[i]) * Squared(sigma[i]) +
-                              Squared(x / (t2 * t * recip[i])) * Squared(sigma[5]));
+    return Squared(static_cast<double>(direct[i]) / recip[i]) * Squared(sigma[i]) +
+           Squared(x / (t2 * t * recip[i])) * Squared(sigma[5]);
   };
   DirectVariances variances;
   variances.Numbers[1] = oblique_length(1);
-  variances.Numbers[2] = static_cast<float>(Squared(Squared(direct[2])) * Squared(sigma[2]));
+  variances.Numbers[2] = Squared(Squared(direct[2])) * Squared(sigma[2]);
   variances.Numbers[3] = oblique_length(3);
-  variances.Numbers[5] = static_cast<float>(Squared(sigma[5]));
-  variances.Volume = static_cast<float>(
+  variances.Numbers[5] = Squared(sigma[5]);
+  variances.Volume =
       Squared(volume / recip[1]) * Squared(sigma[1]) + Squared(volume / recip[2]) * Squared(sigma[2]) +
-      Squared(volume / recip[3]) * Squared(sigma[3]) + Squared(volume * x / t2) * Squared(sigma[5]));
+      Squared(volume / recip[3]) * Squared(sigma[3]) + Squared(volume * x / t2) * Squared(sigma[5]);
   return variances;
 }
 
@@ -83,9 +84,9 @@ DirectVariances RightAngledVariances(const CellModel& cell, const CellNumbers& s
   DirectVariances variances;
   for (std::size_t i = 1; i <= 3; ++i) {
     const double factor = hexagonal && i < 3 ? 0.75 : 1;
-    variances.Numbers[i] = static_cast<float>(factor * Squared(Squared(direct[i])) * Squared(sigma[i]));
+    variances.Numbers[i] = factor * Squared(Squared(direct[i])) * Squared(sigma[i]);
     if (i > 1 && table[i] == table[i - 1]) continue;
-    variances.Volume = static_cast<float>(variances.Volume + Squared(direct[i] * volume) * Squared(sigma[i]));
+    variances.Volume += Squared(direct[i] * volume) * Squared(sigma[i]);
   }
   return variances;
 }
@@ -101,6 +102,9 @@ DirectVariances VariancesOf(const CellModel& cell, const CellNumbers& sigma) {
   }
 }
 
+/// Of a variance, both in 32 bits.
+float DeviationOf(double variance) { return std::sqrt(static_cast<float>(variance)); }
+
 }  // namespace
 
 DirectCell DirectCellWithDeviations(const CellModel& cell, const CellNumbers& sigma) {
@@ -108,15 +112,15 @@ DirectCell DirectCellWithDeviations(const CellModel& cell, const CellNumbers& si
   DirectCell result;
   for (std::size_t i = 1; i <= 3; ++i) {
     result.Values[i] = cell.CellDirect[i];
-    result.Deviations[i] = std::sqrt(variances.Numbers[i]);
+    result.Deviations[i] = DeviationOf(variances.Numbers[i]);
   }
   for (std::size_t i = 4; i <= 6; ++i) {
     const float cosine = cell.CellDirect[i];
     result.Values[i] = AngleOf(cosine);
-    result.Deviations[i] = AngleDeviation(cosine, std::sqrt(variances.Numbers[i]));
+    result.Deviations[i] = AngleDeviation(cosine, DeviationOf(variances.Numbers[i]));
   }
   result.Volume = VolumeOf(cell.CellDirect);
-  result.VolumeDeviation = std::sqrt(variances.Volume);
+  result.VolumeDeviation = DeviationOf(variances.Volume);
   return result;
 }
 

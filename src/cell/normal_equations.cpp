@@ -9,22 +9,20 @@ namespace koprax {
 
 namespace {
 
-/// How often greater the variance of a parameter may be than it were if the others were known. The sums of a
-/// normal matrix in 32 bits are good to about 1E-07 of themselves, so that beyond this no digit of its
-/// inverse is left. Where peaks don't determine a parameter at all it is 1E+12 and more.
-constexpr double MaxVarianceInflation = 1E6;
+/// How often greater the variance of a parameter may be than it were if the others were known. The elements
+/// of a normal matrix in 32 bits are good to about 1E-07 of themselves, so that beyond this hardly a digit of
+/// its inverse is left. Where peaks don't determine a parameter at all it is 1E+12 and more.
+constexpr double MaxVarianceInflation = 1E5;
 
-/// Sums over the peaks in their order, kept in the width of Real after each addition; column by column.
+/// Sums over the peaks in their order, in 64 bits; column by column.
 template <class Real>
 std::vector<Real> NormalMatrix(std::span<const CellParameters> derivatives, std::size_t count) {
   std::vector<Real> normal(count * count);
   for (std::size_t p = 1; p <= count; ++p) {
     for (std::size_t q = 1; q <= count; ++q) {
-      Real sum = 0;
-      for (const CellParameters& row : derivatives) {
-        sum = static_cast<Real>(sum + static_cast<double>(row[p]) * row[q]);
-      }
-      normal[(q - 1) * count + p - 1] = sum;
+      double sum = 0;
+      for (const CellParameters& row : derivatives) sum += static_cast<double>(row[p]) * row[q];
+      normal[(q - 1) * count + p - 1] = static_cast<Real>(sum);
     }
   }
   return normal;
@@ -47,26 +45,23 @@ std::optional<NormalSolution> SolveNormalEquations(std::span<const CellParameter
                                                    std::span<const float> residuals, std::size_t count) {
   if (!AreToldApart(derivatives, count)) return std::nullopt;
   std::vector<float> inverse = NormalMatrix<float>(derivatives, count);
-  const auto are_finite = [](std::span<const float> numbers) {
-    return std::ranges::all_of(numbers, [](float number) { return std::isfinite(number); });
-  };
-  if (!are_finite(inverse) || InvertMatrix(std::span(inverse), count) == 0 || !are_finite(inverse)) {
-    return std::nullopt;
-  }
+  if (InvertMatrix(std::span(inverse), count) == 0) return std::nullopt;
   CellParameters right_hand_side{};
   for (std::size_t p = 1; p <= count; ++p) {
+    double sum = 0;
     for (std::size_t k = 0; k < derivatives.size(); ++k) {
-      right_hand_side[p] =
-          static_cast<float>(right_hand_side[p] + static_cast<double>(derivatives[k][p]) * residuals[k]);
+      sum += static_cast<double>(derivatives[k][p]) * residuals[k];
     }
+    right_hand_side[p] = static_cast<float>(sum);
   }
   NormalSolution solution;
   for (std::size_t p = 1; p <= count; ++p) {
+    double sum = 0;
     for (std::size_t q = 1; q <= count; ++q) {
-      const float element = solution.Inverse[p][q] = inverse[(q - 1) * count + p - 1];
-      solution.Shifts[p] =
-          static_cast<float>(solution.Shifts[p] + static_cast<double>(element) * right_hand_side[q]);
+      solution.Inverse[p][q] = inverse[(q - 1) * count + p - 1];
+      sum += static_cast<double>(solution.Inverse[p][q]) * right_hand_side[q];
     }
+    solution.Shifts[p] = static_cast<float>(sum);
   }
   return solution;
 }
@@ -76,11 +71,11 @@ ParameterDeviations DeviationsOf(const ParameterMatrix& inverse, std::span<const
   ParameterDeviations deviations;
   const double freedom = static_cast<double>(residuals.size()) - static_cast<double>(count);
   for (std::size_t p = 1; p <= count; ++p) {
-    float variance = 0;
+    double sum = 0;
     for (const float residual : residuals) {
-      variance =
-          static_cast<float>(variance + inverse[p][p] / freedom * (static_cast<double>(residual) * residual));
+      sum += inverse[p][p] / freedom * (static_cast<double>(residual) * residual);
     }
+    const auto variance = static_cast<float>(sum);
     if (variance < 0) {
       deviations.NegativeVariances.push_back(static_cast<int>(p));
     } else {

@@ -14,6 +14,10 @@ namespace koprax {
 
 namespace {
 
+/// More rows of one k and l than this, which take about a second, aren't gone through: a cell of thousands of
+/// angstrom, and a range in which hardly any of its reflections lie.
+constexpr long MostRows = 20'000'000;
+
 /// The indices that are run through.
 struct IndexRange {
   int HFirst = 0;
@@ -115,15 +119,19 @@ std::string AlignedIndex(std::int16_t index) { return " " + RightAlignText(std::
 
 GeneratedReflections GenerateReflections(const CellModel& cell, float low, float high) {
   GeneratedReflections found;
-  if (!std::isfinite(low) || !std::isfinite(high) || low > high || high < 0) return found;
+  if (!std::isfinite(low) || !std::isfinite(high) || low > high || high < 0 || low > 180) {
+    return found;
+  }
   const auto range = IndexRangeOf(cell, high);
   if (!range) {
     found.TooMany = true;
     return found;
   }
   const Shell shell = ShellOf(cell.CellLambda, low, high);
+  long rows = 0;
   for (int l = 0; l <= range->LLast; ++l) {
     for (int k = range->KFirst; k <= range->KLast; ++k) {
+      if (++rows > MostRows) return {.Reflections = {}, .TooMany = true};
       const Row row = RowIn(shell, cell.CellQuad, k, l, *range);
       if (!AddRow(cell, row, k, l, low, high, found.Reflections)) {
         found.LimitReached = true;

@@ -2,6 +2,7 @@
 // absent by symmetry. Choosing the range is left to the window.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -22,7 +23,7 @@ struct Reflection {
 struct GeneratedReflections {
   std::vector<Reflection> Reflections;  ///< in the order of their indices, L outermost
   bool LimitReached = false;            ///< there are more than MaxGenerated; the first ones are here
-  bool TooMany = false;                 ///< the indices of the range don't fit 16 bits; there are none here
+  bool TooMany = false;  ///< too many indices to go through, or beyond 16 bits; there are none here
 };
 
 /// The reflections of `cell`, which has to be a cell, with low <= 2-theta <= high, in degrees.

@@ -12,7 +12,7 @@ std::optional<float> AskForConstant(Runtime& host, const std::string& title) {
   if (answer.empty()) {
     return std::nullopt;
   }
-  const auto constant = static_cast<float>(LeadingNumber(answer));
+  const auto constant = LeadingFloat(answer);
   if (!StartsWithNumber(answer) || !std::isfinite(constant)) {
     host.MsgBox(
         {.Text = "K is to be a real number, such as 0.5 or -1.2E3, of at most 3.4E+38 in size.\r\nIt was \"" +

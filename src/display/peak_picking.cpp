@@ -15,8 +15,6 @@ namespace {
 constexpr double LargestDegreeStep = 0.98;  // a larger step is one of channels
 constexpr const char* LineBreak = "\r\n";
 
-float NumberOf(const std::string& text) { return static_cast<float>(LeadingNumber(text)); }
-
 /// The 2-theta at an X, and whether it comes from a channel; 0 in channels without calibration.
 struct TwoThetaAtX {
   float Value;
@@ -137,18 +135,18 @@ void ClearPeaks(ProfileBuffer& buffer) {
 
 PeakPosition PositionOf(const ProfileBuffer& buffer, int peak) {
   const std::size_t i = IndexOf(peak);
-  return {.X = NumberOf(buffer.InChannels() ? buffer.PeakChannel[i] : buffer.PeakTheta[i]),
-          .Y = NumberOf(buffer.PeakY[i])};
+  return {.X = LeadingFloat(buffer.InChannels() ? buffer.PeakChannel[i] : buffer.PeakTheta[i]),
+          .Y = LeadingFloat(buffer.PeakY[i])};
 }
 
 PeakPosition PositionOf(const ProfileBuffer& buffer, const PeakPick& pick) {
-  return {.X = NumberOf(buffer.InChannels() ? pick.Channel : pick.Theta), .Y = NumberOf(pick.Y)};
+  return {.X = LeadingFloat(buffer.InChannels() ? pick.Channel : pick.Theta), .Y = LeadingFloat(pick.Y)};
 }
 
 std::vector<PeakPosition> PeaksWithin(const ProfileBuffer& buffer, const XRange& range) {
   std::vector<PeakPosition> peaks;
   for (std::size_t i = 1; i <= IndexOf(buffer.NPeaks); ++i) {
-    const PeakPosition peak{.X = NumberOf(buffer.PeakTheta[i]), .Y = NumberOf(buffer.PeakY[i])};
+    const PeakPosition peak{.X = LeadingFloat(buffer.PeakTheta[i]), .Y = LeadingFloat(buffer.PeakY[i])};
     if (range.Holds(peak.X)) {
       peaks.push_back(peak);
     }

@@ -45,7 +45,7 @@ XRange SelectedX(const PlotTransform& plot, const Shape& band, float release_x, 
 }
 
 XRange AsShown(const XRange& range) {
-  const auto shown = [](float x) { return static_cast<float>(LeadingNumber(RoundedText(x, 3))); };
+  const auto shown = [](float x) { return LeadingFloat(RoundedText(x, 3)); };
   return {.Low = shown(range.Low), .High = shown(range.High)};
 }
 

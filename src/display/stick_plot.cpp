@@ -25,8 +25,6 @@ constexpr PlotPlace StickPlace{.FrameLeft = 3,
                                .PlotTop = 40,
                                .Upward = 1};
 
-float NumberIn(const std::string& text) { return static_cast<float>(LeadingNumber(text)); }
-
 }  // namespace
 
 PictureSetup StickPicture() {
@@ -42,12 +40,12 @@ PictureSetup StickPicture() {
 std::vector<Stick> PeakSticks(const ProfileBuffer& buffer, bool channels) {
   const auto count = static_cast<std::size_t>(buffer.NPeaks);
   float greatest = 0;
-  for (std::size_t i = 1; i <= count; ++i) greatest = std::max(greatest, NumberIn(buffer.PeakY[i]));
+  for (std::size_t i = 1; i <= count; ++i) greatest = std::max(greatest, LeadingFloat(buffer.PeakY[i]));
   std::vector<Stick> sticks;
   for (std::size_t i = 1; i <= count; ++i) {
     const std::string& position = channels ? buffer.PeakChannel[i] : buffer.PeakTheta[i];
-    const double intensity = NumberIn(buffer.PeakY[i]);
-    sticks.push_back({.X = NumberIn(position), .Height = greatest > 0 ? 100 * intensity / greatest : 0});
+    const double intensity = LeadingFloat(buffer.PeakY[i]);
+    sticks.push_back({.X = LeadingFloat(position), .Height = greatest > 0 ? 100 * intensity / greatest : 0});
   }
   return sticks;
 }

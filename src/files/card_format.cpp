@@ -32,7 +32,7 @@ class FixedColumns {
     return field;
   }
   /// A blank field reads as 0, one beyond 32 bits as infinite.
-  float Number(std::size_t width) { return static_cast<float>(LeadingNumber(Text(width))); }
+  float Number(std::size_t width) { return LeadingFloat(Text(width)); }
 
  private:
   std::string_view rest_;

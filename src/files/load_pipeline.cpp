@@ -13,6 +13,7 @@
 #include "files/siemens_format.h"
 #include "files/wavelength_window.h"
 #include "forms/desktop.h"
+#include "workspace/buffer_commands.h"
 #include "workspace/temporary_copy.h"
 #include "workspace/workspace.h"
 
@@ -81,8 +82,13 @@ void StartLoadSequence(const WindowContext& context) {
 }
 
 bool ShowBuffer(const WindowContext& context, int slot, bool for_display) {
-  context.Files.GiveUpTitle();
   const bool load = !for_display && !context.Data.ModeAnal && !context.Data.ModeFit;
+  if (load) {
+    context.Files.GiveUpAnswers();  // about the profile of before
+    MakeCurrent(context, slot);     // a list that was given up leaves no buffer at work
+  } else {
+    context.Files.GiveUpTitle();
+  }
   if (load && !LoadProfile(context, slot)) {
     return false;
   }

@@ -23,17 +23,15 @@ const PeakTexts& Positions(const ProfileBuffer& buffer) {
   return buffer.InChannels() ? buffer.PeakChannel : buffer.PeakTheta;
 }
 
-float ValueOf(const std::string& text) { return static_cast<float>(LeadingNumber(text)); }
-
 std::string Rounded(const std::string& text, int decimals) {
-  return GeneralText(RoundDecimals(ValueOf(text), decimals));
+  return GeneralText(RoundDecimals(LeadingFloat(text), decimals));
 }
 
 /// The numbers of the peaks, upward in position.
 std::vector<std::size_t> SortedPeaks(const ProfileBuffer& buffer) {
   std::vector<std::size_t> peaks(static_cast<std::size_t>(buffer.NPeaks));
   std::iota(peaks.begin(), peaks.end(), std::size_t{1});
-  std::ranges::stable_sort(peaks, {}, [&](std::size_t i) { return ValueOf(Positions(buffer)[i]); });
+  std::ranges::stable_sort(peaks, {}, [&](std::size_t i) { return LeadingFloat(Positions(buffer)[i]); });
   return peaks;
 }
 

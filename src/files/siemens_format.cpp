@@ -24,7 +24,7 @@ Failure TakeValue(ProfileReading& reading, std::string_view line, const std::str
   constexpr std::size_t width = 12;
   const std::size_t equals = FirstCharacters(line, last_column).find('=');
   if (equals == std::string_view::npos) return std::nullopt;
-  const auto value = static_cast<float>(LeadingNumber(FirstCharacters(line.substr(equals + 1), width)));
+  const auto value = LeadingFloat(FirstCharacters(line.substr(equals + 1), width));
   if (!std::isfinite(value)) return reading.FailHere(OutOfRange(name));
   field = value;
   return std::nullopt;

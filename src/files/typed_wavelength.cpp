@@ -5,7 +5,7 @@
 
 #include "files/tokeniser.h"
 #include "forms/desktop.h"
-#include "workspace/workspace.h"
+#include "forms/number_text.h"
 
 namespace koprax {
 
@@ -24,16 +24,24 @@ std::optional<float> TypedWavelength(const WindowContext& context, const std::st
   TokenisedWords& words = context.Data.Words;
   TokeniseLine(words, text, n_text, n_num,
                [&context](const Message& message) { context.Desk.Host().MsgBox(message); });
-  if (!std::isfinite(words.WordVal[1])) {
+  if (!std::isfinite(words.WordVal[1]) || words.WordVal[1] < 0) {
     TellOutOfRange(context, text);
     return std::nullopt;
   }
   return words.WordVal[1];
 }
 
-std::optional<float> NeededWavelength(const WindowContext& context, const std::string& text) {
+std::optional<float> NeededWavelength(const WindowContext& context, const ProfileBuffer& buffer,
+                                      const std::string& text) {
+  if (buffer.Wavelength > 0) {
+    context.Desk.Host().MsgBox({.Text = "Buffer " + buffer.BufLetter + " has the wave length " +
+                                        GeneralText(buffer.Wavelength) + " by now.\r\nThat one is taken.",
+                                .Title = "Warning",
+                                .Icon = MessageIcon::Exclamation});
+    return buffer.Wavelength;
+  }
   const std::optional<float> wavelength = TypedWavelength(context, text);
-  if (wavelength && *wavelength <= 0) {
+  if (wavelength == 0.0F) {
     TellOutOfRange(context, text);
     return std::nullopt;
   }

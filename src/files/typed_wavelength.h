@@ -6,14 +6,17 @@
 #include <string>
 
 #include "workspace/services.h"
+#include "workspace/workspace.h"
 
 namespace koprax {
 
-/// The first number of the text, in angstrom; 0 where it has none. Nothing if the number doesn't fit 32 bits,
-/// which the user has been told.
+/// The first number of the text, in angstrom; 0 where it has none. Nothing if the number is below 0 or
+/// doesn't fit 32 bits, which the user has been told.
 [[nodiscard]] std::optional<float> TypedWavelength(const WindowContext& context, const std::string& text);
 
-/// The same where work needs a wavelength: it has to be above 0, which is told as well.
-[[nodiscard]] std::optional<float> NeededWavelength(const WindowContext& context, const std::string& text);
+/// The same where work on a buffer needs a wavelength: one of 0 is told as well. If the buffer has got one
+/// meanwhile, from another window, that is taken, and told.
+[[nodiscard]] std::optional<float> NeededWavelength(const WindowContext& context, const ProfileBuffer& buffer,
+                                                    const std::string& text);
 
 }  // namespace koprax

@@ -36,7 +36,7 @@ std::string ShownText(const PeakFit& fit, std::size_t parameter) {
   return parameter == ScaleFactor ? GeneralText(value) : RoundedText(value, IsIntensity(parameter) ? 3 : 5);
 }
 
-float NumberIn(const TextBox& box) { return static_cast<float>(LeadingNumber(box.Text.Get())); }
+float NumberIn(const TextBox& box) { return LeadingFloat(box.Text.Get()); }
 
 /// The place of a box in words.
 std::string NameOf(std::size_t parameter) {

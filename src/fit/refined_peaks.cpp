@@ -19,8 +19,6 @@ constexpr float SmallestTwoTheta = 0.001F;  // degrees; closer to 0 a peak has n
 
 std::size_t IndexOf(int number) { return static_cast<std::size_t>(number); }
 
-float NumberIn(const std::string& text) { return static_cast<float>(LeadingNumber(text)); }
-
 /// Takes an entry out of a list; the later ones move down. A number above the length takes the last one.
 template <std::size_t Size>
 void RemoveEntry(std::array<std::string, Size>& texts, int number, int length) {
@@ -51,7 +49,7 @@ void RemoveTemporary(TemporaryPeaks& peaks, int number) {
 
 void PlacePeak(ProfileBuffer& buffer, std::size_t n, const TemporaryPeaks& peaks, std::size_t temporary) {
   buffer.PeakTheta[n] = peaks.TempPos[temporary];
-  float two_theta = NumberIn(buffer.PeakTheta[n]);
+  float two_theta = LeadingFloat(buffer.PeakTheta[n]);
   if (buffer.InChannels()) {
     buffer.PeakChannel[n] = peaks.TempPos[temporary];
     two_theta = TwoThetaOfChannel(buffer.CalPar, two_theta);
@@ -122,10 +120,10 @@ void OrderPeaks(ProfileBuffer& buffer) {
   };
   std::vector<Peak> peaks;
   for (std::size_t i = 1; i <= IndexOf(buffer.NPeaks); ++i) {
-    peaks.push_back({.Theta = NumberIn(buffer.PeakTheta[i]),
-                     .Channel = buffer.InChannels() ? NumberIn(buffer.PeakChannel[i]) : 0,
-                     .Y = NumberIn(buffer.PeakY[i]),
-                     .D = NumberIn(buffer.PeakD[i])});
+    peaks.push_back({.Theta = LeadingFloat(buffer.PeakTheta[i]),
+                     .Channel = buffer.InChannels() ? LeadingFloat(buffer.PeakChannel[i]) : 0,
+                     .Y = LeadingFloat(buffer.PeakY[i]),
+                     .D = LeadingFloat(buffer.PeakD[i])});
   }
   std::ranges::stable_sort(peaks, {}, buffer.InChannels() ? &Peak::Channel : &Peak::Theta);
   for (std::size_t i = 1; i <= peaks.size(); ++i) {

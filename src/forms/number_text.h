@@ -40,6 +40,10 @@ namespace koprax {
 /// exponent of E, e, D or d with an optional sign and digits; reading stops at the first character that
 /// doesn't fit. A text with no such start gives 0; leading blanks are passed over.
 [[nodiscard]] double LeadingNumber(std::string_view text);
+/// The same in 32 bits, infinite where they don't hold it.
+[[nodiscard]] inline float LeadingFloat(std::string_view text) {
+  return static_cast<float>(LeadingNumber(text));
+}
 /// Whether the text starts with a number by that rule.
 [[nodiscard]] bool StartsWithNumber(std::string_view text);
 

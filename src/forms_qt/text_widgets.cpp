@@ -141,9 +141,14 @@ class ManyLines final : public TextBoxWidget {
 
  protected:
   void ApplyText(const QString& text) override {
-    if (edit_.toPlainText() != text) {
-      const QSignalBlocker quiet(edit_);
-      edit_.setPlainText(text);
+    const QString before = edit_.toPlainText();
+    if (before == text) {
+      return;
+    }
+    const QSignalBlocker quiet(edit_);
+    edit_.setPlainText(text);
+    if (!before.isEmpty() && text.startsWith(before)) {
+      edit_.moveCursor(QTextCursor::End);  // of a list that has grown the last line is wanted
     }
   }
   void ApplyLocked(bool locked) override { edit_.setReadOnly(locked); }

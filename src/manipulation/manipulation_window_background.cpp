@@ -56,7 +56,7 @@ std::optional<int> Form12::AskForAveragingWindow() {
     if (answer.empty()) {
       return std::nullopt;
     }
-    const auto window = AveragingWindow(static_cast<float>(LeadingNumber(answer)), Buffer().XStep);
+    const auto window = AveragingWindow(LeadingFloat(answer), Buffer().XStep);
     if (const int* const points = std::get_if<int>(&window)) {
       return *points;
     }

@@ -32,8 +32,8 @@ constexpr std::string_view Coupling =
 1) Click near a peak in the one picture, then near its partner in the other.
    Either may come first. The nearest peak is taken and becomes blue; a peak
    outside the picture can be the nearest, too.
-2) Press "accept" to keep the couple, or "refuse" to give it up. Before that
-   a further click replaces the peak of its picture.
+2) Press "accept" to keep the couple, or "refuse" to give it up. Before that,
+   once both are picked, a further click replaces the peak of its picture.
 3) Go on with the next couple, and press "Quit" after the last one.
 
 Select at least 5 couples of peaks in order to refine all 4 parameters, if one selects only 4 couples then only 3 parameters will be refined.

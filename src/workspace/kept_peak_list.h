@@ -34,11 +34,11 @@ class KeptPeakList {
 /// What the user is told where a buffer holds another peak list by now than the one on show, or none;
 /// `command` of the main menu starts anew.
 [[nodiscard]] inline Message PeakListGone(const ProfileBuffer& buffer, const std::string& command) {
-  return ErrorMessage(
-      (buffer.NPeaks == 0
-           ? "There is no peak in the list of buffer " + buffer.BufLetter + " to select."
-           : "The peak list of buffer " + buffer.BufLetter + " has been changed in another window.") +
-      "\r\nStart with \"" + command + "\" of the main menu and a list of peaks.");
+  const std::string whose = buffer.BufLetter.empty() ? "" : " of buffer " + buffer.BufLetter;
+  return ErrorMessage((buffer.NPeaks == 0
+                           ? "There is no peak in the list" + whose + " to select."
+                           : "The peak list" + whose + " has been changed in another window.") +
+                      "\r\nStart with \"" + command + "\" of the main menu and a list of peaks.");
 }
 
 }  // namespace koprax

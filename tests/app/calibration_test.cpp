@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -174,18 +175,25 @@ TEST_F(CalibrationWindowTest, PeaksAreCoupledInEitherOrder) {
   Click("Form24.cmdAccept");
   EXPECT_EQ(Answers(), "--");
   ASSERT_EQ(Sticks(1, colours::Blue).size(), 1U);
-  EXPECT_EQ(Sticks(1).back()["x1"], Sticks(1, colours::Blue).back()["x1"]);
+  for (const int picture : {1, 2}) {
+    EXPECT_EQ(Sticks(picture).back()["x1"], Sticks(picture, colours::Blue).back()["x1"]);
+  }
 
   PickBelow(4);
   PickAbove(5);
   PickAbove(4);  // instead of 5
   EXPECT_EQ(Answers(), "++");
   Click("Form24.cmdAccept");
+  PickBelow(4);
+  PickAbove(4);          // the pick that has replaced 5 awaits nothing any more
   Press(2, 8, "right");  // left of the plot
   Press(1, 200);         // the last line lies beyond the picture
   Click("Form24.cmdSkip");
   EXPECT_EQ(Answers(), "--");
-  EXPECT_EQ(Sticks(2, colours::Blue).size(), 3U);
+  for (const int picture : {1, 2}) {
+    EXPECT_EQ(Sticks(picture).back()["x1"], Sticks(picture, colours::Blue).back()["x1"]);
+  }
+  EXPECT_EQ(Sticks(2, colours::Blue).size(), 4U);
   EXPECT_EQ(Coupled().CoupleCount, 2);
   std::string expected = "    2-theta     Channel \r\n";
   for (const std::size_t i : {1U, 2U}) {
@@ -203,6 +211,22 @@ TEST_F(CalibrationWindowTest, PeaksAreCoupledInEitherOrder) {
   Click("Form24.cmdStartCou");
   EXPECT_EQ(Answers(), "--");
   EXPECT_EQ(Coupled().CoupleCount, 0);
+}
+
+TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
+  Buffer().Wavelength = 1.54056F;
+  Buffer().NPeaks = 1;
+  Buffer().PeakTheta[1] = "28.4";
+  EXPECT_THAT(Open(),
+              testing::Contains(StartsWith("Warning, exclamation: The peaks in the list of buffer a have "
+                                           "no channels.")));
+  Click("Form24.cmdCorundum");
+  EXPECT_EQ(Sticks(1).size(), 17U);  // up to 120 degrees
+  EXPECT_NEAR(Sticks(1)[0]["x1"].get<double>(), 13 + 99.0 / 120 * 25.676, 1e-4);
+  Click("Form24.cmdSi");
+  EXPECT_EQ(Sticks(1).size(), 17U + 9);
+  Play("close Form24\n");
+  EXPECT_FALSE(IsLoaded("Form24"));
 }
 
 TEST_F(CalibrationWindowTest, AListThatHasChangedElsewhereIsTold) {
@@ -232,16 +256,28 @@ TEST_F(CalibrationWindowTest, ACalibrationComesBackFromItsFile) {
   EXPECT_EQ(
       Values("Form24.Frame1.Visible Form24.Command3.Visible Form24.Text10.Visible Form24.Command4.Visible"),
       (Json{true, true, false, false}));
-  for (std::size_t i = 4; i <= Lines; ++i) Couple(i, i);
-  Click("Form24.cmdQuit Form24.Command3");
-  EXPECT_EQ(Values("Form24.Frame1.Visible Form24.Command3.Enabled Form24.Command4.Visible"),
-            (Json{false, false, true}));
+  Couple(4, 4);
+  Click("Form24.Command3");
+  const std::string path = Folder() + "/detector.cal";
+  Play(FileAnswer(path) + "input \"\"\nclick Form24.Command4\n");
+  const std::string three = BytesOf(path);
+  EXPECT_EQ(std::ranges::count(three, '\n'), 1 + 3 + 3);
+
+  Open();
+  Click("Form24.cmdSi Form24.cmdStartCou");
+  for (std::size_t i = 1; i <= Lines; ++i) Couple(i, i);
+  EXPECT_EQ(Get("Form24.Text9.Visible"), true);
+  Click("Form24.cmdQuit");
+  EXPECT_EQ(Get("Form24.Frame1.Visible"), false);
+  Click("Form24.Command3");
+  EXPECT_EQ(
+      Values("Form24.Frame1.Visible Form24.Command3.Enabled Form24.Command4.Visible Form24.Text10.Visible"),
+      (Json{false, false, true, true}));
   EXPECT_THAT(
       Get("Form24.Text10.Text").get<std::string>(),
       testing::MatchesRegex("     Parameter        Sigma\r\n( A[0-3] =  [^ ]*    [^ ]*\r\n)*res = .*"));
 
-  const std::string path = Folder() + "/detector.cal";
-  Play(FileAnswer(path) + "input \"Detector\"\nclick Form24.Command4\n");
+  Play(FileAnswer(path) + "answer yes\ninput \"Detector\"\nclick Form24.Command4\n");
   EXPECT_THAT(After("Form24.Command1"), testing::Contains("unloaded Form24"));
   Play(LoadCommands(KOPRAX_SOURCE_DIR "/examples/silicon_channels.adf", 4, 'b') +
        "set Form6.Combo1 \"1.5406\"\n" + FileAnswer(path) + "click Form6.cmdComboOK\n");

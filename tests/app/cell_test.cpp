@@ -3,11 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
 
 #include "app/journey.h"
+#include "cell/known_cell.h"
 #include "forms/number_text.h"
 
 namespace koprax {
@@ -23,7 +25,7 @@ const std::vector<std::vector<int>> Lines{{1, 1, 1}, {2, 2, 0}, {3, 1, 1}, {4, 0
 /// Bragg's law for a cubic cell.
 double TwoThetaOfLine(const std::vector<int>& line) {
   const double order = std::hypot(line[0], line[1], line[2]);
-  return 2 * std::asin(Wavelength * order / (2 * SiliconA)) * 180 / std::acos(-1.0);
+  return 2 * std::asin(Wavelength * order / (2 * SiliconA)) / Degree;
 }
 
 /// The lines as a list, each less intense than the one before.
@@ -114,13 +116,18 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
   EXPECT_EQ(Get("Form26.Text15.Text"), " 47.343");
   EXPECT_EQ(LastDrawn()["colour"], 16711680);
   EXPECT_NEAR(LastDrawn()["y2"], 10 + 90 * 28.5 / 120, 1e-4);
+  const Json blue = LastDrawn();
   Click("Form26.cmdRefuse");
   EXPECT_EQ(LastDrawn()["colour"], 255);
+  EXPECT_EQ(LastDrawn()["x1"], blue["x1"]);
+  Move("Form26", "200 0");
+  EXPECT_EQ(Values("Form26.Text4.Text Form26.Text5.Text Form26.Text13.Text"),
+            Json({"x = 93.071", "y = 0", ""}));
   EXPECT_EQ(Get("Form26.Text22.Text"), "0");
   for (const auto& line : Lines) Index(TwoThetaOfLine(line), line);
   EXPECT_EQ(Get("Form26.Text22.Text"), "6");
   // Of the approximate cell, by Bragg's law; the triplet (20 0 0) has no position.
-  const double expected = 2 * std::asin(Wavelength * std::sqrt(24.0) / 11) * 180 / std::acos(-1.0);
+  const double expected = 2 * std::asin(Wavelength * std::sqrt(24.0) / 11) / Degree;
   EXPECT_NEAR(std::stod(Get("Form26.Text21.Text").get<std::string>()), expected, 0.001);
   const Json calculated = Get("Form26.Text21.Text");
   Type("Text18=20");
@@ -129,6 +136,9 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
 
   Click("Form26.Command5");
   EXPECT_EQ(Frames(), "125");
+  const Json drawn = LastDrawn();
+  Press(47.3);
+  EXPECT_EQ(LastDrawn(), drawn);
   for (int cycle = 0; cycle < 4; ++cycle) Click("Form26.cmdOptimize");
   const std::string text = Get("Form26.Text23.Text");
   const auto number_behind = [&](const std::string& label) {
@@ -137,7 +147,9 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
   // The list is rounded to 0.001 degrees.
   EXPECT_NEAR(number_behind("   a   = "), SiliconA, 2e-4);
   EXPECT_NEAR(number_behind("Zero correction (2-theta) = "), 0.04, 1.5e-3);
-  EXPECT_THAT(After("Form26.Command3"), ElementsAre("unloaded Form26"));
+  Click("Form1.cmdRefineCell");
+  EXPECT_THAT(After("Form26.Command3"), ElementsAre("front Form26", "unloaded Form27", "unloaded Form26"));
+  EXPECT_EQ(Value("state ModeCell"), 0);
   EXPECT_EQ(Data().Buffer(2).Wavelength, 1.5406F);
 }
 
@@ -187,6 +199,12 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   TakeCell("Cubic", "Text6=5.5");
   EXPECT_THAT(Press(2000), HasSubstr("There is no peak in the list of buffer b"));
 
+  // The wavelength that was typed serves all.
+  Type("Text18=1 Text19=0 Text20=0");
+  Click("Form26.Command4");
+  const double cell_angle = 2 * std::asin(Wavelength / 11) / Degree;
+  EXPECT_EQ(Get("Form26.Text21.Text"), RoundedText(cell_angle, 3));
+
   Play("input \"Y\"\n" + FileAnswer(File("list.pks", channels)) +
        "click Form1.cmdRefineCell\nclick Form27.optB\nclick Form28.cmdOK\n");
   EXPECT_EQ(Values("CellFormat(b)"), Json({4}));
@@ -197,30 +215,47 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   const double x = std::stod(Get("Form26.Text4.Text").get<std::string>().substr(4));
   EXPECT_NEAR(x, 1000, 0.01);
   const double two_theta = 1.5 + 0.02 * x + 1e-6 * x * x;
-  const double spacing = 1.5406 / (2 * std::sin(two_theta / 2 * std::acos(-1.0) / 180));
+  const double spacing = 1.5406 / (2 * std::sin(two_theta / 2 * Degree));
   EXPECT_EQ(Get("Form26.Text13.Text"), "2q = " + RoundedText(two_theta, 3));
   EXPECT_EQ(Get("Form26.Text12.Text"), RoundedText(spacing, 4));
   EXPECT_EQ(Get("Form26.Text5.Text"), "y = 100");
 }
 
-TEST_F(Cell, EachSystemOpensTheBoxesThatItLeavesFree) {
-  // b, c, alpha, beta, gamma: "+" open, else the text of a closed box.
-  const std::vector<std::pair<std::string, std::string>> systems{
-      {"Triclinic", "+|+|+|+|+|"}, {"Monoclinic (b unique axis)", "+|+||+||"}, {"Orthorhombic", "+|+||||"},
-      {"Tetragonal", " a|+||||"},  {"Trigonal-Hexagonal", " a|+|||120|"},      {"Cubic", " a| a||||"},
-      {"Hexagonal", "+|+|+|+|+|"}};
+TEST_F(Cell, EachSystemTakesTheBoxesThatItLeavesFree) {
+  // b, c, alpha, beta, gamma: "+" open, else the text of a closed box; then the cell that is taken.
+  struct Taken {
+    const char* System;
+    const char* Boxes;
+    std::array<double, 6> Cell;
+  };
+  const std::vector<Taken> systems{{"Triclinic", "+|+|+|+|+|", {4, 5, 6, 80, 95, 100}},
+                                   {"Monoclinic (b unique axis)", "+|+||+||", {4, 5, 6, 90, 95, 90}},
+                                   {"Orthorhombic", "+|+||||", {4, 5, 6, 90, 90, 90}},
+                                   {"Tetragonal", " a|+||||", {4, 4, 6, 90, 90, 90}},
+                                   {"Trigonal-Hexagonal", " a|+|||120|", {4, 4, 6, 90, 90, 120}},
+                                   {"Cubic", " a| a||||", {4, 4, 4, 90, 90, 90}}};
   Start(SiliconList());
-  for (const auto& [system, boxes] : systems) {
+  for (const auto& [system, boxes, cell] : systems) {
+    SCOPED_TRACE(system);
     Click("Form1.cmdRefineCell Form27.optB");
     EXPECT_FALSE(Get("Form26.Text6.Visible").get<bool>());
-    Play("set Form26.Combo2 " + Json(system).dump() + "\nclick Form26.Command2\n");
+    Play("set Form26.Combo2 " + Json(system).dump() + "\nclick Form26.Command2\nset Form26.Text6 \"4\"\n");
     std::string found;
-    for (const char* box : {"Text7", "Text8", "Text9", "Text10", "Text11"}) {
-      const bool open = Refusal(std::string("set Form26.") + box + " \"\"").empty();
-      found += (open ? "+" : Get(std::string("Form26.") + box + ".Text").get<std::string>()) + "|";
+    for (const std::string text : {"7=5", "8=6", "9=80", "10=95", "11=100"}) {
+      const std::string box = "Form26.Text" + text.substr(0, text.find('='));
+      const bool open = Refusal("set " + box + " \"" + text.substr(text.find('=') + 1) + "\"").empty();
+      found += (open ? "+" : Get(box + ".Text").get<std::string>()) + "|";
     }
-    EXPECT_EQ(found, boxes) << system;
+    EXPECT_EQ(found, boxes);
     EXPECT_FALSE(Get("Form26.Combo2.Enabled").get<bool>());
+    Click("Form26.Command1");
+    Type("Text18=1 Text19=2 Text20=-1");
+    Click("Form26.Command4");
+    WideCell wide{0, cell[0], cell[1], cell[2]};
+    for (std::size_t k = 4; k <= 6; ++k) wide[k] = std::cos(cell[k - 1] * Degree);
+    const double sine = Wavelength * std::sqrt(PlainQ(PlainReciprocal(wide), 1, 2, -1));
+    // 32 bits, and the box shows 3 decimals.
+    EXPECT_NEAR(std::stod(Get("Form26.Text21.Text").get<std::string>()), 2 * std::asin(sine) / Degree, 6e-4);
   }
 }
 
@@ -228,7 +263,9 @@ TEST_F(Cell, TellsWhatCanNotBeAndKeepsWhatIsThere) {
   Start(SiliconList());
   EXPECT_THAT(Told("Form26.Command1"), HasSubstr("hasn't been chosen yet"));
   Play("set Form26.Combo2 \"Triclinic\"\nclick Form26.Command2\n");
-  for (const char* cell : {"Text6=5 Text7=5 Text8=5 Text9=90 Text10=90 Text11=0",
+  for (const char* cell : {"Text6=5 Text7=5 Text8=5 Text9=90 Text10=255 Text11=90",
+                           "Text6=13.97 Text7=3.957 Text8=17.096 Text9=114.04 Text10=114.12 Text11=0.081",
+                           "Text6=5 Text7=5 Text8=5 Text9=90 Text10=90 Text11=0",
                            "Text6=5 Text7=5 Text8=5 Text9=30 Text10=30 Text11=90",
                            "Text6=5 Text7=-5 Text8=5 Text9=90 Text10=90 Text11=90"}) {
     Type(cell);
@@ -238,8 +275,21 @@ TEST_F(Cell, TellsWhatCanNotBeAndKeepsWhatIsThere) {
   Type("Text6=5 Text7=6 Text8=7 Text9=80 Text10=95 Text11=100 ");
   Click("Form26.Command1");
   Type("Text16=10 Text17=170");
-  EXPECT_THAT(Told("Form26.cmdPeakGeneration"), HasSubstr("Maximum number of peaks (300) reached!!"));
-  EXPECT_EQ(Get("Form26.Text14.Text").get<std::string>().size(), 300 * 22U);
+  EXPECT_EQ(
+      Told("Form26.cmdPeakGeneration"),
+      "Warning, none: Maximum number of peaks (300) reached!!\r\nReduce 2-theta range for peak generation, "
+      "otherwise some peak will be lost.");
+  const std::string rows = Get("Form26.Text14.Text");
+  EXPECT_EQ(rows.size(), 300 * 22U);
+  for (std::size_t row = 22; row < rows.size(); row += 22) {
+    EXPECT_LE(std::stod(rows.substr(row - 22, 8)), std::stod(rows.substr(row, 8)));
+  }
+  Type("Text17=1e39");
+  EXPECT_THAT(Told("Form26.cmdPeakGeneration"), HasSubstr("up to 180"));
+  EXPECT_EQ(Get("Form26.Text14.Text"), rows);
+  Type("Text16=1 Text17=5");
+  Click("Form26.cmdPeakGeneration");
+  EXPECT_EQ(Get("Form26.Text14.Text"), "");
   Type("Text18=182 Text19=0 Text20=0");
   Click("Form26.Command4");
   EXPECT_THAT(Told("Form26.cmdAccept"), HasSubstr("within -181 and 181"));
@@ -271,6 +321,15 @@ TEST_F(Cell, WorksOnItsOwnListAndTellsWhereThatHasChanged) {
   Data().Buffer(2).PeakTheta[2] = "50";
   EXPECT_THAT(Press(47.3), HasSubstr("has been changed in another window"));
   EXPECT_EQ(Get("Form26.Text15.Text"), " 47.303");
+  // What is accepted is what was taken by "OK" and what stands in the box, whatever was clicked or typed
+  // since.
+  Data().Buffer(2).PeakTheta[2] = "47.303";
+  Type("Text18=1 Text19=1 Text20=1 Text15=28.4401");
+  Click("Form26.cmdAccept");
+  for (int i = 0; i < 2; ++i) Index(TwoThetaOfLine(Lines[1]), Lines[1]);
+  Click("Form26.Command5");
+  EXPECT_THAT(Told("Form26.cmdOptimize"), HasSubstr("Peak number 1 (0 0 0) is no reflection"));
+
   // Without any intensity nothing is drawn, but there is something to select.
   Erase('b');
   Start("30 0 1\r\n40 0 1\r\n");

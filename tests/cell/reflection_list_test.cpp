@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 
 #include "cell/known_cell.h"
 
@@ -95,12 +96,14 @@ TEST(ReflectionList, StopsWhereItHasTo) {
     EXPECT_TRUE(found.Reflections.empty() && !found.TooMany && !found.LimitReached) << low << " " << high;
   }
   EXPECT_EQ(GenerateReflections(cubic, -100, 1000).Reflections.size(), ByTrial(cubic, 0, 180).size());
-  // Beyond 16 bits, and within them though a trial of all indices would take weeks.
+  // Beyond 16 bits, and within them though a trial of all indices would take weeks; rows without a hit end.
   const CellModel huge = KnownCell{CrystalSystems::Cubic, {0, 1E5, 1E5, 1E5, 90, 90, 90}}.Model(1.54056F);
   EXPECT_TRUE(GenerateReflections(huge, 5, 90).TooMany);
   EXPECT_FALSE(GenerateReflections(huge, 0.0005F, 20).TooMany);
   const CellModel large = KnownCell{CrystalSystems::Triclinic, {0, 2000, 2500, 1500, 80, 95, 101}}.Model(1);
   EXPECT_TRUE(GenerateReflections(large, 179.9F, 180).LimitReached);
+  const CellModel larger = KnownCell{CrystalSystems::Triclinic, {0, 2E4, 2E4, 2E4, 80, 95, 101}}.Model(1.54F);
+  EXPECT_TRUE(GenerateReflections(larger, 60.001F, 60.001F).TooMany);
 }
 
 TEST(ReflectionList, SortsAndWritesRows) {
@@ -112,6 +115,13 @@ TEST(ReflectionList, SortsAndWritesRows) {
             "  30       0   1   0\r\n"
             " 100.123   0   0   2\r\n");
   EXPECT_EQ(ReflectionRows({}), "");
+  // Many at one place, which keep their order.
+  rows = ByTrial(KnownCells[5].Model(1.54056F), 0, 180);
+  std::multimap<float, Reflection> sorted;
+  for (const Reflection& row : rows) sorted.emplace(row.Theta2, row);
+  SortReflections(rows);
+  EXPECT_TRUE(
+      std::ranges::equal(rows, sorted, [](const auto& row, const auto& kept) { return row == kept.second; }));
 }
 
 }  // namespace
