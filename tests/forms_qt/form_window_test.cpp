@@ -131,6 +131,10 @@ TEST_F(FormWindowTest, TypingReachesTheBoxes) {
   QTest::keyClick(&lines, Qt::Key_Return);
   QTest::keyClicks(&lines, "three");
   EXPECT_EQ(form.Text3.Text, "one\r\ntwo\r\nthree");
+  for (int row = 4; row < 40; ++row) form.Text3.Text = form.Text3.Text.Get() + "\r\nrow";
+  EXPECT_EQ(lines.textCursor().blockNumber(), 38) << "of a list that has grown the last line shows";
+  form.Text3.Text = "another";
+  EXPECT_EQ(lines.textCursor().blockNumber(), 0);
 
   auto& combo = Widget<QComboBox>(form.Combo1);
   EXPECT_EQ(combo.currentText(), "free");
