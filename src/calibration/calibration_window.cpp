@@ -168,12 +168,14 @@ void Form24::ShowStandard(const Standard& standard) {
   const float wavelength = Buffer().Wavelength;
   if (wavelength <= 0) {
     Tell(NoWavelength());
+    Text1.Text = "";
     Frame3.Visible = true;
     return;
   }
   ShowWavelength();  // it may have been given in another window
   cmdStartCou.Enabled = true;
   state_.StandardLoaded = true;
+  state_.Wavelength = wavelength;
   Text7.Text = " l = " + GeneralText(wavelength);
   Text3.Text = "x-min = 0 ";
   DrawStandardFrame({.Low = 0, .High = StandardSpan});
@@ -206,15 +208,20 @@ void Form24::ShowReadOut(float x, float y) {
   Text8.Text = "x = " + RoundedText(two_theta, 4);
   Text6.Text = "y = " + GeneralText(height);
   // A shifted scale reaches below 0 and beyond 360 degrees, where the sine can be below 0.
-  Text5.Text = RoundedText(std::max(SpacingOf(two_theta, Buffer().Wavelength), 0.0F), 4);
+  Text5.Text = RoundedText(std::max(SpacingOf(two_theta, state_.Wavelength), 0.0F), 4);
 }
 
 bool Form24::HasContent() {
   const bool holds_its_list = state_.Kept.Matches(Buffer());
   if (!holds_its_list) {
     Tell(PeakListGone(Buffer(), "Calibration"));
+    return false;
   }
-  return holds_its_list;
+  const bool holds_its_wavelength = !state_.CouplingActive || Buffer().Wavelength == state_.Wavelength;
+  if (!holds_its_wavelength) {
+    Tell(WavelengthGone(Buffer(), "Calibration"));
+  }
+  return holds_its_wavelength;
 }
 
 }  // namespace koprax

@@ -62,6 +62,7 @@ class Form24 final : public BufferWindow {
     std::vector<Stick> SampleSticks;
     StandardPeaks Standard;
     bool StandardLoaded = false;
+    float Wavelength = 0;  ///< that the standard was taken to
     bool CouplingActive = false;
     int PickStandard = 0;  ///< 1 while a picked peak awaits its partner
     int PickSample = 0;

@@ -204,6 +204,10 @@ void Form26::SelectPeak(float x) {
   if (!HoldsItsList()) {
     return;
   }
+  if (Buffer().Wavelength != state_.Cell.CellLambda) {
+    Tell(WavelengthGone(Buffer(), "Refine cell"));
+    return;
+  }
   if (state_.Sticks.empty()) {
     Tell(PeakListGone(Buffer(), "Refine cell"));
     return;

@@ -13,8 +13,9 @@ Corundum has 19 tabulated peaks, between 25.676 and 136.094 degrees for
 1.54056 angstrom, silicon 11, between 28.443 and 136.897 degrees for 1.5405982
 angstrom. They are carried to the wavelength of your sample by Bragg's law and
 drawn in the upper picture, on a scale of 120 degrees. Peaks that cannot be
-observed at that wavelength are left out. If the wavelength is asked for, give
-it first.
+observed at that wavelength are left out; once the scale is shifted they stand
+at 0, or where the other standard had one, and mean nothing. If the wavelength
+is asked for, give it first.
 
 Under the mouse you read 2-theta, intensity and d of the standard.
 
@@ -63,7 +64,7 @@ and large sigmas.
 
 Fewer than 4 couples, or fewer different channels than parameters, cannot be
 fitted: the frame "Coupling peaks" comes back, and you go on with the couples
-that you have.
+that you have. So it does if the channels lie too close together.
 
 The result is not given to any profile: press "Save". For another fit return to
 the main menu and start "Calibration" again.

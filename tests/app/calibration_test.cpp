@@ -115,6 +115,13 @@ TEST_F(CalibrationWindowTest, AWindowThatFindsNoListLeavesNoTrace) {
   Play("click Form1.cmdCalib\n" + List() + "click Form16.optA\n");
   EXPECT_THAT(After("Form25.cmdOK"), testing::Contains("shown Form24"));
   EXPECT_EQ(Buffer().NPeaks, 9);
+  // One that waits while its buffer gets a list otherwise.
+  Buffer().NPeaks = 0;
+  Open(List());
+  Buffer().NPeaks = 1;
+  Open();
+  EXPECT_FALSE(IsLoaded("Form25"));
+  EXPECT_TRUE(IsLoaded("Form24"));
 }
 
 TEST_F(CalibrationWindowTest, TheStandardStandsAboveTheSampleAtItsWavelengthAndCanBeShifted) {
@@ -214,17 +221,22 @@ TEST_F(CalibrationWindowTest, PeaksAreCoupledInEitherOrder) {
 }
 
 TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
-  Buffer().Wavelength = 1.54056F;
+  Buffer().Wavelength = 0;
   Buffer().NPeaks = 1;
   Buffer().PeakTheta[1] = "28.4";
   EXPECT_THAT(Open(),
               testing::Contains(StartsWith("Warning, exclamation: The peaks in the list of buffer a have "
                                            "no channels.")));
+  Buffer().Wavelength = 1.54056F;  // in another window
   Click("Form24.cmdCorundum");
+  EXPECT_EQ(Values("Form24.Frame3.Visible Form24.Text1.Text"), (Json{false, "  l = 1.54056"}));
   EXPECT_EQ(Sticks(1).size(), 17U);  // up to 120 degrees
   EXPECT_NEAR(Sticks(1)[0]["x1"].get<double>(), 13 + 99.0 / 120 * 25.676, 1e-4);
   Click("Form24.cmdSi");
   EXPECT_EQ(Sticks(1).size(), 17U + 9);
+  Buffer().PeakTheta[1] = "28.5";
+  EXPECT_THAT(After("Form24.cmdSi"),
+              ElementsAre(StartsWith("Error, stop: The peak list of buffer a has been ")));
   Play("close Form24\n");
   EXPECT_FALSE(IsLoaded("Form24"));
 }
@@ -232,6 +244,10 @@ TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
 TEST_F(CalibrationWindowTest, AListThatHasChangedElsewhereIsTold) {
   OpenForCoupling();
   Press(1, 20);
+  Buffer().Wavelength = 0.7F;
+  EXPECT_THAT(PickBelow(1),
+              ElementsAre(StartsWith("Error, stop: The wave length of buffer a has been changed")));
+  Buffer().Wavelength = Wavelength;
   PickBelow(1);
   Buffer().PeakChannel[1] = "5";
   const auto changed = ElementsAre(StartsWith("Error, stop: The peak list of buffer a has been changed in "));

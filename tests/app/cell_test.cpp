@@ -172,6 +172,10 @@ TEST_F(Cell, WithoutAListLeavesNoTrace) {
     EXPECT_EQ(Values("CurBuf CalCancelled ModeCell ModeCalib NPeaks(b)"),
               Json({std::stoi(way[2]), 0, 0, 0, 0}));
   }
+  Play("input \"y\"\n" + file + start);
+  Load('b', "10 5\r\n20 7\r\n30 5\r\n");
+  EXPECT_FALSE(IsLoaded("Form26") || IsLoaded("Form28"));
+  EXPECT_EQ(Value("state CurBuf"), 2);
   Play("input \"y\"\n" + file + start + "click Form28.cmdOK\n");
   EXPECT_TRUE(IsLoaded("Form26"));
   EXPECT_EQ(Data().Buffer(2).NPeaks, 6);
@@ -329,6 +333,15 @@ TEST_F(Cell, WorksOnItsOwnListAndTellsWhereThatHasChanged) {
   for (int i = 0; i < 2; ++i) Index(TwoThetaOfLine(Lines[1]), Lines[1]);
   Click("Form26.Command5");
   EXPECT_THAT(Told("Form26.cmdOptimize"), HasSubstr("Peak number 1 (0 0 0) is no reflection"));
+
+  // A wavelength that the buffer has got meanwhile.
+  Erase('b');
+  Start(SiliconList(), "0");
+  Data().Buffer(2).Wavelength = 0.7F;
+  EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("Buffer b has the wave length 0.7 by now."));
+  TakeCell("Cubic", "Text6=5.5");
+  Data().Buffer(2).Wavelength = 0.8F;
+  EXPECT_THAT(Press(47.3), HasSubstr("The wave length of buffer b has been changed"));
 
   // Without any intensity nothing is drawn, but there is something to select.
   Erase('b');

@@ -331,6 +331,7 @@ TEST_F(Manipulation, ResultsGoIntoBuffersAndTheWindowGoesOn) {
   Click(
       "Form1.cmdCalib Form12.cmdSave Form16.optB Form12.cmdSubtr Form12.cmdSave Form16.optC "
       "Form12.cmdQuitBckg");
+  EXPECT_EQ(Value("state ModeCalib"), 0);
   EXPECT_EQ(title(2), "Line BACKGROUND");
   EXPECT_EQ(title(3), "Line WITHOUT BACKGROUND");
   EXPECT_EQ(Data().CurBuf, 1);

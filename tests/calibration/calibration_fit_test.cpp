@@ -157,7 +157,7 @@ TEST(CalibrationFit, TellsWhatItNeeds) {
       << "beyond 32 bits";
 }
 
-// However little of the detector the couples fill: to 0.0002 degrees where they lie, or not at all.
+// However little of the detector the couples fill: to 0.0001 degrees where they lie, or not at all.
 TEST(CalibrationFit, IsRightOrIsNone) {
   std::mt19937 random(29);
   std::uniform_real_distribution<double> place(-1, 1);
@@ -179,7 +179,7 @@ TEST(CalibrationFit, IsRightOrIsNone) {
       for (std::size_t p = 0; p < 4; ++p) {
         error += (fit->CalibPar[p + 1] - expected[p]) * std::pow(channel, static_cast<double>(p));
       }
-      EXPECT_NEAR(error, 0, 2e-4) << width;
+      EXPECT_NEAR(error, 0, 1e-4) << width;
     }
   }
   EXPECT_TRUE(fits > 100 && fits < 300) << fits;
