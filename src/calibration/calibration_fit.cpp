@@ -6,64 +6,70 @@
 #include <vector>
 
 #include "forms/number_text.h"
-#include "workspace/matrix_inversion.h"
+#include "workspace/least_squares.h"
 
 namespace koprax {
 
 namespace {
 
-/// How often greater the variance of a coefficient may be than it were if the others were known. The sums in
-/// 64 bits are good to some 1E-16 of themselves; up to this the polynomial keeps to 0.0001 degrees at the
-/// couples, beyond it goes astray where channels fill only a small part of the detector.
+/// How often a variance may be inflated. The sums in 64 bits are good to some 1E-16 of themselves; up to this
+/// the polynomial keeps to 0.0001 degrees at the couples, beyond it goes astray where channels fill only a
+/// small part of the detector.
 constexpr double MaxVarianceInflation = 1E9;
 
 std::span<const float> CoupledPart(const std::array<float, MaxCouples + 1>& table, const Couples& couples) {
   return std::span(table).subspan(1, static_cast<std::size_t>(couples.CoupleCount));
 }
 
-/// 1, c, c^2, c^3. For 4096 channels the squares of the last reach 5E21, so all sums are 64 bits wide.
-std::array<double, MostCalibPar> PowersOf(double channel) {
-  return {1, channel, channel * channel, channel * channel * channel};
-}
+/// For each coefficient, from 1. For 4096 channels the squares of the last reach 5E21, so that all sums have
+/// to be 64 bits wide.
+using Powers = std::array<double, MostCalibPar + 1>;
+using Solution = LeastSquaresSolution<double, MostCalibPar + 1>;
 
-struct NormalEquations {
-  std::vector<double> Matrix;  ///< column by column
-  std::vector<double> RightSide;
-};
-
-NormalEquations NormalEquationsOf(std::span<const float> channels, std::span<const float> two_theta,
-                                  std::size_t count) {
-  NormalEquations equations{.Matrix = std::vector<double>(count * count),
-                            .RightSide = std::vector<double>(count)};
-  for (std::size_t i = 0; i < channels.size(); ++i) {
-    const auto powers = PowersOf(channels[i]);
-    for (std::size_t p = 0; p < count; ++p) {
-      for (std::size_t q = 0; q < count; ++q) equations.Matrix[q * count + p] += powers[p] * powers[q];
-      equations.RightSide[p] += powers[p] * two_theta[i];
-    }
+/// 1, c, c^2, c^3 of each channel.
+std::vector<Powers> PowersOf(std::span<const float> channels) {
+  std::vector<Powers> rows;
+  for (const double channel : channels) {
+    rows.push_back({0, 1, channel, channel * channel, channel * channel * channel});
   }
-  return equations;
+  return rows;
 }
 
-double SumOfSquares(std::span<const double> values) {
-  double sum = 0;
-  for (const double value : values) sum += value * value;
-  return sum;
-}
-
-/// The differences that the polynomial leaves, with its coefficients as they are saved, in 32 bits.
-std::vector<double> Differences(const Calibration& calibration, std::span<const float> channels,
-                                std::span<const float> two_theta) {
-  std::vector<double> differences;
-  for (std::size_t i = 0; i < channels.size(); ++i) {
-    const auto powers = PowersOf(channels[i]);
-    double calculated = calibration.CalibPar[1];
-    for (std::size_t p = 2; p <= calibration.CalibParCount; ++p) {
-      calculated += calibration.CalibPar[p] * powers[p - 1];
-    }
-    differences.push_back(two_theta[i] - calculated);
+Calibration PolynomialOf(const Solution& solution, std::size_t count) {
+  Calibration calibration{.CalibParCount = count};
+  for (std::size_t p = 1; p <= count; ++p) {
+    calibration.CalibPar[p] = static_cast<float>(solution.Parameters[p]);
   }
-  return differences;
+  return calibration;
+}
+
+/// The sum of squared differences that the polynomial leaves, with its coefficients as they are saved, in 32
+/// bits.
+double SquaresLeft(const Calibration& calibration, const std::vector<Powers>& rows,
+                   std::span<const float> two_theta) {
+  double squares = 0;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    double calculated = 0;
+    for (std::size_t p = 1; p <= calibration.CalibParCount; ++p) {
+      calculated += calibration.CalibPar[p] * rows[i][p];
+    }
+    const double difference = two_theta[i] - calculated;
+    squares += difference * difference;
+  }
+  return squares;
+}
+
+/// Standard deviations and residual.
+void Measure(Calibration& calibration, const Solution& solution, const std::vector<Powers>& rows,
+             std::span<const float> two_theta) {
+  const double squares = SquaresLeft(calibration, rows, two_theta);
+  const auto freedom = static_cast<double>(rows.size() - calibration.CalibParCount);
+  for (std::size_t p = 1; p <= calibration.CalibParCount; ++p) {
+    calibration.Sigma[p] = static_cast<float>(std::sqrt(solution.Inverse[p][p] / freedom * squares));
+  }
+  double all_squares = 0;
+  for (const double angle : two_theta) all_squares += angle * angle;
+  calibration.Residual = all_squares == 0 ? 0 : static_cast<float>(squares / all_squares);
 }
 
 bool AllFinite(const Calibration& calibration) {
@@ -86,29 +92,12 @@ std::optional<Calibration> FitCalibration(const Couples& couples) {
   const CalibrationDemand demand = DemandOf(couples);
   if (!demand.Met()) return std::nullopt;
   const std::size_t count = demand.NeededChannels;  // one coefficient for each
-  const auto channels = CoupledPart(couples.CoupledChannel, couples);
+  const auto rows = PowersOf(CoupledPart(couples.CoupledChannel, couples));
   const auto two_theta = CoupledPart(couples.CoupledTheta2, couples);
-
-  const auto [normal, right_side] = NormalEquationsOf(channels, two_theta, count);
-  std::vector<double> inverse = normal;
-  if (InvertMatrix<double>(inverse, count) == 0) return std::nullopt;
-  Calibration calibration{.CalibParCount = count};
-  for (std::size_t p = 0; p < count; ++p) {
-    double sum = 0;
-    for (std::size_t q = 0; q < count; ++q) sum += inverse[q * count + p] * right_side[q];
-    calibration.CalibPar[p + 1] = static_cast<float>(sum);
-  }
-
-  const double squares = SumOfSquares(Differences(calibration, channels, two_theta));
-  const double all_squares = SumOfSquares(std::vector<double>(two_theta.begin(), two_theta.end()));
-  calibration.Residual = all_squares == 0 ? 0 : static_cast<float>(squares / all_squares);
-  for (std::size_t p = 0; p < count; ++p) {
-    const double variance = inverse[p * count + p];
-    const double inflation = variance * normal[p * count + p];
-    if (!(inflation > 0 && inflation <= MaxVarianceInflation)) return std::nullopt;
-    const auto freedom = static_cast<double>(demand.Couples - count);
-    calibration.Sigma[p + 1] = static_cast<float>(std::sqrt(variance / freedom * squares));
-  }
+  const auto solution = SolveLeastSquares(rows, two_theta, count, MaxVarianceInflation);
+  if (!solution) return std::nullopt;
+  Calibration calibration = PolynomialOf(*solution, count);
+  Measure(calibration, *solution, rows, two_theta);
   if (!AllFinite(calibration)) return std::nullopt;
   return calibration;
 }

@@ -23,6 +23,9 @@ enum class CrystalSystems : std::int16_t {
 /// Six numbers of a cell, from 1: three lengths and three cosines, or the quadratic form A1 to A6.
 using CellNumbers = std::array<float, 7>;
 
+/// In 64 bits, as the formulas of a cell want it.
+[[nodiscard]] constexpr double Squared(double number) { return number * number; }
+
 struct CellModel {
   CrystalSystems CrystalSystem = CrystalSystems::None;
   CellNumbers CellDirect{};  ///< a, b, c in angstrom, then cos alpha, cos beta, cos gamma

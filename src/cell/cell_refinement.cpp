@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <span>
 #include <utility>
 
 #include "cell/cell_parameters.h"
@@ -17,47 +16,12 @@ namespace koprax {
 
 namespace {
 
-Message NoPeaks() {
-  return ErrorMessage(
-      "No peak has been accepted.\r\nStart \"Refine cell\" of the main menu anew, give indices to peaks and "
-      "accept them.");
-}
-
-Message TooFewPeaks(std::size_t peaks, std::size_t parameters) {
-  return ErrorMessage("The peaks accepted are no more than the parameters: " + std::to_string(peaks) +
-                      " for " + std::to_string(parameters) +
-                      ".\r\nStart \"Refine cell\" of the main menu anew and accept at least " +
-                      std::to_string(parameters + 1) + " peaks.");
-}
-
-Message NoStartingCell() {
-  return ErrorMessage(
-      "The cell to start from is none.\r\nStart \"Refine cell\" of the main menu anew, with lengths above 0 "
-      "and with angles that enclose a volume.");
-}
-
-Message PeaksTellTooLittle() {
-  return ErrorMessage(
-      "The accepted peaks don't determine all parameters: their normal matrix is singular.\r\nStart \"Refine "
-      "cell\" of the main menu anew and accept peaks of other indices as well.");
-}
-
-Message LeadsToNoCell() {
-  return ErrorMessage(
-      "The refinement leads to a cell that is none, so the cell was left as it is.\r\nStart anew with "
-      "\"Refine cell\" of the main menu and a better cell, and check the indices of the peaks.");
-}
-
-Message BeyondNumbers() {
-  return ErrorMessage(
-      "The numbers of the refinement have left the range of 32 bits, so the cell was left as it is.\r\nStart "
-      "\"Refine cell\" of the main menu anew, and check the cell and the indices of the peaks.");
-}
+constexpr float LargestTheta2 = 180;
 
 /// One cycle on a copy of the cell. A step returns what stands in the way of the next ones.
 class Cycle {
  public:
-  using Step = std::optional<Message>;
+  using Step = std::optional<CycleObstacle>;
 
   Cycle(const CellModel& cell, const AcceptedPeaks& peaks)
       : Cell(cell), peaks_(peaks), count_(ParameterCountOf(cell.CrystalSystem)) {}
@@ -65,7 +29,7 @@ class Cycle {
   Step Run() {
     for (const auto step : {&Cycle::CheckStart, &Cycle::CheckPeaks, &Cycle::Linearise, &Cycle::Shift,
                             &Cycle::CompareAgain, &Cycle::WriteResults}) {
-      if (auto problem = (this->*step)()) return problem;
+      if (const auto obstacle = (this->*step)()) return obstacle;
     }
     return std::nullopt;
   }
@@ -80,7 +44,6 @@ class Cycle {
     return {static_cast<float>(peaks_.AcceptedH[k]), static_cast<float>(peaks_.AcceptedK[k]),
             static_cast<float>(peaks_.AcceptedL[k])};
   }
-  [[nodiscard]] Message PeakMessage(std::size_t k, const std::string& what) const;
 
   Step CheckStart();
   Step CheckPeaks();
@@ -105,56 +68,38 @@ class Cycle {
   CycleSummary summary_;
 };
 
-Message Cycle::PeakMessage(std::size_t k, const std::string& what) const {
-  return ErrorMessage("Peak number " + std::to_string(k) + " (" + std::to_string(peaks_.AcceptedH[k]) + " " +
-                      std::to_string(peaks_.AcceptedK[k]) + " " + std::to_string(peaks_.AcceptedL[k]) + ") " +
-                      what);
-}
-
 Cycle::Step Cycle::CheckStart() {
-  if (peaks_.AcceptedCount <= 0) return NoPeaks();
+  using enum CycleObstacles;
+  if (peaks_.AcceptedCount <= 0) return CycleObstacle{NoPeaks};
   if (Cell.CrystalSystem < CrystalSystems::Triclinic || Cell.CrystalSystem > CrystalSystems::Cubic) {
-    return ErrorMessage("Wrong definition of crystal system");
+    return CycleObstacle{NoSystem};
   }
-  if (PeakCount() <= count_) return TooFewPeaks(PeakCount(), count_);
-  if (!IsCell(Cell.CellRecip)) return NoStartingCell();
+  if (PeakCount() <= count_) return CycleObstacle{TooFewPeaks};
+  if (!IsCell(Cell.CellRecip)) return CycleObstacle{NoStartingCell};
   return std::nullopt;
 }
 
 Cycle::Step Cycle::CheckPeaks() {
+  using enum CycleObstacles;
   const auto is_index = [](int index) { return index >= -MaxIndex && index <= MaxIndex; };
   for (std::size_t k = 1; k <= PeakCount(); ++k) {
     const int h = peaks_.AcceptedH[k];
     const int i = peaks_.AcceptedK[k];
     const int l = peaks_.AcceptedL[k];
-    if (!is_index(h) || !is_index(i) || !is_index(l)) {
-      return PeakMessage(k, "has an index beyond " + std::to_string(MaxIndex) +
-                                ".\r\nStart \"Refine cell\" of the main menu anew with lower indices.");
-    }
-    if (h == 0 && i == 0 && l == 0) {
-      return PeakMessage(k,
-                         "is no reflection.\r\nStart \"Refine cell\" of the main menu anew, and click OK for "
-                         "the indices of each peak before it is accepted.");
-    }
-    if (!(peaks_.AcceptedTheta2[k] > 0)) {
-      return PeakMessage(k,
-                         "has no position above 0.\r\nStart \"Refine cell\" of the main menu anew and accept "
-                         "peaks with their 2-theta in degrees.");
-    }
+    const float two_theta = peaks_.AcceptedTheta2[k];
+    if (!is_index(h) || !is_index(i) || !is_index(l)) return CycleObstacle{IndexTooHigh, k};
+    if (h == 0 && i == 0 && l == 0) return CycleObstacle{NoReflection, k};
+    if (!(two_theta > 0 && two_theta <= LargestTheta2)) return CycleObstacle{NoPosition, k};
   }
   return std::nullopt;
 }
 
 Cycle::Step Cycle::TakeModel(std::size_t k, ReflectionModel& model) const {
   model = ModelOf(Cell, IndicesOf(k), peaks_.AcceptedTheta2[k], zero_);
-  if (model.C2 < 0) {
-    return PeakMessage(k,
-                       "lies beyond the reach of the wavelength.\r\nStart \"Refine cell\" of the main menu "
-                       "anew, and check the wavelength, the cell and the indices.");
-  }
+  if (model.C2 < 0) return CycleObstacle{CycleObstacles::BeyondReach, k};
   // The disagreement is in parts of the observed value.
   if (!(model.Observed > 0) || !std::isfinite(model.Observed) || !std::isfinite(model.Computed)) {
-    return BeyondNumbers();
+    return CycleObstacle{CycleObstacles::BeyondNumbers};
   }
   return std::nullopt;
 }
@@ -163,12 +108,12 @@ Cycle::Step Cycle::Linearise() {
   float sum = 0;
   for (std::size_t k = 1; k <= PeakCount(); ++k) {
     ReflectionModel model;
-    if (auto problem = TakeModel(k, model)) return problem;
+    if (const auto obstacle = TakeModel(k, model)) return obstacle;
     residuals_.push_back(model.Residual());
     AddDisagreement(sum, model.Residual(), model);
     derivatives_.push_back(DerivativesOf(Cell, IndicesOf(k), model));
     if (!std::ranges::all_of(derivatives_.back(), [](float slope) { return std::isfinite(slope); })) {
-      return BeyondNumbers();
+      return CycleObstacle{CycleObstacles::BeyondNumbers};
     }
   }
   summary_.FactorBefore = 100 * sum;
@@ -177,16 +122,16 @@ Cycle::Step Cycle::Linearise() {
 
 Cycle::Step Cycle::Shift() {
   const auto solution = SolveNormalEquations(derivatives_, residuals_, count_);
-  if (!solution) return PeaksTellTooLittle();
+  if (!solution) return CycleObstacle{CycleObstacles::SingularMatrix};
   inverse_ = solution->Inverse;
-  zero_ += solution->Shifts[1];
-  const CellNumbers shifts = ReciprocalNumbersOf(Cell.CrystalSystem, solution->Shifts);
+  zero_ += solution->Parameters[1];
+  const CellNumbers shifts = ReciprocalNumbersOf(Cell.CrystalSystem, solution->Parameters);
   for (std::size_t i = 1; i < shifts.size(); ++i) Cell.CellRecip[i] += shifts[i];
   if (Cell.CrystalSystem == CrystalSystems::TrigonalHexagonal) Cell.CellRecip[6] = 0.5F;
-  if (!IsCell(Cell.CellRecip)) return LeadsToNoCell();
+  if (!IsCell(Cell.CellRecip)) return CycleObstacle{CycleObstacles::LeadsToNoCell};
   CellConvert(Cell.CellRecip, Cell.CellQuad, CellConversion::QuadraticForm);
   CellConvert(Cell.CellRecip, Cell.CellDirect, CellConversion::Reciprocal);
-  if (!IsCell(Cell.CellDirect)) return LeadsToNoCell();
+  if (!IsCell(Cell.CellDirect)) return CycleObstacle{CycleObstacles::LeadsToNoCell};
   return std::nullopt;
 }
 
@@ -196,7 +141,7 @@ Cycle::Step Cycle::CompareAgain() {
   float sum = 0;
   for (std::size_t k = 1; k <= PeakCount(); ++k) {
     ReflectionModel model;
-    if (auto problem = TakeModel(k, model)) return problem;
+    if (const auto obstacle = TakeModel(k, model)) return obstacle;
     // What rounding leaves below 0 is 0.
     const auto sine = static_cast<float>(std::sqrt(std::max(model.Computed * lambda2, 0.0)));
     if (sine > 1) continue;
@@ -225,7 +170,7 @@ Cycle::Step Cycle::WriteResults() {
   if (!std::ranges::all_of(cell.Deviations, is_finite) || !std::isfinite(cell.VolumeDeviation) ||
       !std::isfinite(summary_.FactorBefore) || !std::isfinite(summary_.FactorAfter) ||
       !std::isfinite(summary_.ZeroDeviation)) {
-    return BeyondNumbers();
+    return CycleObstacle{CycleObstacles::BeyondNumbers};
   }
   Text += SummaryText(summary_);
   return std::nullopt;
@@ -236,8 +181,8 @@ Cycle::Step Cycle::WriteResults() {
 CycleFindings RefineCycle(CellModel& cell, const AcceptedPeaks& peaks) {
   Cycle cycle(cell, peaks);
   CycleFindings findings;
-  findings.Problem = cycle.Run();
-  if (findings.Problem) return findings;
+  findings.Obstacle = cycle.Run();
+  if (findings.Obstacle) return findings;
   cell = cycle.Cell;
   findings.NegativeVariances = std::move(cycle.NegativeVariances);
   findings.Text = std::move(cycle.Text);

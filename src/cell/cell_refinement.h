@@ -1,5 +1,5 @@
 // The least squares of a cell and of a zero correction from indexed peaks, one Gauss-Newton step a cycle.
-// When to stop is left to the user.
+// What the user is told where there is none, and when to stop, is left to the window.
 #pragma once
 
 #include <array>
@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "cell/cell_model.h"
-#include "forms/runtime.h"
 
 namespace koprax {
 
@@ -26,10 +25,30 @@ struct AcceptedPeaks {
   std::array<float, MaxAccepted + 1> AcceptedTheta2{};  ///< observed 2-theta in degrees
 };
 
+/// What can stand in the way of a cycle.
+enum class CycleObstacles {
+  NoPeaks,
+  NoSystem,        ///< of the six
+  TooFewPeaks,     ///< no more than parameters
+  NoStartingCell,  ///< lengths and angles of none
+  IndexTooHigh,    ///< beyond MaxIndex
+  NoReflection,    ///< 0 0 0
+  NoPosition,      ///< between 0 and 180 degrees
+  BeyondReach,     ///< of the wavelength
+  SingularMatrix,  ///< the peaks don't determine the parameters
+  LeadsToNoCell,   ///< the shifts do
+  BeyondNumbers,   ///< of 32 bits
+};
+
+struct CycleObstacle {
+  CycleObstacles What = CycleObstacles::NoPeaks;
+  std::size_t Peak = 0;  ///< its number, from 1, where it is that of one peak
+};
+
 /// What a cycle has to tell.
 struct CycleFindings {
   /// Why there was no cycle; the cell is as it was before.
-  std::optional<Message> Problem;
+  std::optional<CycleObstacle> Obstacle;
   /// The numbers, from 1, of the parameters whose variance came out below 0; their deviations are 0.
   std::vector<int> NegativeVariances;
   std::string Text;  ///< of a cycle that took place: peaks, factors, zero correction, cell

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "cell/cell_window.h"
+#include "cell/refinement_messages.h"
 #include "cell/reflection_list.h"
 #include "files/calibration_file.h"
 #include "forms/desktop.h"
@@ -277,8 +278,8 @@ void Form26::EndIndexation() {
 
 void Form26::Refine() {
   const CycleFindings findings = RefineCycle(state_.Cell, state_.Accepted);
-  if (findings.Problem) {
-    Tell(*findings.Problem);
+  if (findings.Obstacle) {
+    Tell(MessageOf(*findings.Obstacle, state_.Accepted, state_.Cell.CrystalSystem));
     return;
   }
   for (const int parameter : findings.NegativeVariances) {

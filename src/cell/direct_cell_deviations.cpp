@@ -11,8 +11,6 @@ namespace koprax {
 
 namespace {
 
-double Squared(double number) { return number * number; }
-
 float AngleOf(float cosine) {
   if (cosine == 0) return 90;
   const auto angle =

@@ -2,29 +2,25 @@
 // deviations of the parameters. What the parameters mean is left to others.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "cell/cell_parameters.h"
+#include "workspace/least_squares.h"
 
 namespace koprax {
 
+/// Shifts of the parameters, and the inverse of the normal matrix.
+using NormalSolution = LeastSquaresSolution<float, MaxCellParameters + 1>;
 /// From 1 by 1.
-using ParameterMatrix = std::array<CellParameters, MaxCellParameters + 1>;
-
-struct NormalSolution {
-  ParameterMatrix Inverse{};  ///< C, of the normal matrix
-  CellParameters Shifts{};
-};
+using ParameterMatrix = decltype(NormalSolution::Inverse);
 
 /// Solves for `count` parameters, from one row of derivatives and one residual for each peak, without
 /// weights. Nothing where the peaks don't tell the parameters apart with the digits of 32 bits.
-[[nodiscard]] std::optional<NormalSolution> SolveNormalEquations(std::span<const CellParameters> derivatives,
-                                                                 std::span<const float> residuals,
-                                                                 std::size_t count);
+[[nodiscard]] std::optional<NormalSolution> SolveNormalEquations(
+    const std::vector<CellParameters>& derivatives, std::span<const float> residuals, std::size_t count);
 
 struct ParameterDeviations {
   CellParameters Sigma{};              ///< 0 where the variance came out below 0

@@ -11,8 +11,6 @@ namespace koprax {
 
 namespace {
 
-double Squared(double number) { return number * number; }
-
 /// Twice the derivative of Q with respect to each reciprocal number.
 std::array<double, 7> QuadraticFormSlopes(const CellNumbers& recip, const Indices& indices) {
   const double h = indices.H;

@@ -1,6 +1,6 @@
 // Cells by their metric tensor, in 64 bits: the inverse of the matrix of scalar products of the edges gives
-// 1/d2 (International Tables for Crystallography, vol. A, ch. 1.3), without a quadratic form or a reciprocal
-// cell.
+// 1/d2 (International Tables for Crystallography, vol. A, ch. 1.3). Shares nothing with CellConvert and
+// CellQuad.
 #pragma once
 
 #include <algorithm>
@@ -43,7 +43,7 @@ inline WideCell PlainReciprocal(const WideCell& cell) {
           cofactor(0, 1) / (x * y)};
 }
 
-/// 1/(4 d2): the length of h a* + k b* + l c*, squared.
+/// 1/(4 d2): a quarter of the length of h a* + k b* + l c*, squared.
 inline double PlainQ(const WideCell& recip, double h, double k, double l) {
   const double x = h * recip[1];
   const double y = k * recip[2];
@@ -95,8 +95,8 @@ inline void AddPeak(AcceptedPeaks& peaks, int h, int k, int l, double two_theta)
 }
 
 /// `count` reflections at random, each once unless there are too few, at their places but for `zero` degrees
-/// of 2-theta and, in each Q, a normal error of `noise` 1/angstrom2, by a generator of
-/// its own if there is one.
+/// of 2-theta and, in each Q, a normal error of `noise` 1/angstrom2, by a generator of its own if there is
+/// one.
 inline AcceptedPeaks PeaksOf(const KnownCell& cell, double lambda, int count, std::mt19937& random,
                              double zero = 0, double noise = 0, double highest = 140,
                              std::mt19937* noises = nullptr) {

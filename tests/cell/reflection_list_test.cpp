@@ -69,22 +69,6 @@ TEST(ReflectionList, IsThatOfATrialOfAllIndices) {
   }
 }
 
-TEST(ReflectionList, ListsWhatEachSystemCounts) {
-  const auto lists = [](CrystalSystems system, int h, int k, int l) {
-    const CellModel cell = KnownCells[static_cast<std::size_t>(system) - 1].Model(1.54056F);
-    const auto found = GenerateReflections(cell, 1, 45);
-    return std::ranges::any_of(found.Reflections,
-                               [&](const Reflection& r) { return r.H == h && r.K == k && r.L == l; });
-  };
-  using enum CrystalSystems;
-  EXPECT_TRUE(lists(Triclinic, 1, 1, 0) && lists(Triclinic, -1, -1, 0) && lists(Triclinic, 1, -1, 1));
-  EXPECT_TRUE(lists(Triclinic, 1, 0, 0) && !lists(Triclinic, -1, 0, 0) && !lists(Triclinic, 0, 0, 0));
-  EXPECT_TRUE(lists(Monoclinic, 1, 1, 1) && lists(Monoclinic, -1, 1, 1) && !lists(Monoclinic, 1, -1, 1));
-  for (const auto system : {Orthorhombic, Tetragonal, TrigonalHexagonal, Cubic}) {
-    EXPECT_TRUE(lists(system, 1, 0, 0) && lists(system, 0, 1, 0) && !lists(system, -1, 1, 0));
-  }
-}
-
 TEST(ReflectionList, StopsWhereItHasTo) {
   const float infinite = std::numeric_limits<float>::infinity();
   const float none = std::numeric_limits<float>::quiet_NaN();
