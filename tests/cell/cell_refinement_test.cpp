@@ -29,11 +29,13 @@ CycleFindings Refined(CellModel& cell, const AcceptedPeaks& peaks, int cycles = 
   return findings;
 }
 
-/// Rows of h, k, l and 2-theta.
-AcceptedPeaks ListedPeaks(const std::vector<std::array<float, 4>>& rows) {
+/// h, k, l and 2-theta of one after the other.
+AcceptedPeaks ListedPeaks(const std::vector<double>& rows) {
   AcceptedPeaks peaks;
-  for (const auto& [h, k, l, two_theta] : rows)
-    AddPeak(peaks, static_cast<int>(h), static_cast<int>(k), static_cast<int>(l), two_theta);
+  const auto index = [&rows](std::size_t at) { return static_cast<int>(rows[at]); };
+  for (std::size_t i = 0; i < rows.size(); i += 4) {
+    AddPeak(peaks, index(i), index(i + 1), index(i + 2), rows[i + 3]);
+  }
   return peaks;
 }
 
@@ -171,21 +173,14 @@ TEST(CellRefinement, StopsWithTheCellAsItWas) {
       {"beyond the reach",
        [&] {
          cell = KnownCell{CrystalSystems::Cubic, {0, 3.86, 3.86, 3.86, 90, 90, 90}}.Model(Lambda);
-         peaks = ListedPeaks(
-             {{1, 0, 0, 23}, {2, 0, 0, 47.6F}, {3, 0, 0, 74.4F}, {4, 0, 0, 107.5F}, {5, 0, 0, 180}});
+         peaks = ListedPeaks({1, 0, 0, 23, 2, 0, 0, 47.6, 3, 0, 0, 74.4, 4, 0, 0, 107.5, 5, 0, 0, 180});
        }},
       // (1 0 1) and (-1 0 1) lie so far apart that beta* would be imaginary.
       {"cell that is none",
        [&] {
          cell = KnownCells[1].Model(Lambda);
-         peaks = ListedPeaks({{1, 0, 0, 9.4F},
-                              {2, 0, 0, 19},
-                              {0, 1, 0, 10},
-                              {0, 2, 0, 20},
-                              {0, 0, 1, 17.6F},
-                              {0, 0, 2, 35.6F},
-                              {1, 0, 1, 40},
-                              {-1, 0, 1, 3}});
+         peaks = ListedPeaks({1, 0, 0, 9.4,  2, 0, 0, 19,   0, 1, 0, 10, 0,  2, 0, 20,
+                              0, 0, 1, 17.6, 0, 0, 2, 35.6, 1, 0, 1, 40, -1, 0, 1, 3});
        }},
       {"singular", [&] { peaks.AcceptedH = peaks.AcceptedK; }}};
   for (const Case& bad : cases) {
@@ -209,15 +204,14 @@ TEST(CellRefinement, TellsPeaksThatDetermineTooLittleFromThoseThatDo) {
     const WideCell recip = PlainReciprocal(known.Cosines());
     for (const int count : {9, 40, 300}) {
       // One reflection, two of them in turn, orders of one, a row and a zone of the lattice.
-      for (int kind = 0; kind < (known.System == CrystalSystems::Cubic ? 1 : 5); ++kind) {
+      for (std::size_t kind = 0; kind < (known.System == CrystalSystems::Cubic ? 1 : 5); ++kind) {
         AcceptedPeaks peaks;
         for (int k = 0; k < count; ++k) {
-          const int n = kind < 2 ? 1 : index(random);
-          const std::array hkl{kind == 1 ? k % 2 : n,
-                               kind == 3   ? 0
-                               : kind == 4 ? index(random)
-                                           : n,
-                               kind >= 3 ? 0 : n};
+          const int n = index(random);
+          const int m = index(random);
+          const std::array<std::array<int, 3>, 5> kinds{
+              {{1, 1, 1}, {k % 2, 1, 1}, {n, n, n}, {n, 0, 0}, {n, m, 0}}};
+          const auto& hkl = kinds[kind];
           const double q = PlainQ(recip, hkl[0], hkl[1], hkl[2]);
           AddPeak(peaks, hkl[0], hkl[1], hkl[2], 2 * std::asin(0.7 * std::sqrt(q)) / Degree + 0.01);
         }
