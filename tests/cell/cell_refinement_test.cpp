@@ -125,7 +125,7 @@ TEST(CellRefinement, WritesACycleWithoutTheZeroOfTheOneBefore) {
                                                     {0, 1, 1}, {1, 0, 1}, {2, 0, 0}, {-1, 1, 1},
                                                     {0, 2, 1}, {1, 2, 0}, {2, 1, 1}, {0, 0, 2}};
   std::string texts;
-  for (const std::size_t system : {0, 1, 4, 5}) {
+  for (const std::size_t system : {0U, 1U, 4U, 5U}) {
     const KnownCell& known = KnownCells[system];
     const WideCell recip = PlainReciprocal(known.Cosines());
     AcceptedPeaks peaks;
@@ -158,7 +158,7 @@ TEST(CellRefinement, StopsWithTheCellAsItWas) {
       {"Wrong definition of crystal system", [&] { cell.CrystalSystem = unknown; }},
       {"no more than the parameters: 4 for 4", [&] { peaks.AcceptedCount = 4; }},
       {"start from is none", [&] { cell.CellRecip[2] = 0; }},
-      {"index beyond 181", [&] { peaks.AcceptedH[3] = 182; }},
+      {"Peak number 3 (182 ", [&] { peaks.AcceptedH[3] = 182; }},
       {"index beyond 181", [&] { peaks.AcceptedL[10] = -182; }},
       {"Peak number 9 (0 0 0) is no reflection",
        [&] { peaks.AcceptedH[9] = peaks.AcceptedK[9] = peaks.AcceptedL[9] = 0; }},
