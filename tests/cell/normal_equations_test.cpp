@@ -9,7 +9,7 @@ namespace {
 
 // Straight lines through points.
 TEST(NormalEquations, TellWhatIsNotDetermined) {
-  const auto is_solved = [](std::vector<float> xs) {
+  const auto is_solved = [](const std::vector<float>& xs) {
     std::vector<CellParameters> rows;
     for (const float x : xs) rows.push_back({0, 1, x});
     return SolveNormalEquations(rows, xs, 2).has_value();
