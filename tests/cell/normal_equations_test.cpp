@@ -10,8 +10,8 @@ namespace {
 // Straight lines through points.
 TEST(NormalEquations, TellWhatIsNotDetermined) {
   const auto is_solved = [](const std::vector<float>& xs) {
-    std::vector<CellParameters> rows;
-    for (const float x : xs) rows.push_back({0, 1, x});
+    std::vector<CellParameters> rows(xs.size());
+    for (std::size_t k = 0; k < xs.size(); ++k) rows[k] = {0, 1, xs[k]};
     return SolveNormalEquations(rows, xs, 2).has_value();
   };
   EXPECT_FALSE(is_solved({0.3F, 0.3F, 0.3F, 0.3F}) || is_solved({0, 0, 0, 0}));
