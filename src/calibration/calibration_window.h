@@ -106,7 +106,9 @@ class Form24 final : public BufferWindow {
   Button cmdSkip{*this, "cmdSkip", {.Caption = "refuse", .ToolTip = "Reject couple"}};
   Button cmdQuit{*this, "cmdQuit", {.Caption = "Quit", .ToolTip = "Quit coupling mode"}};
   TextBox Text9{
-      *this, "Text9", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 40, .Rows = 7}};
+      *this,
+      "Text9",
+      {.Font = "Courier", .Locked = true, .MultiLine = true, .FollowsEnd = true, .Columns = 40, .Rows = 7}};
 
   Button Command3{*this, "Command3", {.Caption = "    Start calibration"}};
   TextBox Text10{

@@ -14,6 +14,7 @@
 #include "forms/desktop.h"
 #include "forms/number_text.h"
 #include "workspace/bragg.h"
+#include "workspace/buffer_picker.h"
 
 namespace koprax {
 
@@ -31,21 +32,22 @@ constexpr std::size_t LastCoefficient = 5;
 /// A list tells what its positions are by the format of its buffer alone, which may be that of another
 /// profile.
 std::optional<Message> DoubtInList(const ProfileBuffer& buffer) {
-  const auto first = buffer.PeakTheta.begin() + 1;
-  const auto channel = buffer.PeakChannel.begin() + 1;
-  const auto is_zero = [](const std::string& text) { return LeadingNumber(text) == 0; };
-  const auto is_angle = [](const std::string& text) { return LeadingNumber(text) <= 180; };
+  const bool channels = buffer.CellFormat == ChannelList;
+  const std::vector<Stick> peaks = PeakSticks(buffer, channels);
+  const auto is_angle = [](const Stick& peak) { return peak.X <= 180; };
   std::string doubt;
-  if (buffer.CellFormat == ChannelList && std::all_of(channel, channel + buffer.NPeaks, is_angle)) {
+  if (channels && std::ranges::all_of(peaks, is_angle)) {
     doubt = " count as channels, and none lies above 180.";
-  } else if (buffer.CellFormat != ChannelList && std::all_of(first, first + buffer.NPeaks, is_zero)) {
+  } else if (!channels && !std::ranges::all_of(peaks, is_angle)) {
+    doubt = " count as 2-theta, and not all lie up to 180 degrees.";
+  } else if (!channels && std::ranges::all_of(peaks, [](const Stick& peak) { return peak.X == 0; })) {
     doubt = " have no 2-theta.";
   }
-  if (doubt.empty() || buffer.NPeaks == 0) {
+  if (doubt.empty() || peaks.empty()) {
     return std::nullopt;
   }
   return Message{.Text = "The peaks in the list of buffer " + buffer.BufLetter + doubt +
-                         "\r\nIf they were read from disk, erase the buffer, and read them again.",
+                         "\r\nIf that is wrong, read the list from disk, into an empty buffer.",
                  .Title = "Warning",
                  .Icon = MessageIcon::Exclamation};
 }
@@ -78,7 +80,7 @@ LayoutNode Form26::CellLayout() {
         static_cast<Control*>(&Text8), static_cast<Control*>(&Label8), static_cast<Control*>(&Text11)}) {
     boxes.push_back(KeepingRoom(*part));
   }
-  return Framed(Frame1, Column({Row({Stretched(Combo2), Command2}), KeepingRoom(Label1),
+  return Framed(Frame1, Column({Combo2, Row({KeepingRoom(Label1), Space(), Command2}),
                                 Row({Grid(4, std::move(boxes)), Space()}), Row({Space(), Command1})}));
 }
 
@@ -109,9 +111,7 @@ void Form26::ArrangeControls() {
 }
 
 void Form26::ConnectHandlers() {
-  cmdComboOK.OnClick = OnItsBuffer([this] {
-    if (HoldsItsList()) TakeWavelength();
-  });
+  cmdComboOK.OnClick = WithItsContent([this] { TakeWavelength(); });
   Command2.OnClick = [this] { ChooseSystem(); };
   Command1.OnClick = [this] { TakeCell(); };
   cmdPeakGeneration.OnClick = [this] { GeneratePeaks(); };
@@ -140,14 +140,14 @@ void Form26::OnLoad() {
 void Form26::OnUnload() { Desk().Unload(peak_list_windows::Cell.Name); }
 
 void Form26::ReturnToMainMenu() {
-  if (const auto picker = Desk().Find("Form27")) {
-    picker->CloseBox();
+  if (const auto picker = Desk().Find(pickers::Cell.Name)) {
+    picker->CloseBox();  // which waits for another start
   }
   Unload();
   context_.Main.ShowMainMenu();
 }
 
-bool Form26::HoldsItsList() {
+bool Form26::HasContent() {
   const bool holds = state_.Kept.Matches(Buffer());
   if (!holds) {
     Tell(PeakListGone(Buffer(), "Refine cell"));

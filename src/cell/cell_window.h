@@ -25,8 +25,7 @@ class Form26 final : public BufferWindow {
   void OnLoad() override;
   void OnUnload() override;
   void OnCloseBox() override { ReturnToMainMenu(); }
-  /// Whether the buffer holds the list on show; if not, the user has been told.
-  [[nodiscard]] bool HoldsItsList();
+  [[nodiscard]] bool HasContent() override;
 
   void ArrangeControls();
   [[nodiscard]] LayoutNode PictureLayout();
@@ -107,12 +106,12 @@ class Form26 final : public BufferWindow {
   Label Label6{*this, "Label6", {.Caption = "a ="}};
   Label Label7{*this, "Label7", {.Caption = "b ="}};
   Label Label8{*this, "Label8", {.Caption = "g ="}};
-  TextBox Text6{*this, "Text6", {.Columns = 9}};
-  TextBox Text7{*this, "Text7", {.Columns = 9}};
-  TextBox Text8{*this, "Text8", {.Columns = 9}};
-  TextBox Text9{*this, "Text9", {.Columns = 9}};
-  TextBox Text10{*this, "Text10", {.Columns = 9}};
-  TextBox Text11{*this, "Text11", {.Columns = 9}};
+  TextBox Text6{*this, "Text6", {.Columns = 8}};
+  TextBox Text7{*this, "Text7", {.Columns = 8}};
+  TextBox Text8{*this, "Text8", {.Columns = 8}};
+  TextBox Text9{*this, "Text9", {.Columns = 8}};
+  TextBox Text10{*this, "Text10", {.Columns = 8}};
+  TextBox Text11{*this, "Text11", {.Columns = 8}};
   Button Command1{*this, "Command1", {.Caption = "Quit", .ToolTip = "Take the cell and go on"}};
 
   Frame Frame2{*this, "Frame2", {.Caption = "Peak generation", .Visible = false}};
@@ -149,7 +148,9 @@ class Form26 final : public BufferWindow {
   Frame Frame5{*this, "Frame5", {.Caption = "Refinement of cell parameters", .Visible = false}};
   Button cmdOptimize{*this, "cmdOptimize", {.Caption = "Refine", .ToolTip = "Run one cycle of refinement"}};
   TextBox Text23{
-      *this, "Text23", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 63, .Rows = 21}};
+      *this,
+      "Text23",
+      {.Font = "Courier", .Locked = true, .MultiLine = true, .FollowsEnd = true, .Columns = 63, .Rows = 21}};
 
   Button Command3{*this, "Command3", {.Caption = "Main menu", .ToolTip = "Return to main menu"}};
 };

@@ -36,7 +36,7 @@ Message NoReflections() {
 }
 
 Message NoRange() {
-  return ErrorMessage("The range of 2-theta is out of range.\r\nGive two angles in degrees, up to 180.");
+  return ErrorMessage("The limits of 2-theta are no angles.\r\nGive two angles in degrees, up to 180.");
 }
 
 Message TooManyReflections() {
@@ -55,10 +55,10 @@ Message LimitOfGeneration() {
 
 Message NotCalibrated(const ProfileBuffer& buffer) {
   return {
-      .Text =
-          "Buffer " + buffer.BufLetter +
-          " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak, or start "
-          "anew with a buffer that has no wavelength yet: you are asked for both.",
+      .Text = "Buffer " + buffer.BufLetter +
+              " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak. Or "
+              "save the "
+              "list of peaks, erase the buffer, and read the list again: you are asked for the calibration.",
       .Title = "Warning",
       .Icon = MessageIcon::Exclamation};
 }
@@ -202,7 +202,7 @@ void Form26::SelectPeak(float x) {
     return;
   }
   TakeUp();
-  if (!HoldsItsList()) {
+  if (!HasContent()) {
     return;
   }
   if (Buffer().Wavelength != state_.Cell.CellLambda) {

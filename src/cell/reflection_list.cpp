@@ -14,9 +14,10 @@ namespace koprax {
 
 namespace {
 
-/// More rows of one k and l than this, which take about a second, aren't gone through: a cell of thousands of
-/// angstrom, and a range in which hardly any of its reflections lie.
-constexpr long MostRows = 20'000'000;
+/// More rows of one k and l, and triples that are tried, than this, which take a good part of a second,
+/// aren't gone through: those of a cell of thousands of angstrom in a range where hardly any of its
+/// reflections lie.
+constexpr long MostSteps = 4'000'000;
 
 /// The indices that are run through.
 struct IndexRange {
@@ -71,6 +72,12 @@ struct Row {
   int Last = -1;
   int HoleFirst = 0;
   int HoleLast = 0;
+
+  /// How many h there are to try, or a few more.
+  [[nodiscard]] int Trials() const {
+    const int hole = std::max(std::min(Last, HoleLast) - std::max(First, HoleFirst), 0);
+    return std::max(Last - First + 1 - hole, 0) + 1;
+  }
 };
 
 /// Along a row Q is a parabola in h, so each limit is met at one distance from its vertex.
@@ -128,11 +135,12 @@ GeneratedReflections GenerateReflections(const CellModel& cell, float low, float
     return found;
   }
   const Shell shell = ShellOf(cell.CellLambda, low, high);
-  long rows = 0;
+  long steps = 0;
   for (int l = 0; l <= range->LLast; ++l) {
     for (int k = range->KFirst; k <= range->KLast; ++k) {
-      if (++rows > MostRows) return {.Reflections = {}, .TooMany = true};
       const Row row = RowIn(shell, cell.CellQuad, k, l, *range);
+      steps += 1 + row.Trials();
+      if (steps > MostSteps) return {.Reflections = {}, .TooMany = true};
       if (!AddRow(cell, row, k, l, low, high, found.Reflections)) {
         found.LimitReached = true;
         return found;

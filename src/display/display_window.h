@@ -199,7 +199,9 @@ class Form6 final : public BufferWindow {
 
   Frame Frame4{*this, "Frame4", {.Caption = "Selected Peaks (use right button of the mouse)"}};
   TextBox Text17{
-      *this, "Text17", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 31, .Rows = 6}};
+      *this,
+      "Text17",
+      {.Font = "Courier", .Locked = true, .MultiLine = true, .FollowsEnd = true, .Columns = 31, .Rows = 6}};
   Button cmdErsLaIt{*this, "cmdErsLaIt", {.Caption = "Erase", .ToolTip = "Erase last item in the list"}};
   Button cmdClearPeaks{*this, "cmdClearPeaks", {.Caption = "Clear list", .ToolTip = "Erase the whole list"}};
   Button cmdSavePeaks{*this, "cmdSavePeaks", {.Caption = "Save list", .ToolTip = "Save list on disk"}};

@@ -97,6 +97,7 @@ PropertyList Label::Properties() const {
 TextBox::TextBox(Form& form, std::string name, const TextSetup& setup, std::optional<int> index)
     : Control(form, ControlKind::TextBox, std::move(name), index),
       MultiLine(setup.MultiLine),
+      FollowsEnd(setup.FollowsEnd),
       Columns(setup.Columns),
       Rows(setup.Rows) {
   Text = setup.Text;

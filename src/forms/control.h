@@ -184,6 +184,7 @@ struct TextSetup {
   std::string Font{DefaultFont};
   bool Locked = false;
   bool MultiLine = false;
+  bool FollowsEnd = false;  ///< of many lines the last one shows: what comes last is what counts
   int Columns = 12;
   int Rows = 1;
 };
@@ -200,6 +201,7 @@ class TextBox final : public Control {
   Property<std::string> Font{*this, PropertyName::Font, std::string(DefaultFont)};
   Property<bool> Locked{*this, PropertyName::Locked, false};  ///< shows, can't be typed in
   const bool MultiLine;
+  const bool FollowsEnd;
   const int Columns;
   const int Rows;
   std::function<void()> OnChange;

@@ -141,14 +141,14 @@ class ManyLines final : public TextBoxWidget {
 
  protected:
   void ApplyText(const QString& text) override {
-    const QString before = edit_.toPlainText();
-    if (before == text) {
+    if (edit_.toPlainText() == text) {
       return;
     }
     const QSignalBlocker quiet(edit_);
     edit_.setPlainText(text);
-    if (!before.isEmpty() && text.startsWith(before)) {
-      edit_.moveCursor(QTextCursor::End);  // of a list that has grown the last line is wanted
+    if (Box().FollowsEnd) {
+      edit_.moveCursor(QTextCursor::End);
+      edit_.moveCursor(QTextCursor::StartOfLine);  // of a wide line its beginning
     }
   }
   void ApplyLocked(bool locked) override { edit_.setReadOnly(locked); }

@@ -46,10 +46,7 @@ void StartCellRefinement(const WindowContext& context) {
   data.Current().CellFormat = data.Current().FormatCode;
   data.CalCancelled = 0;
   context.Cell.OpenCellWindow();
-  if (data.CalCancelled != 0) {
-    data.CalCancelled = 0;
-    context.Desk.Unload("Form26");
-  }
+  data.CalCancelled = 0;  // a window without a list has gone already
   data.ModeCell = false;
 }
 

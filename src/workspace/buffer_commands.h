@@ -28,8 +28,7 @@ void OpenChosenProfile(const WindowContext& context, Form& picker);
 /// Starts the saving of CurBuf. A card is refused, and the mode of saving ends.
 void SaveChosenProfile(const WindowContext& context);
 
-/// Opens the cell refinement on the peak list of CurBuf, or on one that the user then names; where he refuses
-/// that, the window goes again.
+/// Opens the cell refinement on the peak list of CurBuf, or on one that the user then names.
 void StartCellRefinement(const WindowContext& context);
 
 /// Marks the slots (1 to 6) in SelBuf and displays them; none ticked leaves the display as it was.

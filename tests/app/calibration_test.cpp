@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/journey.h"
+#include "calibration/known_detector.h"
 #include "calibration/standards.h"
 #include "forms/number_text.h"
 
@@ -21,9 +22,7 @@ using testing::StartsWith;
 
 constexpr float Wavelength = 1.5406F;
 
-double TwoThetaAt(double channel) {
-  return 8.25 + channel * (0.02715 + channel * (-1.5e-7 + channel * 2e-11));
-}
+using known_detector::TwoThetaAt;
 
 /// 2-theta of a line of silicon, from 1, at the wavelength of the profile.
 double Line(std::size_t i) {
@@ -31,13 +30,7 @@ double Line(std::size_t i) {
   return PositionAt(silicon.Peaks[i - 1].TwoTheta, silicon.Lambda, Wavelength).value_or(0);
 }
 
-/// Its channel on the detector, by halving.
-double ChannelOfLine(std::size_t i) {
-  double low = 0;
-  double high = 4096;
-  for (int k = 0; k < 50; ++k) (TwoThetaAt((low + high) / 2) < Line(i) ? low : high) = (low + high) / 2;
-  return low;
-}
+double ChannelOfLine(std::size_t i) { return known_detector::ChannelOf(Line(i)); }
 
 /// The detector's profile in buffer a, without wavelength; a file with the nine lines of silicon on it.
 class CalibrationWindowTest : public Journey {
@@ -237,6 +230,10 @@ TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
   Buffer().PeakTheta[1] = "28.5";
   EXPECT_THAT(After("Form24.cmdSi"),
               ElementsAre(StartsWith("Error, stop: The peak list of buffer a has been ")));
+  Buffer().PeakTheta[1] = "28.4";
+  Buffer().Wavelength = 0;
+  EXPECT_THAT(After("Form24.cmdSi"), ElementsAre(StartsWith("Error, stop: The wave length of the ")));
+  EXPECT_EQ(Values("Form24.Frame3.Visible Form24.Text1.Text"), (Json{true, ""}));
   Play("close Form24\n");
   EXPECT_FALSE(IsLoaded("Form24"));
 }
@@ -301,8 +298,8 @@ TEST_F(CalibrationWindowTest, ACalibrationComesBackFromItsFile) {
   for (const char* place : {"25 50", "60 50", "95 50"}) {
     Move("Form6", place);
     const double channel = LeadingNumber(Get("Form6.Text10.Text").get<std::string>());
-    // Channels of the list are right to 0.0005, which is 1.4E-05 degrees; the read-out has 3 decimals.
-    EXPECT_NEAR(LeadingNumber(Get("Form6.Text14.Text").get<std::string>()), TwoThetaAt(channel), 0.002);
+    // Channels of the list are right to 0.0005, that of the read-out to 0.00005: 1.4E-05 degrees.
+    EXPECT_NEAR(LeadingNumber(Get("Form6.Text14.Text").get<std::string>()), TwoThetaAt(channel), 1e-4);
   }
 }
 

@@ -197,7 +197,7 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   EXPECT_NE(LastDrawn()["colour"], 255);
 
   // The sixth coefficient doesn't count here.
-  Play(FileAnswer(File("d.cal", "Title\r\n1.5\r\n0.02\r\n1D-6\r\n0\r\n0\r\n1D-15\r\n")) +
+  Play(FileAnswer(File("d.cal", "Title\r\n1.5\r\n0.02\r\n1D-6\r\n0\r\n1D-13\r\n1D-15\r\n")) +
        "click Form26.cmdComboOK\nclick Form4.cmdOK\n");
   EXPECT_EQ(Frames(), "1");
   TakeCell("Cubic", "Text6=5.5");
@@ -214,15 +214,46 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   EXPECT_EQ(Values("CellFormat(b)"), Json({4}));
   TakeCell("Cubic", "Text6=5.5");
   EXPECT_EQ(Press(1990), "");
-  EXPECT_EQ(Get("Form26.Text15.Text"), "45.5");  // 1.5 + 40 + 4
+  EXPECT_EQ(Get("Form26.Text15.Text"), "47.1");  // 1.5 + 40 + 4 + 1.6
   Move("Form26", RoundedText(PictureX(1000), 4) + " 33.75");
   const double x = std::stod(Get("Form26.Text4.Text").get<std::string>().substr(4));
   EXPECT_NEAR(x, 1000, 0.01);
-  const double two_theta = 1.5 + 0.02 * x + 1e-6 * x * x;
+  const double two_theta = 1.5 + 0.02 * x + 1e-6 * x * x + 1e-13 * x * x * x * x;
   const double spacing = 1.5406 / (2 * std::sin(two_theta / 2 * Degree));
   EXPECT_EQ(Get("Form26.Text13.Text"), "2q = " + RoundedText(two_theta, 3));
   EXPECT_EQ(Get("Form26.Text12.Text"), RoundedText(spacing, 4));
   EXPECT_EQ(Get("Form26.Text5.Text"), "y = 100");
+
+  // A calibration is not asked for again; without one there is no 2-theta.
+  Data().Buffer(2).Wavelength = 0;
+  Data().Buffer(2).FormatCode = 4;
+  Click("Form1.cmdRefineCell Form27.optB");
+  EXPECT_EQ(Told("Form26.cmdComboOK"), "");
+  Data().Buffer(2).CalPar.fill(0);
+  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_THAT(Press(1990), HasSubstr("Buffer b has no calibration"));
+  EXPECT_EQ(Get("Form26.Text15.Text"), "0");
+}
+
+TEST_F(Cell, ListsThatLookWrongAreTold) {
+  Load('b', "10 5\r\n20 7\r\n30 5\r\n");
+  ProfileBuffer& buffer = Data().Buffer(2);
+  buffer.NPeaks = 2;
+  const auto told = [&](int format, const char* theta, const char* channel) {
+    buffer.FormatCode = static_cast<std::int16_t>(format);
+    buffer.PeakTheta[1] = buffer.PeakTheta[2] = theta;
+    buffer.PeakChannel[1] = buffer.PeakChannel[2] = channel;
+    const auto words = After("Form1.cmdRefineCell Form27.optB");
+    const auto message = std::ranges::find_if(words, [](const std::string& text) {
+      return text.rfind("Warning, exclamation: The peaks in ", 0) == 0;
+    });
+    return message == words.end() ? "" : *message;
+  };
+  EXPECT_EQ(told(2, "180", "5"), "");
+  EXPECT_EQ(told(4, "", "181"), "");
+  EXPECT_THAT(told(2, "", "500"), HasSubstr("have no 2-theta."));
+  EXPECT_THAT(told(2, "180.1", "500"), HasSubstr("not all lie up to 180"));
+  EXPECT_THAT(told(4, "30", "30"), HasSubstr("none lies above 180"));
 }
 
 TEST_F(Cell, EachSystemTakesTheBoxesThatItLeavesFree) {
@@ -268,6 +299,7 @@ TEST_F(Cell, TellsWhatCanNotBeAndKeepsWhatIsThere) {
   EXPECT_THAT(Told("Form26.Command1"), HasSubstr("hasn't been chosen yet"));
   Play("set Form26.Combo2 \"Triclinic\"\nclick Form26.Command2\n");
   for (const char* cell : {"Text6=5 Text7=5 Text8=5 Text9=90 Text10=255 Text11=90",
+                           "Text6=5 Text7=5 Text8=5 Text9=90 Text10=-80 Text11=90",
                            "Text6=13.97 Text7=3.957 Text8=17.096 Text9=114.04 Text10=114.12 Text11=0.081",
                            "Text6=5 Text7=5 Text8=5 Text9=90 Text10=90 Text11=0",
                            "Text6=5 Text7=5 Text8=5 Text9=30 Text10=30 Text11=90",
@@ -337,6 +369,9 @@ TEST_F(Cell, WorksOnItsOwnListAndTellsWhereThatHasChanged) {
   // A wavelength that the buffer has got meanwhile.
   Erase('b');
   Start(SiliconList(), "0");
+  Data().Buffer(2).NPeaks = 5;
+  EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("has been changed in another window"));
+  Data().Buffer(2).NPeaks = 6;
   Data().Buffer(2).Wavelength = 0.7F;
   EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("Buffer b has the wave length 0.7 by now."));
   TakeCell("Cubic", "Text6=5.5");
