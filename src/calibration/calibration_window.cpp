@@ -90,7 +90,7 @@ void Form24::ConnectHandlers() {
   cmdSi.OnClick = WithItsContent([this] { ShowStandard(SiliconStandard()); });
   Command2.OnClick = OnItsBuffer([this] { ShiftStandard(); });
 
-  cmdStartCou.OnClick = OnItsBuffer([this] { StartCoupling(); });
+  cmdStartCou.OnClick = WithItsContent([this] { StartCoupling(); });
   cmdAccept.OnClick = WithItsContent([this] { AcceptCouple(); });
   cmdSkip.OnClick = OnItsBuffer([this] { SettleCouple(); });
   cmdQuit.OnClick = OnItsBuffer([this] { QuitCoupling(); });

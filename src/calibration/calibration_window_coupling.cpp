@@ -13,6 +13,11 @@ Message NoPeakNear() {
   return ErrorMessage("There is no peak near this place.\r\nClick near the peak that you want.");
 }
 
+Message OtherWavelength(const ProfileBuffer& buffer) {
+  return ErrorMessage("The wave length of buffer " + buffer.BufLetter +
+                      " is another one than that of the standard on show.\r\nChoose the standard again.");
+}
+
 Message TooManyCouples() {
   return ErrorMessage(
       "There are " + std::to_string(MaxCouples) +
@@ -39,6 +44,10 @@ Message NoCalibration(const CalibrationDemand& demand) {
 }  // namespace
 
 void Form24::StartCoupling() {
+  if (Buffer().Wavelength != state_.Wavelength) {
+    Tell(OtherWavelength(Buffer()));
+    return;
+  }
   state_.CouplingActive = true;
   Frame1.Visible = Text9.Visible = true;
   cmdCorundum.Enabled = cmdSi.Enabled = Command2.Enabled = false;

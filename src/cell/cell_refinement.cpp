@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <utility>
 
 #include "cell/cell_parameters.h"
@@ -131,7 +130,6 @@ Cycle::Step Cycle::Shift() {
   if (!IsCell(Cell.CellRecip)) return CycleObstacle{CycleObstacles::LeadsToNoCell};
   CellConvert(Cell.CellRecip, Cell.CellQuad, CellConversion::QuadraticForm);
   CellConvert(Cell.CellRecip, Cell.CellDirect, CellConversion::Reciprocal);
-  if (!IsCell(Cell.CellDirect)) return CycleObstacle{CycleObstacles::LeadsToNoCell};
   return std::nullopt;
 }
 

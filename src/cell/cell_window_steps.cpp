@@ -56,9 +56,9 @@ Message LimitOfGeneration() {
 Message NotCalibrated(const ProfileBuffer& buffer) {
   return {
       .Text = "Buffer " + buffer.BufLetter +
-              " has no calibration, so its channels have no 2-theta.\r\nType the 2-theta of the peak. Or "
-              "save the "
-              "list of peaks, erase the buffer, and read the list again: you are asked for the calibration.",
+              " has no calibration, so its channels have no 2-theta.\r\n"
+              "Type the 2-theta of the peak. Or save the list of peaks, erase the buffer, and read the list "
+              "again: you are asked for the calibration.",
       .Title = "Warning",
       .Icon = MessageIcon::Exclamation};
 }
@@ -205,12 +205,12 @@ void Form26::SelectPeak(float x) {
   if (!HasContent()) {
     return;
   }
-  if (Buffer().Wavelength != state_.Cell.CellLambda) {
-    Tell(WavelengthGone(Buffer(), "Refine cell"));
-    return;
-  }
   if (state_.Sticks.empty()) {
     Tell(PeakListGone(Buffer(), "Refine cell"));
+    return;
+  }
+  if (Buffer().Wavelength != state_.Cell.CellLambda) {
+    Tell(WavelengthGone(Buffer(), "Refine cell"));
     return;
   }
   const auto nearest = NearestStick(state_.Sticks, state_.Plot.XAt(x));

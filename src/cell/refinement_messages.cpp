@@ -24,9 +24,8 @@ std::string NameOf(const AcceptedPeaks& peaks, std::size_t k) {
 std::string TextOf(const CycleObstacle& obstacle, const AcceptedPeaks& peaks, CrystalSystems system) {
   switch (obstacle.What) {
     case CycleObstacles::NoPeaks:
-      return "No peak has been accepted.\r\nStart \"Refine cell\" of the main menu anew, give indices to "
-             "peaks "
-             "and accept them.";
+      return "No peak has been accepted.\r\nStart \"Refine cell\" of the main menu anew, "
+             "give indices to peaks and accept them.";
     case CycleObstacles::NoSystem:
       return "Wrong definition of crystal system";
     case CycleObstacles::TooFewPeaks:
@@ -39,9 +38,8 @@ std::string TextOf(const CycleObstacle& obstacle, const AcceptedPeaks& peaks, Cr
              ".\r\nStart \"Refine cell\" of the main menu anew with lower indices.";
     case CycleObstacles::NoReflection:
       return NameOf(peaks, obstacle.Peak) +
-             "is no reflection.\r\nStart \"Refine cell\" of the main menu anew, and click OK for the indices "
-             "of "
-             "each peak before it is accepted.";
+             "is no reflection.\r\nStart \"Refine cell\" of the main menu anew, and "
+             "click OK for the indices of each peak before it is accepted.";
     case CycleObstacles::NoPosition:
       return NameOf(peaks, obstacle.Peak) +
              "has no position between 0 and 180 degrees.\r\nStart \"Refine cell\" of the main menu anew and "

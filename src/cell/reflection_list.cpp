@@ -14,8 +14,8 @@ namespace koprax {
 
 namespace {
 
-/// More rows of one k and l, and triples that are tried, than this, which take a good part of a second,
-/// aren't gone through: those of a cell of thousands of angstrom in a range where hardly any of its
+/// More rows of one k and l, and triples that are tried in them, than this, which take a good part of a
+/// second, aren't gone through: those of a cell of thousands of angstrom in a range where hardly any of its
 /// reflections lie.
 constexpr long MostSteps = 4'000'000;
 
@@ -76,7 +76,7 @@ struct Row {
   /// How many h there are to try, or a few more.
   [[nodiscard]] int Trials() const {
     const int hole = std::max(std::min(Last, HoleLast) - std::max(First, HoleFirst), 0);
-    return std::max(Last - First + 1 - hole, 0) + 1;
+    return Last < First ? 0 : Last - First + 2 - hole;
   }
 };
 

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -125,6 +126,11 @@ class ManyLines final : public TextBoxWidget {
   ManyLines(TextBox& box, TextEdit& edit) : TextBoxWidget(box, edit), edit_(edit) {
     ApplyAll({PropertyName::Font, PropertyName::Locked});
     QObject::connect(&edit, &QPlainTextEdit::textChanged, &edit, [this] { Typed(edit_.toPlainText()); });
+    if (box.FollowsEnd) {
+      // The bar under a wide line comes after the text, and would cover the last one.
+      QScrollBar* const bar = edit.verticalScrollBar();
+      QObject::connect(bar, &QScrollBar::rangeChanged, bar, [bar](int, int last) { bar->setValue(last); });
+    }
   }
 
   void Apply(PropertyName name) override {

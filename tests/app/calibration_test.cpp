@@ -234,6 +234,11 @@ TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
   Buffer().Wavelength = 0;
   EXPECT_THAT(After("Form24.cmdSi"), ElementsAre(StartsWith("Error, stop: The wave length of the ")));
   EXPECT_EQ(Values("Form24.Frame3.Visible Form24.Text1.Text"), (Json{true, ""}));
+  EXPECT_THAT(After("Form24.cmdStartCou"),
+              ElementsAre(StartsWith("Error, stop: The wave length of buffer a is ")));
+  // The sticks are still those of the former wavelength.
+  Move("Form24", std::to_string(13 + 99.0 / 120 * 60) + " 20");
+  EXPECT_EQ(Get("Form24.Text5.Text"), "1.5406");
   Play("close Form24\n");
   EXPECT_FALSE(IsLoaded("Form24"));
 }

@@ -195,12 +195,13 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   EXPECT_EQ(Frames(), "13");
   EXPECT_EQ(Values("NPeaks(b) Wavelength(b) CalCancelled CurBuf"), Json({0, 0, 0, 2}));
   EXPECT_NE(LastDrawn()["colour"], 255);
+  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_THAT(Press(2000), HasSubstr("There is no peak in the list of buffer b"));
 
   // The sixth coefficient doesn't count here.
   Play(FileAnswer(File("d.cal", "Title\r\n1.5\r\n0.02\r\n1D-6\r\n0\r\n1D-13\r\n1D-15\r\n")) +
        "click Form26.cmdComboOK\nclick Form4.cmdOK\n");
-  EXPECT_EQ(Frames(), "1");
-  TakeCell("Cubic", "Text6=5.5");
+  EXPECT_EQ(Frames(), "124");
   EXPECT_THAT(Press(2000), HasSubstr("There is no peak in the list of buffer b"));
 
   // The wavelength that was typed serves all.
@@ -241,19 +242,22 @@ TEST_F(Cell, ListsThatLookWrongAreTold) {
   buffer.NPeaks = 2;
   const auto told = [&](int format, const char* theta, const char* channel) {
     buffer.FormatCode = static_cast<std::int16_t>(format);
-    buffer.PeakTheta[1] = buffer.PeakTheta[2] = theta;
-    buffer.PeakChannel[1] = buffer.PeakChannel[2] = channel;
+    buffer.PeakTheta[2] = theta;
+    buffer.PeakChannel[2] = channel;
     const auto words = After("Form1.cmdRefineCell Form27.optB");
     const auto message = std::ranges::find_if(words, [](const std::string& text) {
       return text.rfind("Warning, exclamation: The peaks in ", 0) == 0;
     });
     return message == words.end() ? "" : *message;
   };
+  buffer.PeakTheta[1] = "30";  // beside the one that is given
   EXPECT_EQ(told(2, "180", "5"), "");
+  EXPECT_EQ(told(2, "", "500"), "");
   EXPECT_EQ(told(4, "", "181"), "");
-  EXPECT_THAT(told(2, "", "500"), HasSubstr("have no 2-theta."));
   EXPECT_THAT(told(2, "180.1", "500"), HasSubstr("not all lie up to 180"));
   EXPECT_THAT(told(4, "30", "30"), HasSubstr("none lies above 180"));
+  buffer.PeakTheta[1] = "";
+  EXPECT_THAT(told(2, "", "500"), HasSubstr("have no 2-theta."));
 }
 
 TEST_F(Cell, EachSystemTakesTheBoxesThatItLeavesFree) {

@@ -50,6 +50,8 @@ std::string LineOf(const std::string& form, const Control& control) {
   if (!all.value("Enabled", true)) line += " off";
   if (!all.value("Visible", true)) line += " hidden";
   if (all.value("Locked", false)) line += " locked";
+  if (const auto* box = dynamic_cast<const TextBox*>(&control); box != nullptr && box->FollowsEnd)
+    line += " end";
   for (const char* place : {"Left", "Top", "Width", "Height", "X1", "Y1", "X2", "Y2"}) {
     if (all.contains(place)) line.append(" ").append(place).append(" ").append(all[place].dump());
   }

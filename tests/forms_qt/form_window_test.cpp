@@ -135,6 +135,7 @@ TEST_F(FormWindowTest, TypingReachesTheBoxes) {
   EXPECT_EQ(form.Text3.Text, "one\r\ntwo\r\nthree");
   form.Text3.Text = "one\r\ntwo\r\nthree\r\nfour";
   EXPECT_EQ(lines.textCursor().blockNumber(), 3) << "the last line shows";
+  EXPECT_EQ(lines.textCursor().columnNumber(), 0);
 
   auto& combo = Widget<QComboBox>(form.Combo1);
   EXPECT_EQ(combo.currentText(), "free");
