@@ -8,7 +8,6 @@
 #include "cell/cell_window.h"
 #include "cell/refinement_messages.h"
 #include "cell/reflection_list.h"
-#include "files/calibration_file.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
 
@@ -230,7 +229,8 @@ void Form26::ShowObserved(std::size_t peak) {
     return;
   }
   Text15.Text = RoundedText(TwoThetaAt(state_.Selected->X), 3);
-  if (!HasCalibration(Buffer())) {
+  // A calibration whose constant lies below 0 is one, though it would be asked for again with the wavelength.
+  if (std::ranges::all_of(Buffer().CalPar, [](double coefficient) { return coefficient == 0; })) {
     Tell(NotCalibrated(Buffer()));
   }
 }

@@ -230,8 +230,11 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   Data().Buffer(2).FormatCode = 4;
   Click("Form1.cmdRefineCell Form27.optB");
   EXPECT_EQ(Told("Form26.cmdComboOK"), "");
-  Data().Buffer(2).CalPar.fill(0);
   TakeCell("Cubic", "Text6=5.5");
+  Data().Buffer(2).CalPar[1] = -1.5;
+  EXPECT_EQ(Press(1990), "");
+  EXPECT_EQ(Get("Form26.Text15.Text"), "44.1");
+  Data().Buffer(2).CalPar.fill(0);
   EXPECT_THAT(Press(1990), HasSubstr("Buffer b has no calibration"));
   EXPECT_EQ(Get("Form26.Text15.Text"), "0");
 }
