@@ -9,10 +9,6 @@ namespace koprax {
 
 namespace {
 
-Message NoPeakNear() {
-  return ErrorMessage("There is no peak near this place.\r\nClick near the peak that you want.");
-}
-
 Message OtherWavelength(const ProfileBuffer& buffer) {
   return ErrorMessage("The wave length of buffer " + buffer.BufLetter +
                       " is another one than that of the standard on show.\r\nChoose the standard again.");

@@ -62,10 +62,6 @@ Message NotCalibrated(const ProfileBuffer& buffer) {
       .Icon = MessageIcon::Exclamation};
 }
 
-Message NoPeakNearby() {
-  return ErrorMessage("There is no peak near this place.\r\nClick on a peak in the figure.");
-}
-
 Message NoRoomForPeak() {
   return ErrorMessage(
       "300 peaks have been accepted, which is all there is room for.\r\nGo on with \"Quit\".");
@@ -214,7 +210,7 @@ void Form26::SelectPeak(float x) {
   }
   const auto nearest = NearestStick(state_.Sticks, state_.Plot.XAt(x));
   if (!nearest) {
-    Tell(NoPeakNearby());
+    Tell(NoPeakNear());
     return;
   }
   state_.Selected = state_.Sticks[*nearest];

@@ -91,4 +91,8 @@ std::optional<std::size_t> NearestStick(std::span<const Stick> sticks, float x) 
   return nearest;
 }
 
+Message NoPeakNear() {
+  return ErrorMessage("There is no peak near this place.\r\nClick near the peak that you want.");
+}
+
 }  // namespace koprax

@@ -9,6 +9,7 @@
 
 #include "display/curve.h"
 #include "display/plot_transform.h"
+#include "forms/runtime.h"
 #include "forms/surface.h"
 #include "workspace/workspace.h"
 
@@ -59,5 +60,7 @@ class StickPlot {
 /// The index, from 0, of the stick nearest to an X, the first one of several; nothing if there is none within
 /// 1000 units.
 [[nodiscard]] std::optional<std::size_t> NearestStick(std::span<const Stick> sticks, float x);
+/// What the user is told where there is none.
+[[nodiscard]] Message NoPeakNear();
 
 }  // namespace koprax
