@@ -206,6 +206,7 @@ const std::vector<std::string>& Workbench::FormNames() {
       "Form31",
       "Form33",
       "Form34",
+      "Form35",
       "Form36",
   };
   return names;

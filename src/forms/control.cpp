@@ -98,8 +98,10 @@ TextBox::TextBox(Form& form, std::string name, const TextSetup& setup, std::opti
     : Control(form, ControlKind::TextBox, std::move(name), index),
       MultiLine(setup.MultiLine),
       FollowsEnd(setup.FollowsEnd),
+      Wraps(setup.Wraps),
       Columns(setup.Columns),
       Rows(setup.Rows) {
+  Meaning = setup.Meaning;
   Text = setup.Text;
   ToolTip = setup.ToolTip;
   Font = setup.Font;
@@ -121,6 +123,7 @@ PropertyList TextBox::Properties() const {
 
 ComboBox::ComboBox(Form& form, std::string name, const ComboSetup& setup, std::optional<int> index)
     : Control(form, ControlKind::ComboBox, std::move(name), index) {
+  Meaning = setup.Meaning;
   Text = setup.Text;
   Items = setup.Items;
 }
@@ -142,6 +145,7 @@ PictureBox::PictureBox(Form& form, std::string name, const PictureSetup& setup)
       Surface(setup.Scale),
       DesignWidth(setup.DesignWidth),
       DesignHeight(setup.DesignHeight) {
+  Meaning = setup.Meaning;
   ToolTip = setup.ToolTip;
 }
 

@@ -68,6 +68,8 @@ class Control : public PropertyOwner {
   Property<bool> Visible{*this, PropertyName::Visible, true};
   Property<bool> Enabled{*this, PropertyName::Enabled, true};
   Property<std::string> ToolTip{*this, PropertyName::ToolTip, ""};
+  /// What a screen reader says of a control that has no caption, or one that tells little.
+  std::string Meaning;
 
  protected:
   /// Runs a handler as one event of the user: windows that it closes live until it has returned.
@@ -179,12 +181,14 @@ class Image final : public Control {
 
 /// What a text box starts with. Columns and Rows are the size it wants, in characters.
 struct TextSetup {
+  std::string Meaning{};
   std::string Text{};
   std::string ToolTip{};
   std::string Font{DefaultFont};
   bool Locked = false;
   bool MultiLine = false;
   bool FollowsEnd = false;  ///< of many lines the last one shows: what comes last is what counts
+  bool Wraps = false;       ///< lines that are too long go on below, in a font of fixed width, too
   int Columns = 12;
   int Rows = 1;
 };
@@ -202,6 +206,7 @@ class TextBox final : public Control {
   Property<bool> Locked{*this, PropertyName::Locked, false};  ///< shows, can't be typed in
   const bool MultiLine;
   const bool FollowsEnd;
+  const bool Wraps;
   const int Columns;
   const int Rows;
   std::function<void()> OnChange;
@@ -209,6 +214,7 @@ class TextBox final : public Control {
 
 /// What a combo box starts with: the text in its field and the choices under it.
 struct ComboSetup {
+  std::string Meaning{};
   std::string Text{};
   std::vector<std::string> Items{};
 };
@@ -232,6 +238,7 @@ struct PictureSetup {
   UserScale Scale{};
   double DesignWidth = 100;
   double DesignHeight = 80;
+  std::string Meaning{};
   std::string ToolTip{};
 };
 

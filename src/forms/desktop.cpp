@@ -112,6 +112,7 @@ void Desktop::Show(Form& form) {
   form.visible_ = true;
   MoveToFront(form);
   Tell([&](DesktopObserver& observer) { observer.FormShown(form, false); });
+  form.OnFronted();
   if (ModalForm() != nullptr) {
     BringToFront(*ModalForm());
   }
@@ -164,6 +165,7 @@ void Desktop::BringToFront(Form& form) {
   }
   MoveToFront(form);
   Tell([&](DesktopObserver& observer) { observer.FormFronted(form); });
+  form.OnFronted();
 }
 
 void Desktop::Refresh(Control& control) {

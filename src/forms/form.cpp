@@ -49,6 +49,53 @@ void Form::SetLayout(LayoutNode layout, bool resizable) {
   AssignContainers(layout_, nullptr);
 }
 
+void Form::EnterClicks(Button& button) {
+  enter_targets_.push_back({&button, [&button] { button.Click(); }});
+}
+void Form::EscapeClicks(Button& button) {
+  escape_targets_.push_back({&button, [&button] { button.Click(); }});
+}
+void Form::EscapeClicks(OptionButton& option) {
+  escape_targets_.push_back({&option, [&option] { option.Click(); }});
+}
+
+bool Form::ClickIfUsable(const KeyTarget& target) {
+  const bool usable = !desk_.WhyUnusable(*target.Target);
+  if (usable) {
+    // The click may unload the form, and with it the target.
+    const auto click = target.Click;
+    click();
+  }
+  return usable;
+}
+
+bool Form::PressEnter(const Control* box) {
+  const Control* frame = box == nullptr ? nullptr : box->Container();
+  while (true) {
+    for (const KeyTarget& key : enter_targets_) {
+      if (key.Target->Container() == frame) {
+        return ClickIfUsable(key);
+      }
+    }
+    if (frame == nullptr) {
+      return false;
+    }
+    frame = frame->Container();
+  }
+}
+
+bool Form::PressEscape() {
+  for (const KeyTarget& key : escape_targets_) {
+    if (ClickIfUsable(key)) {
+      return true;
+    }
+  }
+  if (escape_closes_) {
+    CloseBox();
+  }
+  return escape_closes_;
+}
+
 void Form::PropertyChanged(PropertyName name) {
   if (loaded_) {
     desk_.FormChanged(*this, name);

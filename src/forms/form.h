@@ -64,21 +64,45 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
 
   void PropertyChanged(PropertyName name) override;
 
+  /// The user's Enter in a box, or on the form itself, and Esc anywhere on it. False if the key means nothing
+  /// here.
+  bool PressEnter(const Control* box = nullptr);
+  bool PressEscape();
+
  protected:
   /// Runs once, when the form is loaded, before it is first shown.
   virtual void OnLoad() {}
   /// Runs once, when the form has left the desktop, but not at the end of the run: windows that act for this
   /// one go here.
   virtual void OnUnload() {}
+  /// Runs whenever the form has been shown or brought to the front.
+  virtual void OnFronted() {}
   /// What the close box does; as it stands, the form is unloaded.
   virtual void OnCloseBox() { Unload(); }
 
   void SetLayout(LayoutNode layout, bool resizable = false);
 
+  /// Enter in a box clicks this button, if the box stands in the same frame as the button, or in no frame of
+  /// which another button takes the key.
+  void EnterClicks(Button& button);
+  /// Esc clicks the first of these that can be clicked.
+  void EscapeClicks(Button& button);
+  void EscapeClicks(OptionButton& option);
+  /// Esc closes the form as by its close box, where it clicks nothing.
+  void EscapeCloses() { escape_closes_ = true; }
+
  private:
   friend class Control;
   friend class PictureBox;
   friend class Desktop;
+
+  /// A control that a key of the keyboard clicks.
+  struct KeyTarget {
+    const Control* Target;
+    std::function<void()> Click;
+  };
+
+  bool ClickIfUsable(const KeyTarget& target);
 
   void Register(Control& control) { controls_.push_back(&control); }
   void ControlChanged(Control& control, PropertyName name);
@@ -88,6 +112,9 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
   std::string name_;
   std::vector<Control*> controls_;
   LayoutNode layout_ = Column({});
+  std::vector<KeyTarget> enter_targets_;
+  std::vector<KeyTarget> escape_targets_;
+  bool escape_closes_ = false;
   bool resizable_ = false;
   bool loaded_ = false;
   bool visible_ = false;

@@ -19,8 +19,10 @@ class Platform {
 
   [[nodiscard]] virtual std::string GetSetting(std::string_view application, std::string_view section,
                                                std::string_view key, std::string_view absent) = 0;
-  virtual void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                           std::string_view value) = 0;
+  /// The system's own words if that fails.
+  virtual std::optional<std::string> SaveSetting(std::string_view application, std::string_view section,
+                                                 std::string_view key, std::string_view value) = 0;
+  [[nodiscard]] virtual Machine& TheMachine() = 0;
   /// Writes the printer's document to a PDF file; the system's own words if that fails.
   virtual std::optional<std::string> PrintToFile(const Printer& printer, const std::string& path) = 0;
   /// Saves what is drawn on the picture as a .bmp of its design size, and reads one back.

@@ -12,7 +12,12 @@
 
 namespace koprax {
 
+/// The command of the shell that opens the settings of the region: how numbers are written.
+inline constexpr std::string_view RegionalSettingsCommand =
+    "rundll32.exe shell32.dll,Control_RunDLL intl.cpl,,1";
+
 class Form;
+class Machine;
 class PictureBox;
 class Printer;
 
@@ -79,10 +84,13 @@ class Runtime {
 
   [[nodiscard]] virtual std::string GetSetting(std::string_view application, std::string_view section,
                                                std::string_view key, std::string_view absent) = 0;
-  virtual void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                           std::string_view value) = 0;
-  /// Starts a command of the system's shell.
-  virtual void Shell(const std::string& command) = 0;
+  /// Keeps a setting beyond the run; the system's own words if that fails.
+  virtual std::optional<std::string> SaveSetting(std::string_view application, std::string_view section,
+                                                 std::string_view key, std::string_view value) = 0;
+  /// Starts a command of the system's shell; words for what is missing if it can't be started.
+  virtual std::optional<std::string> Shell(const std::string& command) = 0;
+  /// What the machine tells of itself.
+  [[nodiscard]] virtual Machine& TheMachine() = 0;
 };
 
 }  // namespace koprax

@@ -190,11 +190,17 @@ std::string ScriptedRuntime::GetSetting(std::string_view application, std::strin
   return platform_.GetSetting(application, section, key, absent);
 }
 
-void ScriptedRuntime::SaveSetting(std::string_view application, std::string_view section,
-                                  std::string_view key, std::string_view value) {
-  platform_.SaveSetting(application, section, key, value);
+std::optional<std::string> ScriptedRuntime::SaveSetting(std::string_view application,
+                                                        std::string_view section, std::string_view key,
+                                                        std::string_view value) {
+  return platform_.SaveSetting(application, section, key, value);
 }
 
-void ScriptedRuntime::Shell(const std::string& command) { Tell(ShellEvent{command}); }
+std::optional<std::string> ScriptedRuntime::Shell(const std::string& command) {
+  Tell(ShellEvent{command});
+  return std::nullopt;
+}
+
+Machine& ScriptedRuntime::TheMachine() { return platform_.TheMachine(); }
 
 }  // namespace koprax

@@ -108,10 +108,11 @@ class ScriptedRuntime final : public Runtime {
 
   [[nodiscard]] std::string GetSetting(std::string_view application, std::string_view section,
                                        std::string_view key, std::string_view absent) override;
-  void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                   std::string_view value) override;
+  std::optional<std::string> SaveSetting(std::string_view application, std::string_view section,
+                                         std::string_view key, std::string_view value) override;
   /// Starts nothing; the listener hears of the command.
-  void Shell(const std::string& command) override;
+  std::optional<std::string> Shell(const std::string& command) override;
+  [[nodiscard]] Machine& TheMachine() override;
 
  private:
   struct ModalAction {

@@ -64,11 +64,15 @@ std::string QtPlatform::GetSetting(std::string_view application, std::string_vie
   return settings.value(KeyOf(section, key), ToQString(absent)).toString().toStdString();
 }
 
-void QtPlatform::SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                             std::string_view value) {
+std::optional<std::string> QtPlatform::SaveSetting(std::string_view application, std::string_view section,
+                                                   std::string_view key, std::string_view value) {
   QSettings settings = SettingsOf(application);
   settings.setValue(KeyOf(section, key), ToQString(value));
   settings.sync();
+  if (settings.status() != QSettings::NoError) {
+    return "the settings file " + settings.fileName().toStdString() + " can't be written";
+  }
+  return std::nullopt;
 }
 
 std::optional<std::string> QtPlatform::PrintToFile(const Printer& printer, const std::string& path) {

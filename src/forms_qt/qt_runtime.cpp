@@ -19,6 +19,7 @@
 #include "forms_qt/printed_page.h"
 #include "forms_qt/qt_fonts.h"
 #include "forms_qt/qt_text.h"
+#include "forms_qt/regional_settings.h"
 
 namespace koprax {
 
@@ -158,13 +159,20 @@ std::string QtRuntime::GetSetting(std::string_view application, std::string_view
   return platform_.GetSetting(application, section, key, absent);
 }
 
-void QtRuntime::SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                            std::string_view value) {
-  platform_.SaveSetting(application, section, key, value);
+std::optional<std::string> QtRuntime::SaveSetting(std::string_view application, std::string_view section,
+                                                  std::string_view key, std::string_view value) {
+  return platform_.SaveSetting(application, section, key, value);
 }
 
-void QtRuntime::Shell(const std::string& command) {
-  QProcess::startDetached(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QString::fromStdString(command)});
+std::optional<std::string> QtRuntime::Shell(const std::string& command) {
+  if (command == RegionalSettingsCommand) {
+    return OpenRegionalSettings();
+  }
+  if (!QProcess::startDetached(QStringLiteral("/bin/sh"),
+                               {QStringLiteral("-c"), QString::fromStdString(command)})) {
+    return "the shell can't be started";
+  }
+  return std::nullopt;
 }
 
 }  // namespace koprax

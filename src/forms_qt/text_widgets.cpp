@@ -138,7 +138,7 @@ class ManyLines final : public TextBoxWidget {
     if (name == PropertyName::Font) {
       // Tables keep their lines whole, prose is wrapped.
       const bool table = edit_.font().styleHint() == QFont::TypeWriter;
-      edit_.setLineWrapMode(table ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+      edit_.setLineWrapMode(table && !Box().Wraps ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
     }
   }
   void ApplyFormPointer(Pointer pointer) override {

@@ -1,5 +1,7 @@
 #include "workspace/help_topics.h"
 
+#include <string_view>
+
 #include "workspace/help_texts.h"
 
 namespace koprax {
@@ -27,6 +29,14 @@ std::string HelpText(HelpTopic topic) {
     }
   }
   return {};
+}
+
+HelpTextTable AllHelpTexts() {
+  HelpTextTable texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    texts[i] = HelpText(static_cast<HelpTopic>(i));
+  }
+  return texts;
 }
 
 }  // namespace koprax

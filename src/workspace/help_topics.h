@@ -2,6 +2,8 @@
 // Showing them is left to the help window.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
 
 namespace koprax {
@@ -85,7 +87,13 @@ enum class HelpTopic {
   HelpSaveCalibration,
 };
 
+inline constexpr std::size_t HelpTopicCount = static_cast<std::size_t>(HelpTopic::HelpSaveCalibration) + 1;
+
+/// The texts of all topics, in the order of the topics.
+using HelpTextTable = std::array<std::string, HelpTopicCount>;
+
 /// The whole text of a topic. Each line ends with CR LF.
 [[nodiscard]] std::string HelpText(HelpTopic topic);
+[[nodiscard]] HelpTextTable AllHelpTexts();
 
 }  // namespace koprax

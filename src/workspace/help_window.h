@@ -15,8 +15,16 @@ class Form5 final : public Form {
   void ShowTopic(HelpTopic topic);
 
  private:
-  TextBox Text1{
-      *this, "Text1", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 82, .Rows = 26}};
+  const Workspace& data_;
+  TextBox Text1{*this,
+                "Text1",
+                {.Meaning = "Help",
+                 .Font = "Courier",
+                 .Locked = true,
+                 .MultiLine = true,
+                 .Wraps = true,
+                 .Columns = 82,
+                 .Rows = 26}};
 };
 
 }  // namespace koprax

@@ -3,6 +3,7 @@
 #include "forms/desktop.h"
 #include "workspace/buffer_commands.h"
 #include "workspace/buffer_picker.h"
+#include "workspace/system_window.h"
 
 namespace koprax {
 
@@ -26,6 +27,7 @@ Form1::Form1(const WindowContext& context) : Form(context.Desk, "Form1", "Main m
   cmdRefineCell.OnClick = [this] { OpenCellPicker(); };
   cmdDisp.OnClick = [this] { OpenDisplayPicker(); };
   cmdDelBuff.OnClick = [this] { OpenErasePicker(); };
+  cmdNew.OnClick = [this] { ShowSystemWindow(context_); };
   cmdStop.OnClick = [this] { Desk().Quit(); };
 }
 
@@ -40,7 +42,20 @@ void Form1::ArrangeControls() {
   }));
 }
 
-void Form1::OnLoad() { Label3.Caption = "Profiles, peaks, backgrounds, calibrations and cells"; }
+void Form1::OnLoad() {
+  Label3.Caption = "Profiles, peaks, backgrounds, calibrations and cells";
+  if (WantsSystemWindowAtStart(Desk().Host())) {
+    ShowSystemWindow(context_);
+  }
+  context_.Data.HelpTexts = AllHelpTexts();
+}
+
+void Form1::OnFronted() {
+  // The report on the machine stays above the menu until it is closed.
+  if (const auto report = Desk().Find("Form35")) {
+    report->BringToFront();
+  }
+}
 
 void Form1::OnCloseBox() { Desk().Quit(); }
 

@@ -15,6 +15,7 @@ class Form1 final : public Form {
 
  private:
   void OnLoad() override;
+  void OnFronted() override;
   void OnCloseBox() override;
   void ArrangeControls();
   void OpenDisplayPicker();
@@ -45,7 +46,7 @@ class Form1 final : public Form {
   Button cmdStop{*this, "cmdStop", {.Caption = "&Quit", .ToolTip = "Exit the program"}};
   Button cmdRefineCell{
       *this, "cmdRefineCell", {.Caption = "&Refine cell", .ToolTip = "Start a cell parameter refinement"}};
-  Button cmdNew{*this, "cmdNew", {.Caption = "System cfg.", .Enabled = false}};
+  Button cmdNew{*this, "cmdNew", {.Caption = "System cfg."}};
 
   HelpButton Command1{*this, "Command1", context_.Main, HelpTopic::HelpLoad};
   HelpButton Command2{*this, "Command2", context_.Main, HelpTopic::HelpSaveDisk};

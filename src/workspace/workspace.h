@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "workspace/help_topics.h"
+
 namespace koprax {
 
 inline constexpr int NumBuffers = 6;
@@ -220,6 +222,8 @@ struct Workspace {
   bool ModeOut = false;
   bool ModeCalib = false;
   bool ModeCell = false;
+
+  HelpTextTable HelpTexts{};  ///< of the on-line help, set once when the main menu is loaded
 
   bool ZoomMode = false;      ///< a zoom selection is under way
   bool ExplorerMode = false;  ///< Manual Explorer follows the mouse

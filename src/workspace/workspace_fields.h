@@ -97,6 +97,7 @@ void VisitWorkspaceFields(Data& data, Visitor&& visit) {
   visit("ModeOut", data.ModeOut);
   visit("ModeCalib", data.ModeCalib);
   visit("ModeCell", data.ModeCell);
+  visit("HelpTopic", data.HelpTexts);
   visit("ZoomMode", data.ZoomMode);
   visit("ExplorerMode", data.ExplorerMode);
   visit("ExplorerScaleX", data.ExplorerScaleX);

@@ -95,6 +95,8 @@ std::string ListingOfAllWindows() {
   };
   add("forms\n", "Form1");
   add("click Form1.Command8\n", "Form5");
+  add("click Form1.cmdNew\n", "Form35");
+  session.Play("close Form35\n");
   const std::string path = session.File("quartz.xy", "Quartz\r\n1.5406\r\n10 5\r\n10.5 7\r\n11 6\r\n");
   session.Data().FileName = path;
   add("file " + Json(path).dump() + "\nclick Form1.cmdInp\n", "Form4");

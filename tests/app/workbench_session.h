@@ -27,6 +27,7 @@ class WorkbenchSession {
         std::filesystem::temp_directory_path() / ("koprax-session-" + std::to_string(::getpid()) + "-" +
                                                   std::to_string(reinterpret_cast<std::uintptr_t>(this)));
     std::filesystem::create_directories(folder_);
+    platform_.Settings["MyApp/General/DontShow"] = "1";
   }
   WorkbenchSession(const WorkbenchSession&) = delete;
   WorkbenchSession& operator=(const WorkbenchSession&) = delete;

@@ -9,10 +9,33 @@
 #include <vector>
 
 #include "forms/form.h"
+#include "forms/machine.h"
 #include "forms/platform.h"
 #include "forms/printer.h"
 
 namespace koprax {
+
+/// A machine that tells what a test wants it to.
+class MemoryMachine final : public Machine {
+ public:
+  std::string ComputerName() override { return Name; }
+  SystemVersion System() override { return Version; }
+  ScreenMode ScreenOf(const Form& /*form*/) override { return Screen; }
+  std::string NumberText(double /*number*/) override { return Number; }
+  std::vector<ScreenMode> ScreenModes() override { return Modes; }
+  int ChangeScreen(const ScreenMode& mode) override {
+    Changed.push_back(mode);
+    return ChangeResult;
+  }
+
+  std::string Name = "lab";
+  SystemVersion Version{.Name = "Linux", .Major = 6, .Minor = 1};
+  ScreenMode Screen{.BitsPerPixel = 24, .Width = 1280, .Height = 1024};
+  std::string Number = "0.8";  ///< how it writes 4 / 5
+  std::vector<ScreenMode> Modes;
+  std::vector<ScreenMode> Changed;
+  int ChangeResult = 0;
+};
 
 class MemoryPlatform final : public Platform {
  public:
@@ -21,10 +44,12 @@ class MemoryPlatform final : public Platform {
     const auto found = Settings.find(Path(application, section, key));
     return found == Settings.end() ? std::string(absent) : found->second;
   }
-  void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
-                   std::string_view value) override {
-    Settings[Path(application, section, key)] = value;
+  std::optional<std::string> SaveSetting(std::string_view application, std::string_view section,
+                                         std::string_view key, std::string_view value) override {
+    if (!SettingFailure) Settings[Path(application, section, key)] = value;
+    return SettingFailure;
   }
+  Machine& TheMachine() override { return Host; }
   std::optional<std::string> PrintToFile(const Printer& printer, const std::string& path) override {
     Printed[path] = printer.Operations();
     return PrintFailure;
@@ -47,6 +72,8 @@ class MemoryPlatform final : public Platform {
   }
 
   std::map<std::string, std::string> Settings;  ///< by "application/section/key"
+  std::optional<std::string> SettingFailure;
+  MemoryMachine Host;
   std::map<std::string, std::vector<DrawingOperation>> Printed;
   std::map<std::string, std::vector<DrawingOperation>> Pictures;
   std::optional<std::string> PictureFailure;

@@ -1,0 +1,51 @@
+#include "forms_qt/regional_settings.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QString>
+#include <QStringList>
+#include <algorithm>
+#include <vector>
+
+namespace koprax {
+
+namespace {
+
+struct SettingsProgram {
+  QString Desktop;  ///< in the name that the desktop gives itself
+  QString Program;
+  QStringList Arguments;
+};
+
+std::vector<SettingsProgram> SettingsPrograms() {
+  const auto text = [](const char* words) { return QString::fromLatin1(words); };
+  return {
+      {text("GNOME"), text("gnome-control-center"), {text("region")}},
+      {text("KDE"), text("systemsettings"), {text("kcm_regionandlang")}},
+      {text("KDE"), text("systemsettings5"), {text("kcm_formats")}},
+      {text("LXQt"), text("lxqt-config-locale"), {}},
+      {text("Cinnamon"), text("mintlocale"), {}},
+      {text("WINDOWS"), text("control.exe"), {text("intl.cpl")}},
+  };
+}
+
+}  // namespace
+
+std::optional<std::string> OpenRegionalSettings() {
+  std::vector<SettingsProgram> programs = SettingsPrograms();
+  const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+  // Those of the desktop that runs come first; any other that is installed does as well.
+  std::ranges::stable_partition(programs, [&](const SettingsProgram& one) {
+    return desktop.contains(one.Desktop, Qt::CaseInsensitive);
+  });
+  for (const SettingsProgram& one : programs) {
+    const QString found = QStandardPaths::findExecutable(one.Program);
+    if (!found.isEmpty() && QProcess::startDetached(found, one.Arguments)) {
+      return std::nullopt;
+    }
+  }
+  return "This desktop has no program for them that KOPRAX knows. Choose a language or region that writes "
+         "numbers with a period, or set the environment variable LC_NUMERIC to C.UTF-8.";
+}
+
+}  // namespace koprax
