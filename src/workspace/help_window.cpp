@@ -12,7 +12,7 @@ Form5::Form5(const WindowContext& context)
 
 void Form5::ShowTopic(HelpTopic topic) {
   Show();
-  Text1.Text = data_.HelpTexts.at(static_cast<std::size_t>(topic));
+  Text1.Text = data_.HelpTopic.at(static_cast<std::size_t>(topic));
 }
 
 }  // namespace koprax

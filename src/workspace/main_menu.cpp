@@ -47,7 +47,7 @@ void Form1::OnLoad() {
   if (WantsSystemWindowAtStart(Desk().Host())) {
     ShowSystemWindow(context_);
   }
-  context_.Data.HelpTexts = AllHelpTexts();
+  context_.Data.HelpTopic = AllHelpTexts();
 }
 
 void Form1::OnFronted() {

@@ -45,7 +45,7 @@ class Form35 final : public Form {
                  .Locked = true,
                  .MultiLine = true,
                  .Columns = 64,
-                 .Rows = 4}};
+                 .Rows = 5}};
   Button Command1{*this, "Command1", {.Caption = "Change intern. settings", .Visible = false}};
   CheckBox Check1{*this, "Check1", {.Caption = "Do not show this form next time"}};
   Label Label1{*this, "Label1", {.Caption = "(it will be possible to show it by clicking "}};

@@ -223,7 +223,7 @@ struct Workspace {
   bool ModeCalib = false;
   bool ModeCell = false;
 
-  HelpTextTable HelpTexts{};  ///< of the on-line help, set once when the main menu is loaded
+  HelpTextTable HelpTopic{};  ///< the texts of the on-line help, set once when the main menu is loaded
 
   bool ZoomMode = false;      ///< a zoom selection is under way
   bool ExplorerMode = false;  ///< Manual Explorer follows the mouse

@@ -97,7 +97,7 @@ void VisitWorkspaceFields(Data& data, Visitor&& visit) {
   visit("ModeOut", data.ModeOut);
   visit("ModeCalib", data.ModeCalib);
   visit("ModeCell", data.ModeCell);
-  visit("HelpTopic", data.HelpTexts);
+  visit("HelpTopic", data.HelpTopic);
   visit("ZoomMode", data.ZoomMode);
   visit("ExplorerMode", data.ExplorerMode);
   visit("ExplorerScaleX", data.ExplorerScaleX);

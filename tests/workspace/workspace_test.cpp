@@ -104,7 +104,7 @@ TEST(Workspace, EachFieldIsVisitedOnceInTheOrderOfTheRecord) {
   VisitBufferFields(data.Buffer(1), next);
   EXPECT_EQ(count, 45);
   VisitWorkspaceFields(data, next);
-  EXPECT_EQ(count, 45 + 87);
+  EXPECT_EQ(count, 45 + 88);
 }
 
 TEST(Bragg, SpacingsOfSiliconAtItsCertifiedPositions) {
