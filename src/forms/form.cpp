@@ -1,5 +1,7 @@
 #include "forms/form.h"
 
+#include <algorithm>
+
 #include "forms/desktop.h"
 
 namespace koprax {
@@ -14,6 +16,28 @@ void AssignContainers(const LayoutNode& node, Control* container) {
   }
   for (const LayoutNode& child : node.Children) {
     AssignContainers(child, inner);
+  }
+}
+
+/// The parts of the layout that hold the control, from the smallest to the whole.
+bool CollectPartsAround(const LayoutNode& node, const Control* control,
+                        std::vector<const LayoutNode*>& parts) {
+  const auto in_child = [&](const LayoutNode& child) { return CollectPartsAround(child, control, parts); };
+  const bool holds = node.Item == control || std::ranges::any_of(node.Children, in_child);
+  if (holds) {
+    parts.push_back(&node);
+  }
+  return holds;
+}
+
+/// The controls of a part of the layout, but for those in frames within it.
+void CollectControls(const LayoutNode& part, std::vector<const Control*>& controls) {
+  for (const LayoutNode& child : part.Children) {
+    if (child.Item != nullptr) {
+      controls.push_back(child.Item);
+    } else {
+      CollectControls(child, controls);
+    }
   }
 }
 
@@ -70,18 +94,23 @@ bool Form::ClickIfUsable(const KeyTarget& target) {
 }
 
 bool Form::PressEnter(const Control* box) {
-  const Control* frame = box == nullptr ? nullptr : box->Container();
-  while (true) {
-    for (const KeyTarget& key : enter_targets_) {
-      if (key.Target->Container() == frame) {
-        return ClickIfUsable(key);
-      }
-    }
-    if (frame == nullptr) {
-      return false;
-    }
-    frame = frame->Container();
+  std::vector<const LayoutNode*> parts{&layout_};
+  if (box != nullptr) {
+    parts.clear();
+    CollectPartsAround(layout_, box, parts);
   }
+  for (const LayoutNode* part : parts) {
+    std::vector<const Control*> controls;
+    CollectControls(*part, controls);
+    const auto of_part = [&](const KeyTarget& key) {
+      return std::ranges::find(controls, key.Target) != controls.end();
+    };
+    if (const auto key = std::ranges::find_if(enter_targets_, of_part); key != enter_targets_.end()) {
+      const bool alone = std::ranges::count_if(enter_targets_, of_part) == 1;
+      return alone && ClickIfUsable(*key);
+    }
+  }
+  return false;
 }
 
 bool Form::PressEscape() {

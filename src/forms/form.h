@@ -82,8 +82,8 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
 
   void SetLayout(LayoutNode layout, bool resizable = false);
 
-  /// Enter in a box clicks this button, if the box stands in the same frame as the button, or in no frame of
-  /// which another button takes the key.
+  /// Enter in a box clicks this button, if it's the only such one in the smallest part of the layout (row,
+  /// frame, whole) that holds the box and one. The buttons in a frame serve that frame alone.
   void EnterClicks(Button& button);
   /// Esc clicks the first of these that can be clicked.
   void EscapeClicks(Button& button);
