@@ -38,17 +38,16 @@ std::string ShownText(const PeakFit& fit, std::size_t parameter) {
 
 float NumberIn(const TextBox& box) { return LeadingFloat(box.Text.Get()); }
 
-/// The place of a box in words.
+/// What stands in the box of a parameter, in words.
 std::string NameOf(std::size_t parameter) {
-  constexpr std::array columns{"Position", "Intensity", "FWHM left", "FWHM right", "eta left", "eta right"};
+  constexpr std::array columns{"Position", "Intensity", "FWHM left", "FWHM right", "Eta left", "Eta right"};
   if (parameter == ScaleFactor) {
-    return "The scale factor of the measured background";
+    return "Scale factor of the measured background";
   }
   if (parameter >= ConstantTerm) {
-    return std::string("The coefficient ") + "ABCD"[parameter - ConstantTerm] +
-           " of the calculated background";
+    return std::string("Coefficient ") + "ABCD"[parameter - ConstantTerm] + " of the calculated background";
   }
-  return std::string("\"") + columns[(parameter - 1) % ParametersPerPeak] + "\" of peak " +
+  return std::string(columns[(parameter - 1) % ParametersPerPeak]) + " of peak " +
          std::to_string(PeakOf(parameter));
 }
 
@@ -63,6 +62,8 @@ Form20::Form20(const WindowContext& context, ParameterActions actions)
   ArrangeControls();
   Command1.OnClick = [this] { PrintParameters(context_); };
   Command2.OnClick = [this] { Accept(); };
+  EnterClicks(Command2);
+  EscapeCloses();
 }
 
 void Form20::MakeBoxes() {
@@ -75,11 +76,17 @@ void Form20::MakeBoxes() {
     Label40.emplace_back(*this, "Label40", CaptionSetup{}, i);
     Label41.emplace_back(*this, "Label41", CaptionSetup{}, i);
     Number.emplace_back(*this, "Number", CaptionSetup{.Caption = std::to_string(peak)}, i);
+    Number.back().Meaning = "Delete peak " + std::to_string(peak);
     Number.back().OnClick = [this, peak] { DeletePeak(peak); };
   }
   for (int i = 0; i < static_cast<int>(PolynomialTerms); ++i) {
     Text2.emplace_back(*this, "Text2", ValueBox(), i);
     Check2.emplace_back(*this, "Check2", CaptionSetup{}, i);
+  }
+  for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
+    const Entry entry = EntryOf(parameter);
+    entry.Value->Meaning = NameOf(parameter);
+    entry.Refined->Meaning = "Refine: " + NameOf(parameter);
   }
 }
 
@@ -217,7 +224,7 @@ bool Form20::AllWithin32Bits() {
     const TextBox& box = *EntryOf(parameter).Value;
     if (!std::isfinite(NumberIn(box))) {
       Desk().Host().MsgBox(ErrorMessage(NameOf(parameter) +
-                                        " is to be a number of at most 3.4E+38 in size.\r\n" + "It was \"" +
+                                        " has to be a number of at most 3.4E+38 in size.\r\n" + "It was \"" +
                                         box.Text.Get() + "\". Nothing is changed."));
       return false;
     }

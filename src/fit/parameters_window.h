@@ -99,9 +99,9 @@ class Form20 final : public Form {
   CheckBox Check3{*this, "Check3", {}};
 
   Label Label24{*this, "Label24", {.Caption = "Nr. of selected peaks = "}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 4}};
+  TextBox Text4{*this, "Text4", {.Meaning = "Number of selected peaks", .Locked = true, .Columns = 4}};
   Label Label25{*this, "Label25", {.Caption = "Nr. of refinable parameteters"}};
-  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 4}};
+  TextBox Text5{*this, "Text5", {.Meaning = "Number of refinable parameters", .Locked = true, .Columns = 4}};
   Button Command1{*this, "Command1", {.Caption = "Print parameters"}};
   Button Command2{*this, "Command2", {.Caption = "OK"}};
 };

@@ -16,6 +16,7 @@ namespace koprax {
 Form19::Form19(const WindowContext& context) : BufferWindow(context, "Form19", "Peak fit") {
   ArrangeControls();
   ConnectHandlers();
+  EscapeClicks(optNO);
 }
 
 LayoutNode Form19::PictureLayout() {
@@ -111,6 +112,7 @@ void Form19::ForgetFit() {
     hidden->Visible = false;
   }
   Picture1.MousePointer = Pointer::Arrow;
+  ShowMouseTip();
   ShowPeakCount();
   cmdShowParam.Enabled = false;
 }
@@ -130,6 +132,7 @@ bool Form19::ShowProfile(int slot) {
   state_.PictureXMin = data.PlotXMin;
   state_.NegativeY = Buffer().NegativeY;
   Boxes.Show(TextsOf(data, slot));
+  ShowMouseTip();
   return true;
 }
 
@@ -170,6 +173,7 @@ void Form19::DrawFrame(const XRange& range) {
   state_.Shown.Keep(data, DrawAxes(data, limits, Picture1));
   state_.PictureXMin = range.Low;
   state_.NegativeY = Buffer().NegativeY;
+  ShowMouseTip();
   if (!HoldsItsPoints()) {  // it is that of another profile by now
     Buffer().NegativeY = negative_before;
   }

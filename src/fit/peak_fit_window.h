@@ -47,6 +47,9 @@ class Form19 final : public BufferWindow {
   void ForgetFit();
 
   // The mouse over the picture.
+  /// What the mouse does in the picture now, in words.
+  [[nodiscard]] std::string MouseTip() const;
+  void ShowMouseTip() { Picture1.ToolTip = MouseTip(); }
   void MousePressed(MouseButton button, float x, float y);
   void MouseMoved(float x, float y);
   void ShowReadOut(float x, float y);
@@ -153,22 +156,32 @@ class Form19 final : public BufferWindow {
                       "Picture2",
                       {.Scale = {.Left = 0, .Top = 0, .Width = ProgressWidth, .Height = 10},
                        .DesignWidth = 40,
-                       .DesignHeight = 3.5}};
+                       .DesignHeight = 3.5,
+                       .Meaning = "Progress of the refinement"}};
   LineShape Line5{Picture2, "Line5", colours::Blue, 1, 5, 2, 5, 5};
 
   ProfileBoxes Boxes{*this};
-  TextBox Text8{*this, "Text8", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 12}};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
+  TextBox Text8{*this,
+                "Text8",
+                {.Meaning = "Wavelength of the profile in angstrom",
+                 .Font = std::string(SymbolFont),
+                 .Locked = true,
+                 .Columns = 12}};
+  TextBox Text3{*this, "Text3", {.Meaning = "X under the mouse", .Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 20}};
   Label Label1{*this, "Label1", {.Caption = "X"}};
   Label Label2{*this, "Label2", {.Caption = "2-theta  (deg)"}};
   Label Label3{*this, "Label3", {.Caption = "d  (angstrom)"}};
-  TextBox Text10{*this, "Text10", {.Locked = true, .Columns = 10}};
-  TextBox Text14{*this, "Text14", {.Locked = true, .Columns = 12}};
-  TextBox Text15{*this, "Text15", {.Locked = true, .Columns = 12}};
-  TextBox Text16{*this, "Text16", {.Locked = true, .Columns = 22}};
-  TextBox Text17{*this, "Text17", {.Locked = true, .Columns = 22}};
-  TextBox Text18{*this, "Text18", {.Locked = true, .Columns = 18}};
+  TextBox Text10{
+      *this, "Text10", {.Meaning = "Angle or channel under the mouse", .Locked = true, .Columns = 10}};
+  TextBox Text14{
+      *this, "Text14", {.Meaning = "2-theta under the mouse, degrees", .Locked = true, .Columns = 12}};
+  TextBox Text15{*this,
+                 "Text15",
+                 {.Meaning = "Lattice spacing d under the mouse, angstrom", .Locked = true, .Columns = 12}};
+  TextBox Text16{*this, "Text16", {.Meaning = "Lower limit of the range", .Locked = true, .Columns = 22}};
+  TextBox Text17{*this, "Text17", {.Meaning = "Upper limit of the range", .Locked = true, .Columns = 22}};
+  TextBox Text18{*this, "Text18", {.Meaning = "Number of selected peaks", .Locked = true, .Columns = 18}};
   OptionButton optOK{*this, "optOK", {.Caption = "OK"}};
   OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
 

@@ -29,6 +29,7 @@ void Form19::RestartBackgroundLine() {
   OfferAnswers(false);
   state_.LineComplete = false;
   state_.ClickCount = 1;
+  ShowMouseTip();
 }
 
 void Form19::ClickForBackground(float x, float y) {
@@ -83,6 +84,7 @@ void Form19::EndBackgroundLine() {
     Line3.Visible = false;
     RestoreBackground();
   }
+  ShowMouseTip();
 }
 
 void Form19::KeepBackground() {

@@ -18,6 +18,29 @@ void PutAcross(LineShape& line, float x) {
 
 }  // namespace
 
+std::string Form19::MouseTip() const {
+  if (!state_.Shown.Readable()) {
+    return "";
+  }
+  if (state_.SelPeaksMode) {
+    return "Click with the left button on each peak to fit. The right button ends the selection.";
+  }
+  const bool line = state_.DrawBkgMode;
+  switch (state_.ClickCount) {
+    case 0:
+      return "Move the mouse over the plot to read the position, y and d under it.";
+    case 1:
+      return line ? "Click with the left button where the background line begins."
+                  : "Click with the left button at one end of the range to fit.";
+    case 2:
+      return line ? "Click with the left button where the background line ends."
+                  : "Click with the left button at the other end of the range.";
+    default:
+      return line ? "\"OK\" takes the line as the background, \"Cancel\" lets you draw it again."
+                  : "\"OK\" takes the range between the two lines, \"Cancel\" lets you select it again.";
+  }
+}
+
 void Form19::MousePressed(MouseButton button, float x, float y) {
   if (state_.SelPeaksMode) {
     button == MouseButton::Left ? SelectPeak(x) : EndPeakSelection();
@@ -32,6 +55,7 @@ void Form19::MousePressed(MouseButton button, float x, float y) {
   }
   ++state_.ClickCount;
   state_.DrawBkgMode ? ClickForBackground(x, y) : ClickForRange(x);
+  ShowMouseTip();
 }
 
 void Form19::MouseMoved(float x, float y) {
@@ -115,6 +139,7 @@ void Form19::SelectRange() {
   }
   Line1.Visible = true;
   Picture1.MousePointer = Pointer::EastWest;
+  ShowMouseTip();
 }
 
 void Form19::ClickForRange(float x) {
@@ -147,6 +172,7 @@ void Form19::EndRangeSelection() {
   state_.ClickCount = 0;
   OfferAnswers(false);
   Picture1.MousePointer = Pointer::Arrow;
+  ShowMouseTip();
 }
 
 void Form19::DrawRange() {

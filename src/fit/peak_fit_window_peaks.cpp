@@ -16,6 +16,7 @@ void Form19::StartPeakSelection() {
   state_.SelPeaksMode = true;
   Picture1.MousePointer = Pointer::Cross;
   OfferAnswers(false);
+  ShowMouseTip();
 }
 
 void Form19::EndPeakSelection() {
@@ -23,6 +24,7 @@ void Form19::EndPeakSelection() {
   Line4.Visible = false;
   Line4.Move(0, 0, 1, 1);
   Picture1.MousePointer = Pointer::Arrow;
+  ShowMouseTip();
 }
 
 void Form19::SelectPeak(float x) {

@@ -53,6 +53,19 @@ void Form23::ConnectHandlers() {
   });
   cmdSave.OnClick = OnItsProfile([this] { SavePeakListAsHeld(context_); });
   cmdBack.OnClick = [this] { Unload(); };
+  SetKeys();
+}
+
+void Form23::SetKeys() {
+  cmdSubs.Meaning = "OK, substitute the peak";
+  cmdInsert.Meaning = "OK, add the peak";
+  cmdDelete.Meaning = "OK, delete the peak";
+  cmdOrder.Meaning = "OK, order the permanent list";
+  cmdSave.Meaning = "OK, save the permanent list on disk";
+  for (Button* of_a_box : {&cmdSubs, &cmdInsert, &cmdDelete}) {
+    EnterClicks(*of_a_box);
+  }
+  EscapeCloses();
 }
 
 void Form23::OnLoad() {

@@ -16,6 +16,7 @@ Form22::Form22(const WindowContext& context, RefinementActions actions)
                     Row({Space(), Command1, Command2})}));
   Command1.OnClick = [this] { Continue(); };
   Command2.OnClick = [this] { actions_.Stop(); };
+  EscapeCloses();
 }
 
 void Form22::ShowResults(const std::string& start, const std::array<std::string, 6>& cycles) {

@@ -19,6 +19,7 @@ namespace koprax {
 Form12::Form12(const WindowContext& context) : BufferWindow(context, "Form12", "Profile manipulatuion") {
   ArrangeControls();
   ConnectHandlers();
+  EscapeClicks(optNO);
 }
 
 LayoutNode Form12::PictureLayout() {
@@ -111,6 +112,7 @@ bool Form12::ShowProfile(int slot) {
   state_.PictureXMin = state_.Whole.XMin;
   state_.NegativeY = Buffer().NegativeY;
   Boxes.Show(TextsOf(context_.Data, slot));
+  ShowMouseTip();
   return true;
 }
 
@@ -260,6 +262,7 @@ bool Form12::DrawFrame(const PlotLimits& limits) {
   state_.PictureXMin = limits.XMin;
   state_.NegativeY = Buffer().NegativeY;
   state_.ShowsCoefficients = false;
+  ShowMouseTip();
   if (!drawn) {
     Tell(NoYSpan());
   }

@@ -28,7 +28,8 @@ namespace koprax {
 [[nodiscard]] inline PictureSetup ProgressPicture() {
   return {.Scale = {.Left = 0, .Top = 0, .Width = 2475, .Height = 200, .UnitsPerPoint = 20},
           .DesignWidth = 2475 / TwipsPerMillimetre,
-          .DesignHeight = 200 / TwipsPerMillimetre};
+          .DesignHeight = 200 / TwipsPerMillimetre,
+          .Meaning = "Progress of the transform"};
 }
 
 class Form12 final : public BufferWindow {
@@ -63,6 +64,9 @@ class Form12 final : public BufferWindow {
   void ClosePicker();
 
   // The mouse over the picture, and the zoom of the background view.
+  /// What the mouse does in the picture now, in words.
+  [[nodiscard]] std::string MouseTip() const;
+  void ShowMouseTip() { Picture1.ToolTip = MouseTip(); }
   void MousePressed(float x, float y);
   void MouseMoved(float x, float y);
   void MouseReleased(float x);
@@ -172,8 +176,8 @@ class Form12 final : public BufferWindow {
   LineShape Line1{Picture2, "Line1", colours::Blue, 0, 100, 2, 100, 5};
 
   ProfileBoxes Boxes{*this};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
+  TextBox Text3{*this, "Text3", {.Meaning = "X under the mouse", .Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 20}};
   OptionButton optOK{*this, "optOK", {.Caption = "OK"}};
   OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
 

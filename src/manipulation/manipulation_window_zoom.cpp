@@ -22,6 +22,23 @@ bool SpansBoth(const PlotLimits& limits) {
 
 // The mouse over the picture.
 
+std::string Form12::MouseTip() const {
+  if (!state_.Shown.Readable()) {
+    return "";
+  }
+  if (!state_.ZoomSelect) {
+    return "Move the mouse over the plot to read x and y under it.";
+  }
+  if (optOK.Visible) {
+    return "\"OK\" enlarges the marked portion, \"Cancel\" gives it up. To mark another one, drag again.";
+  }
+  if (state_.Zoomed) {
+    return "Drag the mouse to enlarge further; \"Un-zoom\" shows the whole profile again.";
+  }
+  return "Drag the mouse from the upper left corner of the portion to its right end. It reaches down to the "
+         "axis.";
+}
+
 void Form12::MousePressed(float x, float y) {
   optOK.Visible = optNO.Visible = false;
   if (state_.ZoomSelect) {
@@ -30,6 +47,7 @@ void Form12::MousePressed(float x, float y) {
     Shape1.Visible = true;
     PlaceRubberBand(context_.Data.Plot, Shape1, x, y);
   }
+  ShowMouseTip();
 }
 
 void Form12::MouseMoved(float x, float y) {
@@ -60,6 +78,7 @@ void Form12::MouseReleased(float x) {
     return;
   }
   optOK.Visible = optNO.Visible = true;
+  ShowMouseTip();
   Picture1.MousePointer = Pointer::Arrow;
   const PlotTransform& plot = context_.Data.Plot;
   const XRange range = SelectedX(plot, Shape1, x, state_.PictureXMin, state_.Whole.XMax);
@@ -95,6 +114,7 @@ void Form12::StartZoom() {
   state_.ZoomLow = state_.PictureXMin;
   state_.ZoomSelect = true;
   cmdZoom.Caption = "Un-zoom";
+  ShowMouseTip();
 }
 
 PlotLimits Form12::SelectedLimits() const {
@@ -155,6 +175,7 @@ void Form12::HideSelection() {
   optOK.Visible = optNO.Visible = Shape1.Visible = false;
   optOK.Value = false;
   optNO.Value = false;
+  ShowMouseTip();
 }
 
 void Form12::EnableBackgroundCommands(bool enabled) {

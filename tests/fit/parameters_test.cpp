@@ -145,7 +145,7 @@ TEST_F(Parameters, OfAMeasuredBackgroundAreItsFactorAlone) {
 
 TEST_F(Parameters, BeyondTheRangeOfTheirFieldsAreRefusedBeforeAnythingIsTaken) {
   for (const auto& [box, name] : std::vector<std::pair<std::string, std::string>>{
-           {"Text1(15)", "\"FWHM right\" of peak 3"}, {"Text2(1)", "coefficient B"}}) {
+           {"Text1(15)", "FWHM right of peak 3"}, {"Text2(1)", "Coefficient B"}}) {
     Open(3, true);
     const PeakFit before = Fit();
     Play("set Form20.Text1(0) \"1\"\nset Form20." + box + " \"-1E39\"\n");
