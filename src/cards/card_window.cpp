@@ -6,6 +6,7 @@
 #include "cards/card_plot.h"
 #include "cards/card_printing.h"
 #include "cards/card_table.h"
+#include "display/mouse_tips.h"
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 #include "forms/fixed_text.h"
@@ -70,6 +71,7 @@ void Form34::DrawPattern(const ProfileBuffer& card) {
   Text2.Text = "xmax = " + RoundedText(range.High, 3);
   if (plot_.DrawFrame(range, Picture1)) {
     plot_.DrawSticks(CardSticks(card), Picture1);
+    Picture1.ToolTip = mouse_tips::ReadOutWithD;
   } else {
     Desk().Host().MsgBox(NoYSpan());
   }

@@ -44,6 +44,7 @@ void Form8::ConnectHandlers() {
   Command1.OnClick = [this] { Act([this] { CombineBoth(TwoProfileOperation::Sum); }); };
   Command2.OnClick = [this] { Act([this] { CombineBoth(TwoProfileOperation::Difference); }); };
   Command5.OnClick = [this] { Cancel(); };
+  EscapeClicks(Command5);
 }
 
 void Form8::OnLoad() {

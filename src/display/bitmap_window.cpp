@@ -24,7 +24,8 @@ constexpr double TwipsPerPoint = 20;
 PictureSetup BitmapPicture() {
   return {.Scale = {.Left = 0, .Top = 0, .Width = 6975, .Height = 5535, .UnitsPerPoint = TwipsPerPoint},
           .DesignWidth = 6975 / TwipsPerMillimetre,
-          .DesignHeight = 5535 / TwipsPerMillimetre};
+          .DesignHeight = 5535 / TwipsPerMillimetre,
+          .Meaning = "Picture in the bitmap file"};
 }
 
 void TellError(const WindowContext& context, const std::string& text) {
@@ -77,6 +78,7 @@ Form36::Form36(const WindowContext& context, std::shared_ptr<const PixelImage> i
   SetLayout(Column({Picture1, Row({Command1, Space(), Command2})}));
   Command1.OnClick = [this] { AskForScaleAndPrint(); };
   Command2.OnClick = [this] { Unload(); };
+  EscapeCloses();
 }
 
 void Form36::OnLoad() {

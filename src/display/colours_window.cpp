@@ -12,10 +12,12 @@ Form31::Form31(const WindowContext& context) : Form(context.Desk, "Form31", "Col
     accepted_ = true;
     Unload();
   };
+  EnterClicks(Command1);
+  EscapeCloses();
 }
 
-ComboSetup Form31::Colours(const char* preset) {
-  ComboSetup setup{.Text = preset};
+ComboSetup Form31::Colours(const char* meaning, const char* preset) {
+  ComboSetup setup{.Meaning = meaning, .Text = preset};
   for (const NamedColour& colour : NamedColours) {
     setup.Items.emplace_back(colour.Name);
   }

@@ -16,14 +16,14 @@ class Form31 final : public Form {
   [[nodiscard]] bool Accepted() const { return accepted_; }
 
  private:
-  [[nodiscard]] static ComboSetup Colours(const char* preset);
+  [[nodiscard]] static ComboSetup Colours(const char* meaning, const char* preset);
 
   bool accepted_ = false;
 
   Label Label1{*this, "Label1", {.Caption = "Profile color"}};
   Label Label2{*this, "Label2", {.Caption = "Background color"}};
-  ComboBox Combo1{*this, "Combo1", Colours("Black")};
-  ComboBox Combo2{*this, "Combo2", Colours("Red")};
+  ComboBox Combo1{*this, "Combo1", Colours("Colour of the profile", "Black")};
+  ComboBox Combo2{*this, "Combo2", Colours("Colour of the background", "Red")};
   Button Command1{*this, "Command1", {.Caption = "OK"}};
 };
 

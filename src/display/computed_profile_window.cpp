@@ -6,6 +6,7 @@
 
 #include "display/computed_profile_plot.h"
 #include "display/computed_profile_saving.h"
+#include "display/mouse_tips.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
 #include "workspace/bragg.h"
@@ -42,6 +43,7 @@ void Form30::DrawResult() {
   const bool drawn = DrawComputedProfile(context_.Data, opening_.Operation, Picture1,
                                          [this](const Message& message) { Desk().Host().MsgBox(message); });
   shown_.Keep(context_.Data, drawn);
+  Picture1.ToolTip = shown_.Readable() ? mouse_tips::ReadOutWithD : mouse_tips::NoPlot;
   DrawComputedLegend(opening_.Operation, Picture2);
 }
 

@@ -40,11 +40,12 @@ class Form30 final : public Form {
   ComputedProfileOpening opening_;
   DrawnPlot shown_;
 
-  PictureBox Picture1{*this, "Picture1", TallPlotPicture()};
+  PictureBox Picture1{*this, "Picture1", TallPlotPicture("Plot of the computed profile")};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};
-  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 18}};
-  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 18}};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 18}};
+  TextBox Text1{*this, "Text1", {.Meaning = "2-theta under the mouse", .Locked = true, .Columns = 18}};
+  TextBox Text2{
+      *this, "Text2", {.Meaning = "Lattice spacing d under the mouse", .Locked = true, .Columns = 18}};
+  TextBox Text3{*this, "Text3", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 18}};
   Button cmdSave{*this, "cmdSave", {.Caption = "Save"}};
   Button cmdCancel{*this, "cmdCancel", {.Caption = "Return"}};
 };

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <utility>
 
 #include "display/arithmetic_window.h"
 #include "display/bitmap_window.h"
@@ -41,6 +42,8 @@ bool HoldsCurve(const ProfileBuffer& buffer) {
 Form6::Form6(const WindowContext& context) : BufferWindow(context, "Form6", "Display and Work") {
   ArrangeControls();
   ConnectHandlers();
+  EnterClicks(cmdComboOK);
+  EscapeClicks(optNO);
 }
 
 LayoutNode Form6::CommandsLayout() {
@@ -76,7 +79,8 @@ void Form6::ArrangeControls() {
                 })),
                 Column({
                     CommandsLayout(),
-                    Stack({Framed(Frame2, Grid(3, {Text11, Text12, Text13, Text10, Text14, Text15})),
+                    Stack({Framed(Frame2, Column({Grid(3, {Text11, Text12, Text13, Text10, Text14, Text15}),
+                                                  Space()})),
                            Framed(Frame3, Column({Label1, Combo1, Row({Space(), cmdComboOK})}))}),
                     Stretched(Stack({EditLayout(), ExplorerLayout()})),
                 }),
@@ -85,30 +89,38 @@ void Form6::ArrangeControls() {
 }
 
 void Form6::ConnectHandlers() {
-  cmdZoom.OnClick = OnItsBuffer([this] { StartSelection(DisplayMode::ZoomSelection); });
-  cmdUnzoom.OnClick = OnItsBuffer([this] { UndoZoom(); });
-  cmdEdit.OnClick = OnItsBuffer([this] { StartSelection(DisplayMode::EditSelection); });
-  cmdSave.OnClick = OnItsBuffer([this] { SaveProfile(); });
+  cmdZoom.OnClick = AsCommand([this] { StartSelection(DisplayMode::ZoomSelection); });
+  cmdUnzoom.OnClick = AsCommand([this] { UndoZoom(); });
+  cmdEdit.OnClick = AsCommand([this] { StartSelection(DisplayMode::EditSelection); });
+  cmdSave.OnClick = AsCommand([this] { SaveProfile(); });
   cmdMain.OnClick = [this] { ReturnToMainMenu(); };
-  cmdMod.OnClick = OnItsBuffer([this] { StartArithmetic(); });
-  cmdPrint.OnClick = OnItsBuffer([this] { Print(); });
+  cmdMod.OnClick = AsCommand([this] { StartArithmetic(); });
+  cmdPrint.OnClick = AsCommand([this] { Print(); });
   Command17.OnClick = [this] { SaveBitmap(); };
-  cmdManExpl.OnClick = OnItsBuffer([this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); });
-  cmdErsLaIt.OnClick = OnItsBuffer([this] { EraseLastPeak(); });
-  cmdClearPeaks.OnClick = OnItsBuffer([this] { ClearPeakList(); });
-  cmdSavePeaks.OnClick = OnItsBuffer([this] { SavePeakListSorted(context_); });
-  cmdExiManExp.OnClick = OnItsBuffer([this] { QuitExplorer(); });
-  cmdEditOK.OnClick = OnItsBuffer([this] { ShowChanges(); });
-  cmdEditNO.OnClick = OnItsBuffer([this] { RejectChanges(); });
-  cmdAccept.OnClick = OnItsBuffer([this] { AcceptChanges(); });
-  Command15.OnClick = OnItsBuffer([this] { ChangeAll(); });
-  cmdQuitEdit.OnClick = OnItsBuffer([this] { QuitEdit(); });
-  cmdComboOK.OnClick = OnItsBuffer([this] { AcceptWavelength(); });
-  optOK.OnClick = OnItsBuffer([this] { AcceptSelection(); });
-  optNO.OnClick = OnItsBuffer([this] { CancelSelection(); });
+  cmdManExpl.OnClick = AsCommand([this] { ExplorerPaused() ? ResumeExplorer() : StartExplorer(); });
+  cmdErsLaIt.OnClick = AsCommand([this] { EraseLastPeak(); });
+  cmdClearPeaks.OnClick = AsCommand([this] { ClearPeakList(); });
+  cmdSavePeaks.OnClick = AsCommand([this] { SavePeakListSorted(context_); });
+  cmdExiManExp.OnClick = AsCommand([this] { QuitExplorer(); });
+  cmdEditOK.OnClick = AsCommand([this] { ShowChanges(); });
+  cmdEditNO.OnClick = AsCommand([this] { RejectChanges(); });
+  cmdAccept.OnClick = AsCommand([this] { AcceptChanges(); });
+  Command15.OnClick = AsCommand([this] { ChangeAll(); });
+  cmdQuitEdit.OnClick = AsCommand([this] { QuitEdit(); });
+  cmdComboOK.OnClick = AsCommand([this] { AcceptWavelength(); });
+  optOK.OnClick = AsCommand([this] { AcceptSelection(); });
+  optNO.OnClick = AsCommand([this] { CancelSelection(); });
   Picture1.OnMouseDown = [this](MouseButton button, float x, float y) { MousePressed(button, x, y); };
   Picture1.OnMouseMove = [this](float x, float y) { MouseMoved(x, y); };
   Picture1.OnMouseUp = [this](MouseButton button, float x, float y) { MouseReleased(button, x, y); };
+}
+
+/// A command on the window's own buffer, after which the mouse may do something else.
+std::function<void()> Form6::AsCommand(std::function<void()> command) {
+  return OnItsBuffer([this, command = std::move(command)] {
+    command();
+    TellMouse();
+  });
 }
 
 void Form6::TakeUp() {
@@ -162,6 +174,7 @@ bool Form6::ShowProfile(int slot) {
   state_.Shown.Keep(context_.Data, drawn);
   const ProfileBuffer& buffer = context_.Data.Buffer(slot);
   state_.Kept.KeepTemporary(buffer);
+  TellMouse();
   if (!drawn) {
     return false;
   }

@@ -43,6 +43,7 @@ class Form6 final : public BufferWindow {
   [[nodiscard]] LayoutNode ExplorerLayout();
   [[nodiscard]] LayoutNode EditLayout();
   void ConnectHandlers();
+  [[nodiscard]] std::function<void()> AsCommand(std::function<void()> command);
 
   void EnterMode(DisplayMode mode);
   void RedrawProfile();
@@ -95,6 +96,8 @@ class Form6 final : public BufferWindow {
   void MouseMoved(float x, float y);
   void MouseReleased(MouseButton button, float x, float y);
   void ShowReadOut(float x, float y);
+  [[nodiscard]] const char* MouseTip() const;
+  void TellMouse() { Picture1.ToolTip = MouseTip(); }
 
   // Manual Explorer.
   [[nodiscard]] bool ExplorerPaused() const;
@@ -158,9 +161,14 @@ class Form6 final : public BufferWindow {
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
 
   ProfileBoxes Boxes{*this};
-  TextBox Text16{*this, "Text16", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 11}};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
+  TextBox Text16{*this,
+                 "Text16",
+                 {.Meaning = "Wavelength of the profile in angstrom",
+                  .Font = std::string(SymbolFont),
+                  .Locked = true,
+                  .Columns = 11}};
+  TextBox Text3{*this, "Text3", {.Meaning = "X under the mouse", .Locked = true, .Columns = 14}};
+  TextBox Text4{*this, "Text4", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 20}};
 
   Button cmdZoom{*this, "cmdZoom", {.Caption = "Zoom", .ToolTip = "Enlarge a selected part of the profile"}};
   Button cmdUnzoom{*this, "cmdUnzoom", {.Caption = "Undo-Zoom"}};
@@ -177,7 +185,13 @@ class Form6 final : public BufferWindow {
   OptionButton optNO{*this, "optNO", {.Caption = "Cancel"}};
 
   Frame Frame1{*this, "Frame1", {.Caption = "Edit Commands"}};
-  TextBox Text8{*this, "Text8", {.Font = "Courier", .MultiLine = true, .Columns = 22, .Rows = 8}};
+  TextBox Text8{*this,
+                "Text8",
+                {.Meaning = "Points to edit, X and intensity",
+                 .Font = "Courier",
+                 .MultiLine = true,
+                 .Columns = 22,
+                 .Rows = 8}};
   Button cmdEditOK{*this, "cmdEditOK", {.Caption = "Show changes", .ToolTip = "Show the modified profile"}};
   Button cmdEditNO{*this, "cmdEditNO", {.Caption = "Cancel", .ToolTip = "Reject changes"}};
   Button cmdAccept{*this, "cmdAccept", {.Caption = "Accept", .ToolTip = "Accept changes"}};
@@ -185,12 +199,18 @@ class Form6 final : public BufferWindow {
   Button cmdQuitEdit{*this, "cmdQuitEdit", {.Caption = "Quit Edit", .ToolTip = "Leave Edit mode"}};
 
   Frame Frame2{*this, "Frame2", {}};
-  TextBox Text11{*this, "Text11", {.Text = "X", .Locked = true, .Columns = 9}};
-  TextBox Text12{*this, "Text12", {.Text = "2-theta  (deg)", .Locked = true, .Columns = 12}};
-  TextBox Text13{*this, "Text13", {.Text = "d  (angstrom)", .Locked = true, .Columns = 12}};
-  TextBox Text10{*this, "Text10", {.Locked = true, .Columns = 9}};
-  TextBox Text14{*this, "Text14", {.Locked = true, .Columns = 12}};
-  TextBox Text15{*this, "Text15", {.Locked = true, .Columns = 12}};
+  TextBox Text11{*this, "Text11", {.Meaning = "Heading of X", .Text = "X", .Locked = true, .Columns = 9}};
+  TextBox Text12{*this,
+                 "Text12",
+                 {.Meaning = "Heading of 2-theta", .Text = "2-theta  (deg)", .Locked = true, .Columns = 12}};
+  TextBox Text13{
+      *this, "Text13", {.Meaning = "Heading of d", .Text = "d  (angstrom)", .Locked = true, .Columns = 12}};
+  TextBox Text10{*this, "Text10", {.Meaning = "X at the blue line", .Locked = true, .Columns = 9}};
+  TextBox Text14{
+      *this, "Text14", {.Meaning = "2-theta at the blue line, degrees", .Locked = true, .Columns = 12}};
+  TextBox Text15{*this,
+                 "Text15",
+                 {.Meaning = "Lattice spacing d at the blue line, angstrom", .Locked = true, .Columns = 12}};
 
   Frame Frame3{*this, "Frame3", {}};
   Label Label1{*this, "Label1", {.Caption = WavelengthQuestion}};
@@ -198,10 +218,15 @@ class Form6 final : public BufferWindow {
   Button cmdComboOK{*this, "cmdComboOK", {.Caption = "OK"}};
 
   Frame Frame4{*this, "Frame4", {.Caption = "Selected Peaks (use right button of the mouse)"}};
-  TextBox Text17{
-      *this,
-      "Text17",
-      {.Font = "Courier", .Locked = true, .MultiLine = true, .FollowsEnd = true, .Columns = 31, .Rows = 6}};
+  TextBox Text17{*this,
+                 "Text17",
+                 {.Meaning = "Picked peaks",
+                  .Font = "Courier",
+                  .Locked = true,
+                  .MultiLine = true,
+                  .FollowsEnd = true,
+                  .Columns = 31,
+                  .Rows = 6}};
   Button cmdErsLaIt{*this, "cmdErsLaIt", {.Caption = "Erase", .ToolTip = "Erase last item in the list"}};
   Button cmdClearPeaks{*this, "cmdClearPeaks", {.Caption = "Clear list", .ToolTip = "Erase the whole list"}};
   Button cmdSavePeaks{*this, "cmdSavePeaks", {.Caption = "Save list", .ToolTip = "Save list on disk"}};

@@ -216,6 +216,7 @@ void Form6::ReturnFromZoom() {
   EnterMode(DisplayMode::ExplorerZoomLeft);
   EnableListCommands();
   Boxes.ShowRange({.Low = Buffer().WorkXMin, .High = Buffer().WorkXMax});
+  TellMouse();
   BringToFront();
 }
 

@@ -1,6 +1,7 @@
 // What the mouse does over the picture of the Display and Work window: the read-out, and the selection for
 // zoom and edit. Manual Explorer stands in display_window_explorer.cpp.
 #include "display/display_window.h"
+#include "display/mouse_tips.h"
 #include "display/plot_axes.h"
 #include "display/zoom.h"
 #include "forms/desktop.h"
@@ -153,6 +154,7 @@ void Form6::MousePressed(MouseButton button, float x, float y) {
       PickPeak(x, y);
     }
   }
+  TellMouse();
 }
 
 void Form6::MouseMoved(float x, float y) {
@@ -175,6 +177,27 @@ void Form6::MouseReleased(MouseButton button, float x, float /*y*/) {
   } else if (!Frame3.Visible) {
     context_.Data.ExplorerMode = false;
   }
+  TellMouse();
+}
+
+/// What the mouse does as things stand.
+const char* Form6::MouseTip() const {
+  if (!state_.Shown.Readable()) {
+    return mouse_tips::NoPlot;
+  }
+  if (Selecting()) {
+    if (optOK.Visible) {
+      return mouse_tips::Selected;
+    }
+    return state_.EditMode ? mouse_tips::SelectPortion : mouse_tips::SelectPart;
+  }
+  if (Frame3.Visible || ZoomIsOpen()) {
+    return mouse_tips::ReadOut;
+  }
+  if (ExplorerPaused()) {
+    return mouse_tips::ExplorerPaused;
+  }
+  return context_.Data.ExplorerMode ? mouse_tips::Explore : mouse_tips::ReadOut;
 }
 
 void Form6::ShowReadOut(float x, float y) {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
+#include <utility>
 
 #include "forms/control.h"
 #include "workspace/workspace.h"
@@ -41,22 +43,27 @@ inline constexpr double TwipsPerMillimetre = 56.69;  ///< of the design grid of 
 
 /// A plot picture: x from 0 at its left edge, y from 98 at its top edge and growing upward, in
 /// millimetres of the design grid; 6975 x 5415 twips.
-[[nodiscard]] inline PictureSetup PlotPicture() {
+[[nodiscard]] inline PictureSetup PlotPicture(std::string meaning = "Plot of the profile") {
   return {.Scale = {.Left = 0, .Top = 98, .Width = 123.03F, .Height = -95.51F},
           .DesignWidth = 123.03,
-          .DesignHeight = 95.51};
+          .DesignHeight = 95.51,
+          .Meaning = std::move(meaning)};
 }
 
 /// The same with a little more room below the frame; 6975 x 5535 twips.
-[[nodiscard]] inline PictureSetup TallPlotPicture() {
+[[nodiscard]] inline PictureSetup TallPlotPicture(std::string meaning) {
   return {.Scale = {.Left = 0, .Top = 98, .Width = 123.03F, .Height = -97.63F},
           .DesignWidth = 123.03,
-          .DesignHeight = 97.63};
+          .DesignHeight = 97.63,
+          .Meaning = std::move(meaning)};
 }
 
 /// The legend of a plot of several profiles: millimetres, y growing downward.
 [[nodiscard]] inline PictureSetup LegendPicture() {
-  return {.Scale = {.Left = 0, .Top = 0, .Width = 165, .Height = 20}, .DesignWidth = 165, .DesignHeight = 20};
+  return {.Scale = {.Left = 0, .Top = 0, .Width = 165, .Height = 20},
+          .DesignWidth = 165,
+          .DesignHeight = 20,
+          .Meaning = "Colours of the profiles"};
 }
 
 /// The picture y of Y = 0: the zero line of a plot that reaches below 0, else the X axis.

@@ -9,12 +9,12 @@ namespace koprax {
 
 struct ProfileBoxes {
   explicit ProfileBoxes(Form& form)
-      : Text1(form, "Text1", {.Locked = true, .Columns = 30}),
-        Text2(form, "Text2", {.Locked = true, .Columns = 9}),
-        Text5(form, "Text5", {.Locked = true, .Columns = 40}),
-        Text6(form, "Text6", {.Locked = true, .Columns = 12}),
-        Text7(form, "Text7", {.Locked = true, .Columns = 12}),
-        Text9(form, "Text9", {.Locked = true, .Columns = 12}) {}
+      : Text1(form, "Text1", {.Meaning = "File of the profile", .Locked = true, .Columns = 30}),
+        Text2(form, "Text2", {.Meaning = "Buffer of the profile", .Locked = true, .Columns = 9}),
+        Text5(form, "Text5", {.Meaning = "Title of the profile", .Locked = true, .Columns = 40}),
+        Text6(form, "Text6", {.Meaning = "Lowest X", .Locked = true, .Columns = 12}),
+        Text7(form, "Text7", {.Meaning = "Highest X", .Locked = true, .Columns = 12}),
+        Text9(form, "Text9", {.Meaning = "Step of X", .Locked = true, .Columns = 12}) {}
 
   void Show(const ProfileTexts& texts);
   /// The limits of X alone.

@@ -53,6 +53,7 @@ void ShowSeveralProfiles(const WindowContext& context) {
 Form2::Form2(const WindowContext& context) : Form(context.Desk, "Form2", "Multiprofile"), context_(context) {
   ArrangeControls();
   ConnectHandlers();
+  EscapeClicks(optNO);
 }
 
 void Form2::ArrangeControls() {
@@ -103,6 +104,7 @@ void Form2::ShowPlot() {
   DrawMultiProfile(data, Picture1, [this](const Message& message) { Tell(message); });
   DrawLegend(data, state_.Slots, Picture2);
   state_.Shown.Keep(data, true);
+  TellMouse();
   ShowRange({.Low = data.PlotXMin, .High = data.PlotXMax});
 }
 
@@ -193,6 +195,7 @@ void Form2::DrawAgain() {
   state_.Shown = {};
   const auto plan = PlanMultiProfile(data, SelectionOf(state_.Slots));
   if (const auto* refusal = std::get_if<Message>(&plan)) {
+    TellMouse();
     Tell(*refusal);
     return;
   }

@@ -70,6 +70,8 @@ class Form2 final : public Form {
   void AcceptSelection();
   void CancelSelection();
   void HideSelection();
+  [[nodiscard]] const char* MouseTip() const;
+  void TellMouse() { Picture1.ToolTip = MouseTip(); }
   void OpenZoom();
   void LeaveZoom();
   void CloseZoom();
@@ -94,13 +96,13 @@ class Form2 final : public Form {
   WindowContext context_;
   State state_;
 
-  PictureBox Picture1{*this, "Picture1", PlotPicture()};
+  PictureBox Picture1{*this, "Picture1", PlotPicture("Plot of the profiles")};
   Shape Shape1{Picture1, "Shape1", 3, 3, 2.38F, 2.38F};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};
-  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 14}};
-  TextBox Text7{*this, "Text7", {.Locked = true, .Columns = 14}};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 20}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 20}};
+  TextBox Text6{*this, "Text6", {.Meaning = "Lowest X", .Locked = true, .Columns = 14}};
+  TextBox Text7{*this, "Text7", {.Meaning = "Highest X", .Locked = true, .Columns = 14}};
+  TextBox Text3{*this, "Text3", {.Meaning = "X under the mouse", .Locked = true, .Columns = 20}};
+  TextBox Text4{*this, "Text4", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 20}};
   Button cmdZoom{*this, "cmdZoom", {.Caption = "Zoom", .ToolTip = "Enlarge a part of the profile"}};
   Button cmdMod{
       *this, "cmdMod", {.Caption = "Arithmetic", .ToolTip = "Perform arithmetical operations on profiles"}};

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "display/mouse_tips.h"
 #include "display/multi_profile.h"
 #include "display/plot_axes.h"
 #include "display/profile_sum.h"
@@ -53,6 +54,7 @@ void Form2::StartSelection() {
   optNO.Value = false;
   optOK.Value = false;
   Picture1.MousePointer = Pointer::Cross;
+  TellMouse();
 }
 
 void Form2::MousePressed(float x, float y) {
@@ -63,6 +65,7 @@ void Form2::MousePressed(float x, float y) {
   if (state_.ZoomSelecting && !StartRubberBand(context_.Data.Plot, Shape1, x, y)) {
     state_.IgnoreUp = true;
   }
+  TellMouse();
 }
 
 void Form2::MouseMoved(float x, float y) {
@@ -101,6 +104,7 @@ void Form2::MouseReleased(float x) {
   state_.SelXHigh = range.High;
   state_.SelYTop = SelectedTop(data.Plot, Shape1);
   ShowRange(range);
+  TellMouse();
 }
 
 PlotLimits Form2::SelectedLimits() const {
@@ -137,7 +141,21 @@ void Form2::CancelSelection() {
   EnableArithmetic();
 }
 
-void Form2::HideSelection() { optOK.Visible = optNO.Visible = Shape1.Visible = false; }
+void Form2::HideSelection() {
+  optOK.Visible = optNO.Visible = Shape1.Visible = false;
+  TellMouse();
+}
+
+/// What the mouse does as things stand.
+const char* Form2::MouseTip() const {
+  if (!state_.Shown.Readable()) {
+    return mouse_tips::NoPlot;
+  }
+  if (!state_.ZoomSelecting) {
+    return mouse_tips::ReadOut;
+  }
+  return optOK.Visible ? mouse_tips::Selected : mouse_tips::SelectPart;
+}
 
 /// CurBuf ends at the last buffer of the plot.
 void Form2::OpenZoom() {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "display/plot_axes.h"
 #include "forms/number_text.h"
@@ -27,14 +28,15 @@ constexpr PlotPlace StickPlace{.FrameLeft = 3,
 
 }  // namespace
 
-PictureSetup StickPicture() {
+PictureSetup StickPicture(std::string meaning) {
   return {.Scale = {.Left = 0,
                     .Top = 45,
                     .Width = 117.78F,
                     .Height = -45.95F,
                     .UnitsPerPoint = TwipsPerPoint / TwipsPerYUnit},
           .DesignWidth = 8175 / TwipsPerMillimetre,
-          .DesignHeight = 2895 / TwipsPerMillimetre};
+          .DesignHeight = 2895 / TwipsPerMillimetre,
+          .Meaning = std::move(meaning)};
 }
 
 std::vector<Stick> PeakSticks(const ProfileBuffer& buffer, bool channels) {

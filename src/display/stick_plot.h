@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "display/curve.h"
@@ -17,7 +18,7 @@ namespace koprax {
 
 /// The picture of a stick diagram: 8175 x 2895 twips; x from 0 at its left edge in units of 69.41 twips, y
 /// from 45 at its top edge and growing upward in units of 63 twips.
-[[nodiscard]] PictureSetup StickPicture();
+[[nodiscard]] PictureSetup StickPicture(std::string meaning = "Stick diagram of the peaks");
 
 /// 2-theta in degrees or a channel, and a height.
 struct Stick {

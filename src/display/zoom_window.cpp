@@ -6,6 +6,7 @@
 
 #include "display/bitmap_window.h"
 #include "display/curve.h"
+#include "display/mouse_tips.h"
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -64,6 +65,9 @@ void Form15::ShowPart() {
     Desk().Host().MsgBox(NoYSpan());
   }
   shown_.Keep(data, true);
+  if (shown_.Readable()) {
+    Picture1.ToolTip = Picks() ? mouse_tips::PickInZoom : mouse_tips::ReadOutWithD;
+  }
   for (const ZoomedCurve& curve : opening_.Curves) {
     const auto draw = curve.Sticks ? DrawSticks : DrawCurve;
     draw(data.Plot, {curve.X, curve.Y, curve.Count}, Origin(), {limits.XMin, limits.XMax}, curve.CurveColour,

@@ -66,12 +66,13 @@ class Form15 final : public Form {
   DrawnPlot shown_;
   PeakPick at_cursor_;  // what the boxes show
 
-  PictureBox Picture1{*this, "Picture1", TallPlotPicture()};
+  PictureBox Picture1{*this, "Picture1", TallPlotPicture("Enlarged part of the plot")};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};
-  TextBox Text1{*this, "Text1", {.Locked = true, .Columns = 18}};
-  TextBox Text2{*this, "Text2", {.Locked = true, .Columns = 14}};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 14}};
+  TextBox Text1{*this, "Text1", {.Meaning = "2-theta under the mouse", .Locked = true, .Columns = 18}};
+  TextBox Text2{
+      *this, "Text2", {.Meaning = "Lattice spacing d under the mouse", .Locked = true, .Columns = 14}};
+  TextBox Text3{*this, "Text3", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 14}};
   Button cmdRet{*this, "cmdRet", {.Caption = "Return", .ToolTip = "Return to the explorer"}};
   Button cmdCancel{*this, "cmdCancel", {.Caption = "Cancel "}};
   Button Command1{*this, "Command1", {.Caption = "Bitmap", .ToolTip = "Save image as a bitmap file"}};

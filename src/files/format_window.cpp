@@ -11,6 +11,7 @@ namespace koprax {
 
 Form7::Form7(const WindowContext& context) : Form(context.Desk, "Form7", "Format"), context_(context) {
   ArrangeControls();
+  EscapeCloses();
   std::int16_t format = 0;
   for (OptionButton* option : {&Option1, &Option2, &Option3, &Option4, &Option5, &Option6, &Option7}) {
     option->OnClick = [this, option, input_format = ++format] { ChooseFormat(input_format, *option); };

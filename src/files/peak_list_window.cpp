@@ -17,6 +17,8 @@ PeakListWindow::PeakListWindow(const WindowContext& context, const PeakListWindo
   SetLayout(Column({Stretched(Text1), Row({Space(), cmdOK, cmdCancel})}), true);
   cmdOK.OnClick = [this] { Accept(); };
   cmdCancel.OnClick = [this] { GiveUp(); };
+  EnterClicks(cmdOK);
+  EscapeClicks(cmdCancel);
 }
 
 void PeakListWindow::OnLoad() {

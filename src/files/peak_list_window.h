@@ -55,8 +55,14 @@ class PeakListWindow final : public Form {
   std::vector<std::string> lines_;
   PeakListActions actions_;
 
-  TextBox Text1{
-      *this, "Text1", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 84, .Rows = 22}};
+  TextBox Text1{*this,
+                "Text1",
+                {.Meaning = "Lines of the peak list",
+                 .Font = "Courier",
+                 .Locked = true,
+                 .MultiLine = true,
+                 .Columns = 84,
+                 .Rows = 22}};
   Button cmdOK{*this, "cmdOK", {.Caption = "OK"}};
   Button cmdCancel{*this, "cmdCancel", {.Caption = "Cancel"}};
 };

@@ -11,6 +11,8 @@ Form4::Form4(const WindowContext& context) : Form(context.Desk, "Form4", "Form4"
   SetLayout(Column({Stretched(Text1), Row({Space(), cmdOK, cmdCancel})}), true);
   cmdOK.OnClick = [this] { Accept(); };
   cmdCancel.OnClick = [this] { Cancel(); };
+  EnterClicks(cmdOK);
+  EscapeClicks(cmdCancel);
 }
 
 void Form4::OnLoad() {

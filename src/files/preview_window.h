@@ -30,8 +30,14 @@ class Form4 final : public Form {
   std::string file_name_;
   bool for_calibration_ = false;
 
-  TextBox Text1{
-      *this, "Text1", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 84, .Rows = 22}};
+  TextBox Text1{*this,
+                "Text1",
+                {.Meaning = "Beginning and end of the file",
+                 .Font = "Courier",
+                 .Locked = true,
+                 .MultiLine = true,
+                 .Columns = 84,
+                 .Rows = 22}};
   Button cmdOK{*this, "cmdOK", {.Caption = "OK"}};
   Button cmdCancel{*this, "cmdCancel", {.Caption = "Cancel"}};
 };

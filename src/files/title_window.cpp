@@ -12,6 +12,8 @@ TitleWindow::TitleWindow(const WindowContext& context, const TitleWindowKind& ki
     : Form(context.Desk, kind.Name, kind.Caption), context_(context), titled_(std::move(titled)) {
   SetLayout(Column({Label1, Stretched(Text1), Row({Space(), Command1})}));
   Command1.OnClick = [this] { TakeTitle(); };
+  EnterClicks(Command1);
+  EscapeCloses();
 }
 
 void TitleWindow::OnLoad() { Text1.Text = RightTrimmed(context_.Data.Current().Title); }

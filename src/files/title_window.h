@@ -34,7 +34,7 @@ class TitleWindow final : public Form {
   std::function<void()> titled_;
 
   Label Label1{*this, "Label1", {.Caption = "Give new title  (max 80 chars.)"}};
-  TextBox Text1{*this, "Text1", {.Columns = 80}};
+  TextBox Text1{*this, "Text1", {.Meaning = "New title", .Columns = 80}};
   Button Command1{*this, "Command1", {.Caption = "OK"}};
 };
 

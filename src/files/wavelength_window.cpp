@@ -12,6 +12,8 @@ Form33::Form33(const WindowContext& context)
     : Form(context.Desk, "Form33", "Select wavelength"), context_(context) {
   SetLayout(Column({Label1, Combo1, Row({Space(), cmdComboOK})}));
   cmdComboOK.OnClick = [this] { AcceptWavelength(); };
+  // Esc does nothing: the close box takes the wavelength as it stands, which Esc would seem to refuse.
+  EnterClicks(cmdComboOK);
 }
 
 void Form33::AcceptWavelength() {

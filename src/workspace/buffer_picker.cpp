@@ -21,15 +21,20 @@ BufferPicker::BufferPicker(const WindowContext& context, const PickerKind& kind,
   kind_.Choice == PickerKind::Offers::OneBuffer ? MakeOptions() : MakeChecks();
   std::vector<LayoutNode> rows;
   for (std::size_t i = 0; i < NumBuffers; ++i) {
-    titles_.emplace_back(*this, "Text" + std::to_string(i + 1), TextSetup{.Locked = true, .Columns = 80});
+    titles_.emplace_back(*this, "Text" + std::to_string(i + 1),
+                         TextSetup{.Meaning = "Title of buffer " + LetterOf(static_cast<int>(i) + 1),
+                                   .Locked = true,
+                                   .Columns = 80});
     rows.emplace_back(options_.empty() ? static_cast<Control&>(checks_[i]) : options_[i]);
     rows.push_back(Stretched(titles_[i]));
   }
   std::vector<LayoutNode> parts{Grid(2, std::move(rows))};
   if (!accept_.empty()) {
     parts.push_back(Row({Space(), accept_.front()}));
+    EnterClicks(accept_.front());
   }
   SetLayout(Column(std::move(parts)));
+  EscapeCloses();
 }
 
 void BufferPicker::MakeOptions() {

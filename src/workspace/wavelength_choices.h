@@ -16,7 +16,8 @@ inline constexpr const char* WavelengthQuestion =
 
 /// The wavelengths in angstrom, each with a remark behind it that is not part of the number.
 [[nodiscard]] inline ComboSetup WavelengthChoices() {
-  return {.Text = "1.54184   (Cu   K-a1+ K-a2)",
+  return {.Meaning = "Wavelength in angstrom",
+          .Text = "1.54184   (Cu   K-a1+ K-a2)",
           .Items = {"1.54184   (Cu  K-a1+ K-a2)", "1.54056   (Cu  K-a1)", "0.71073   (Mo  K-a1 + K-a2)",
                     "0.70930   (Mo  K-a1)", "1.79026   (Co   K-a1 + K-a2)", "1.78896   (Co   K-a1)",
                     "0.56087   (Ag   K-a1 + K-a2)", "0.55941   (Ag   K-a1)",
