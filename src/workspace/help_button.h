@@ -14,6 +14,8 @@ class HelpButton final : public Button {
  public:
   HelpButton(Form& form, std::string name, MainServices& main, HelpTopic topic, std::string caption = "?")
       : Button(form, std::move(name), {.Caption = std::move(caption)}) {
+    // Read aloud, a "?" alone would tell nothing.
+    Meaning = "Help on " + std::string(HelpSubject(topic));
     OnClick = [&main, topic] { main.ShowHelp(topic); };
   }
 };

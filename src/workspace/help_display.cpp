@@ -13,12 +13,15 @@ constexpr std::string_view Zoom = R"TEXT(Command "Zoom" allows for an enlargment
 3) Press "OK" to enlarge the portion or "Cancel" to give it up. You may also
    select anew, as often as you like, before you press either of them.
 
-A press outside the plot area selects nothing. Peaks higher than the new top
-of the scale are cut off in the drawing; they are not changed.
+A press left of, right of or below the plot selects nothing; one above it
+counts at its top. A mouse that was moved to the left selects nothing either.
+Peaks higher than the new top of the scale are cut off in the drawing; they
+are not changed.
 
 A zoom stays in the temporary buffer: the command "Display" of the main menu
 shows the profile as it was. But if you press "Save" in a zoomed view, only
-the enlarged portion is kept.
+the enlarged portion is kept. "Man. Expl." and "Print profile" are off in a
+zoomed view, until "Undo-Zoom".
 
 With several profiles in one plot, and when the Manual Explorer is paused,
 the portion is shown in a window of its own.
@@ -35,8 +38,10 @@ X=X+K       shifts the profile; points that get a negative X are lost
 Y=EXP(Y)    exponential of each intensity
 Y = ln Y    natural logarithm; all intensities must be above 0
 
-You are asked for K, and warned if negative values or an overflow may come
-out of it. If you then say "No", nothing is changed.
+The first three ask for K; with "Cancel" nothing is changed. You are warned if
+negative Y or X come out, before Y=EXP(Y) if some Y lie outside -10 to 10, and
+before Y = ln Y at each Y below 0.001. If you then say "No", nothing is
+changed.
 
 Two profiles operations, with two profiles in one plot:
 Y=Y1+Y2     sum of the two
@@ -45,7 +50,8 @@ Y=Y1-Y2     difference of the two
 works. Sum and difference cover the range that both profiles have. If their
 points differ, the second profile is interpolated at the points of the first.
 The result is shown in a window of its own, where you can save it to a
-buffer. Reference cards cannot be added or subtracted.
+buffer. Reference cards cannot be added or subtracted. With three or more
+profiles in the plot the command is off.
 
 Single profile operations change the temporary buffer only: "Save" keeps the
 result, "Undo-Zoom" and the command "Display" of the main menu throw it away.
@@ -66,16 +72,18 @@ whether to overwrite it; with "No" nothing is saved.
 
 The picture is then shown in a window from which it can be printed. You are
 asked for a scale factor between 0 and 1: with 1 the picture fills the page,
-with 0.5 it has half that width and height and stands in the middle.
+with 0.5 it has half that width and height and stands in the middle. An empty
+answer counts as 0, and the page stays empty.
 )TEXT";
 
 constexpr std::string_view Edit =
     R"TEXT(Command "Edit" allows for changing single points of the profile by hand.
 
-Select a portion of the profile with the mouse, as for "Zoom", and press
-"OK". The points of the portion are shown as a list of X and Y, one point in
-a line. Change the numbers in the list, then press "Show changes", and then
-"Accept" or "Cancel". "Quit Edit" leaves the list.
+Select a portion of the profile with the mouse, as for "Zoom" (its height
+doesn't matter here), and press "OK". The points of the portion are shown as a
+list of X and Y, one point in a line. Change the numbers in the list, then
+press "Show changes", and then "Accept" or "Cancel". "Quit Edit" leaves the
+list.
 
 Lines can be changed, but not added or deleted: each line belongs to one
 point. The list holds about 950 points. Of a longer portion only the front is
@@ -98,7 +106,9 @@ buffer. The former contents of the buffer are lost.
 After a zoom only the enlarged portion is stored.
 
 The words "Modified by KOPRAX" are added to the title, and a small window
-lets you give a new title of at most 80 characters.
+lets you give a new title of at most 80 characters. If the profile has been
+changed in another window since it was drawn here, nothing is saved, and you
+are told.
 
 Nothing is written to the disk: for that use the command "Save Profile on
 disk" of the main menu.
@@ -111,8 +121,9 @@ selecting peaks with the mouse. It works on the whole profile: use
 are asked for it.
 
 A vertical line follows the mouse, and X, 2-theta and d at its position are
-shown. For data in channels 2-theta and d need a calibration file; without it
-the channel stands in place of 2-theta, and d is 0.
+shown. For data in channels 2-theta and d need a calibration file, which is
+asked for with the wavelength; without it the channel stands in place of
+2-theta, and d is 0.
 
 Press the right button to select a peak. Its position is that of the line,
 its intensity the higher one of the two points beside it. The peak is added
@@ -139,8 +150,10 @@ constexpr std::string_view ShowChanges =
 magenta.
 
 You may change the list and press "Show changes" again. Nothing is changed in
-the profile until you press "Accept". Each line needs two numbers, X and Y; a
-number that is missing counts as 0.
+the profile until you press "Accept". Each line needs two numbers, X and Y,
+separated by blanks or a comma; a number that is missing counts as 0, and so
+do both if a tab stands between them. A number beyond the range of 32 bits is
+refused, with its line.
 )TEXT";
 
 constexpr std::string_view Cancel = R"TEXT(Command "Cancel" gives up the changes made in the list.
@@ -156,8 +169,8 @@ constexpr std::string_view SaveList =
 The peaks are sorted by their position. Each line of the file holds 2-theta,
 intensity and d; for data in channels it holds channel, intensity, d and
 2-theta. If there is such a file already, you are asked whether to overwrite
-it. The list on the screen keeps its order. With an empty list the command
-does nothing.
+it. The list on the screen keeps its order. Positions are rounded to 3
+decimals, intensities to 1 and d to 4. With an empty list the command is off.
 
 The file can be loaded at the start of a calibration or of a cell refinement.
 )TEXT";
@@ -169,12 +182,16 @@ shown again, with its marks, when the explorer is next started.
 )TEXT";
 
 constexpr std::string_view Print =
-    R"TEXT(Command "Print profile" prints the plot on a landscape page. The plot measures
-115 x 90 mm.
+    R"TEXT(Command "Print profile" prints the plot on a landscape page. With several
+profiles the command is called "Print". The plot measures 115 x 90 mm. Choose
+the printer first.
 
-Choose the printer first. What is printed is the profile as it stands in its
-buffer: changes that were not saved are not printed. In a zoomed view the
-command is not available; use "Bitmap" to print what you see.
+What is printed is the profile as it stands in its buffer: changes that were
+not saved are not printed. Several profiles are printed each in its colour,
+with the changes made by "Arithmetic".
+
+In a zoomed view the command is not available; use "Bitmap" to print what you
+see.
 )TEXT";
 
 constexpr std::string_view EraseLast =
@@ -188,7 +205,8 @@ constexpr std::string_view ClearList =
     R"TEXT(Command "Clear list" takes all peaks off the list and wipes out their marks.
 
 You are not asked first. If you may need the list again, press "Save list"
-before.
+before. Curves and axes that a mark crossed have a gap until the profile is
+drawn anew.
 )TEXT";
 
 constexpr std::string_view ChangeAll =
@@ -203,8 +221,9 @@ constexpr std::string_view SaveSelected =
     R"TEXT(Command "Save" stores one of the profiles in the plot in its buffer, with the
 changes made by "Arithmetic".
 
-Choose the buffer in the window that appears. The former contents of the
-buffer are lost; its title stays. The other profiles are not touched.
+Choose one of the buffers shown in the window that appears. The former
+contents of the buffer are lost; its title stays. The other profiles are not
+touched. A profile that lost points by X=X+K is not saved here.
 
 Nothing is written to the disk: for that use the command "Save Profile on
 disk" of the main menu.

@@ -183,6 +183,8 @@ the start and after each of the five:
 "Continue"  five more cycles
 "Stop"      ends the fit
 
+If you close that window instead, "Start fit" makes five more cycles.
+
 CHI square is the sum of the squared differences between measured and
 calculated intensity. Points are not weighted, so high peaks count most. It
 never rises; a cycle that finds nothing better leaves it as it was. When it

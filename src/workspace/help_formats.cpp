@@ -14,10 +14,14 @@ Line N+4         two numbers: the greatest and the least intensity
 Line N+5         wavelength in angstrom
 
 Numbers are separated by a comma or by blanks. 2-theta of each point is
-calculated from the first one and the step. The last two lines may be
-missing: the wavelength of the buffer then stays as it was. If the line after
-the last intensity holds one number, the reading ends there. A line there
-without a number, or with three or more, is an error, and nothing is loaded.
+calculated from the first one and the step. Of an intensity line the first
+number counts. An empty line among them, or one with a tab between its
+numbers, is a point of intensity 0.
+
+The last two lines may be missing: the wavelength of the buffer then stays as
+it was. If the line after the last intensity holds one number, the reading
+ends there. A line there without a number, an empty one too, or with three or
+more, is an error, and nothing is loaded.
 
 Example file:
 Silicon, line 111
@@ -46,8 +50,10 @@ the line with the first 2-theta, the step and the wavelength, and the profile
 is called "File without title". If the wavelength is missing, the program
 asks for it when the profile is shown.
 
-Each line after the header counts as a point, an empty line as a point of
-intensity 0. There may be at most 8000 points.
+Each line after the header counts as a point, empty lines at the end of the
+file too: a line without a number is a point of intensity 0. So is one with a
+tab between its numbers. Of several numbers the first one counts. There may be
+at most 8000 points.
 
 Example file:
 Silicon, line 111
@@ -76,12 +82,13 @@ when the profile is shown. A line with none or more than two numbers behind
 the title is passed over, and the wavelength stays that of the buffer.
 
 Of a line only the first 79 characters count. Numbers behind the second one
-of a point, such as its error, are not used.
+of a point, such as its error, are not used. A tab separates no numbers: a
+line with a tab between them holds none, and reads as 0 and 0.
 
 The distances between the points need not be the same. If they are, to three
 decimals, the profile has a fixed step. There may be at most 8000 points.
 From the third point on, a 2-theta below 0.0001 ends the data, and so does an
-empty line.
+empty line or one with a tab.
 
 Example file:
 Silicon, line 111
@@ -107,8 +114,10 @@ Line 10 to end    eight intensities each
 Numbers are separated by a comma or by blanks. The points lie at the channels
 1, 2, 3 and so on. A full file holds 4096 channels, which are 512 lines of
 data; other lengths are read too, up to 8000 channels. Each line counts as
-eight points: what is missing in a line, or an empty line, gives intensity 0.
-Line 2 may hold at most seven words that are not numbers.
+eight points: what is missing in a line gives intensity 0, and an empty line,
+at the end of the file too, or one with tabs eight points of intensity 0.
+Such a file is no longer one of 4096 channels. Line 2 may hold at most seven
+words that are not numbers.
 
 The title is made of lines 1 to 4. Channels are changed into 2-theta by means
 of a calibration file *.cal, which the command "Calibration" makes. A profile
@@ -150,9 +159,10 @@ monochromator the wavelength is that of K-alpha 1, otherwise the mean of the
 two, weighted by their intensities.
 
 After "RawScan" come the intensities, separated by commas, up to 24 in a
-line; the last one is followed by a comma and a slash. 2-theta is built up
-from the first one by adding the step, each time rounded to 3 decimals. There
-may be at most 8000 points.
+line; the last one is followed by a comma and a slash. Blanks separate them
+too, tabs do not. Empty lines are passed over. 2-theta is built up from the
+first one by adding the step, each time rounded to 3 decimals. There may be at
+most 8000 points.
 
 Example file:
 SampleIdent,S1,/
@@ -182,8 +192,9 @@ The value stands behind the "=" and may have 12 characters. Of two lines with
 the same name the later one counts. All other lines are kept for saving.
 
 After the header each line holds 2-theta and intensity of one point,
-separated by blanks or a comma. A line with anything else, an empty line
-too, is an error, and nothing is loaded. There may be at most 8000 points.
+separated by blanks or a comma. A line with anything else is an error, and
+nothing is loaded; so is an empty line, at the end of the file too, and one
+with a tab. There may be at most 8000 points.
 
 Example file:
 ; Silicon, line 111

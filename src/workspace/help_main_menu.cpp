@@ -13,20 +13,24 @@ constexpr std::string_view Load =
    is your choice, not the name of the file. The "?" beside each format tells
    how such a file is laid out.
 4) Choose one of the six buffers, a to f. The profile is read into it and
-   shown in the window "Display and Work". A Powder Diffraction File card is
-   read after you have given a wavelength; it is no curve and is not shown
-   there.
+   shown in the window "Display and Work". For a Powder Diffraction File card
+   you are asked for a wavelength first; it is shown in the window "Peaks".
 
 A buffer that holds a profile already is overwritten without a question. Its
 list of selected peaks stays: erase the buffer first if you don't want it.
 
 Limits: a profile has at most 8000 points; a longer one is refused, and the
 buffer is then empty. A line of numbers counts up to its 79th character and
-holds at most 24 words. Words are separated by blanks or commas, not by tabs.
-The decimal separator is the period.
+holds at most 24 words. Words are separated by blanks or commas. A tab
+separates nothing: two numbers with a tab between them are one word, and no
+number. The decimal separator is the period.
+
+Empty lines at the end of a file may count as points. The "?" of the format
+tells what becomes of them.
 
 If the file doesn't tell the wavelength, the program asks for it when the
-profile is shown.
+profile is shown. Data in channels need a calibration file too, which is then
+asked for.
 )TEXT";
 
 constexpr std::string_view SaveDisk =
@@ -39,19 +43,24 @@ constexpr std::string_view SaveDisk =
 
 What is written is the profile as it stands in the buffer. Changes made in a
 window by zoom, edit or arithmetic are written only after the command "Save"
-of that window. There is one exception: a PHILIPS file gets as many points as
-the window shows.
+of that window. There is one exception: a PHILIPS file gets only as many
+points as the window shows, the first ones of the buffer.
 
 Not every profile can be saved in every format:
 - ITAL STRUCTURES: not with a variable step, and not CPS-120 data.
 - One column: not two-column data with a variable step, and not CPS-120 data.
-- Two columns: every profile. For CPS-120 data you may have the channels
-  changed into 2-theta; read a calibration file first.
+- Two columns: every profile. Intensities are rounded to 2 decimals. For
+  CPS-120 data you may have the channels changed into 2-theta, by the
+  calibration that the buffer got when its wavelength was asked for. Without
+  one all 2-theta would be 0.
 - CPS-120: only data loaded in this format, with all 4096 channels.
+  Intensities are rounded to 1 decimal.
 - PHILIPS: only data loaded in this format. Intensities are rounded to counts,
   and the title stays that of the loaded file.
-- SIEMENS/BRUKER: only data loaded in this format.
-A Powder Diffraction File card cannot be saved.
+- SIEMENS/BRUKER: only data loaded in this format. 2-theta is rounded to 4
+  decimals, intensities to 2.
+A Powder Diffraction File card cannot be saved. If the file wouldn't read back
+as it was, you are told.
 )TEXT";
 
 constexpr std::string_view Display =
@@ -63,7 +72,13 @@ a portion of it, edit single points, do arithmetic on it, select peaks with
 the mouse, print it, and save the changed profile to its buffer.
 
 Two or more profiles are shown together in one plot, each in a colour of its
-own. Exactly two of them can be added or subtracted.
+own. Exactly two of them can be added or subtracted. They must share a range
+of X, and the wavelength of each must be known and lie within 2 per cent of
+their mean. Data in channels and data in 2-theta cannot be shown together.
+
+A Powder Diffraction File card alone is shown in the window "Peaks", with its
+crystal data and its list of reflections. Together with profiles it is drawn
+as sticks, over the range of the profiles.
 
 The windows work on a temporary copy. Each "Display" takes the profile from
 its buffer again, so whatever was changed and not saved is gone. Buffers that
@@ -114,7 +129,7 @@ constexpr std::string_view Erase = R"TEXT(Command "Erase buffer" empties the buf
 
 You are asked first. With "Yes" the profile, its title, its wavelength, its
 list of peaks and its calibration parameters are gone, and the buffer counts
-as empty. Files on disk are not touched.
+as empty. That cannot be undone. Files on disk are not touched.
 )TEXT";
 
 constexpr std::string_view About =
@@ -129,8 +144,9 @@ read from text files into six buffers, a to f. These are the main commands:
 6) Calibration (allows for translating "Channels" scale into 2-theta scale)
 7) Cell parameters refinement.
 
-The command "Erase buffer" empties a buffer, and "Quit" ends the program at
-once: what has not been saved on disk is lost.
+"Erase buffer" empties a buffer. "System cfg." tells about this computer and
+checks its decimal separator. "Quit" ends the program at once, without a
+question: what has not been saved on disk is lost.
 
 Each buffer holds a profile of at most 8000 points and a list of at most 100
 peaks. Windows work on a temporary copy of the profile; their command "Save"
@@ -155,7 +171,7 @@ position-sensitive detector and 2-theta.
    its peaks or select them with the Manual Explorer.
 2) Choose the buffer with that profile. If it has no list of peaks, you can
    load one from a *.pks file. If all buffers are empty, the calibration
-   starts on buffer a.
+   starts on buffer a. If the wavelength is not known, you are asked for it.
 3) Choose the standard. Its tabulated peaks are shown above those of your
    sample. Move their scale until both look alike.
 4) Couple the peaks: one of the sample and one of the standard, with the
@@ -164,7 +180,7 @@ position-sensitive detector and 2-theta.
 5) Start the calibration, and save the parameters in a *.cal file.
 
 The result reaches a profile only through that file: the program asks for it
-when it needs 2-theta for data in channels.
+when it needs 2-theta for data in channels, together with the wavelength.
 )TEXT";
 
 constexpr std::string_view RefineCell =
@@ -172,16 +188,38 @@ constexpr std::string_view RefineCell =
 the positions of indexed peaks, for all crystal systems.
 
 1) Choose the buffer with the list of peaks. If it has none, you can load one
-   from a *.pks file.
-2) Give the crystal system and an approximate cell.
-3) Generate the reflections of that cell in a range of 2-theta.
-4) Attribute indices h, k, l to the observed peaks. At most 300 attributions
-   are accepted.
-5) Refine. Each click does one step; click again until the parameters change
-   no more.
+   from a *.pks file. If the wavelength is not known, you are asked for it,
+   and for a calibration file if the peaks are in channels.
+2) In "Cell Parameters" choose the crystal system, press "OK", type an
+   approximate cell in angstrom and degrees, and press "Quit" to take it.
+3) In "Peak generation" give a range of 2-theta and press "OK". All h, k, l in
+   it are listed, those that are extinct by symmetry too, and equivalent ones
+   each by itself. The list ends with 300 of them, which are then not those of
+   lowest angle: choose a smaller range.
+4) In "Peak indexation" click near a peak in the picture; the nearest one
+   becomes blue. Type its H, K and L. "OK" shows where the cell puts it. If it
+   fits, press "Accept"; "Refuse" makes the peak red again. What is accepted is
+   the triplet of the last "OK" with the 2-theta in the box. An accepted peak
+   cannot be taken back; 300 can be accepted. "Quit" goes on, and there is no
+   way back.
+5) In "Refinement of cell parameters" each click on "Refine" makes one cycle
+   of least squares from the cell of the cycle before. It doesn't stop by
+   itself: click until cell and disagreement factor change no more.
 
-The result stands in the window only: write it down, for it is
-not saved to a file or into the buffer.
+More peaks are needed than there are parameters: 3 for a cubic cell, 4 for a
+tetragonal or trigonal-hexagonal, 5 for an orthorhombic, 6 for a monoclinic
+and 8 for a triclinic one, at the least. An index may be 181 at most.
+
+"Zero correction (2-theta)" is a shift, in degrees, of the whole 2-theta scale:
+a peak of the cell is expected at its calculated 2-theta plus this correction.
+If it is above 0, the observed positions lie too high by it. It is a shift of
+2-theta, twice that of theta. The observed positions are not changed, and
+"2th(Calc)" contains the correction. It starts from 0 again in each cycle, so
+the factor "before refinement" is that of the cell without it. The factors are
+sums over all peaks, in per cent.
+
+The result stands in the window only. It is not saved to a file or into the
+buffer: write it down before you press "Main menu".
 )TEXT";
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace koprax {
 
@@ -91,6 +92,9 @@ inline constexpr std::size_t HelpTopicCount = static_cast<std::size_t>(HelpTopic
 
 /// The texts of all topics, in the order of the topics.
 using HelpTextTable = std::array<std::string, HelpTopicCount>;
+
+/// What a topic is about, in a few words: "Zoom", "ITAL STRUCTURES format". No two topics share them.
+[[nodiscard]] std::string_view HelpSubject(HelpTopic topic);
 
 /// The whole text of a topic. Each line ends with CR LF.
 [[nodiscard]] std::string HelpText(HelpTopic topic);
