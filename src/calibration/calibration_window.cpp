@@ -54,6 +54,11 @@ Message NoChannels(const ProfileBuffer& buffer) {
 Form24::Form24(const WindowContext& context) : BufferWindow(context, "Form24", "Calibration") {
   ArrangeControls();
   ConnectHandlers();
+  cmdComboOK.Meaning = "OK, take the wavelength";
+  Command2.Meaning = "OK, shift the standard";
+  EnterClicks(cmdComboOK);
+  EnterClicks(Command2);
+  EscapeClicks(cmdSkip);
 }
 
 LayoutNode Form24::PicturesLayout() {
@@ -180,6 +185,7 @@ void Form24::ShowStandard(const Standard& standard) {
   Text3.Text = "x-min = 0 ";
   DrawStandardFrame({.Low = 0, .High = StandardSpan});
   standard_plot_.DrawSticks(state_.Standard.Take(standard, wavelength), Picture1);
+  ShowMouseTips();
 }
 
 void Form24::ShiftStandard() {
@@ -198,6 +204,26 @@ void Form24::ShiftStandard() {
 void Form24::DrawStandardFrame(const XRange& range) {
   Text4.Text = "x-max = " + RoundedText(range.High, 3);
   (void)standard_plot_.DrawFrame(range, Picture1);
+}
+
+void Form24::ShowMouseTips() {
+  const bool coupling = state_.CouplingActive && Frame1.Visible;
+  if (!coupling) {
+    Picture1.ToolTip =
+        state_.StandardLoaded ? "Move the mouse over the diagram to read 2-theta, y and d under it." : "";
+    Picture2.ToolTip = "";
+  } else if (cmdAccept.Enabled) {
+    Picture1.ToolTip = Picture2.ToolTip =
+        "\"accept\" takes the two blue peaks as a couple, \"refuse\" gives them up.";
+  } else {
+    Picture1.ToolTip = state_.PickStandard == 1
+                           ? "Click in the lower diagram on the measured peak that belongs to the blue one."
+                           : "Click on a peak of the standard that was measured in the lower diagram, too.";
+    Picture2.ToolTip =
+        state_.PickSample == 1
+            ? "Click in the upper diagram on the peak of the standard that belongs to the blue one."
+            : "Click on a measured peak that belongs to one of the standard.";
+  }
 }
 
 void Form24::ShowReadOut(float x, float y) {

@@ -41,6 +41,8 @@ class Form24 final : public BufferWindow {
   void ShiftStandard();
   void DrawStandardFrame(const XRange& range);
   void ShowReadOut(float x, float y);
+  /// What the mouse does in each of the pictures now, in words.
+  void ShowMouseTips();
   [[nodiscard]] bool HasContent() override;
 
   // The couples.
@@ -77,16 +79,31 @@ class Form24 final : public BufferWindow {
   StickPlot sample_plot_;
 
   Label Label1{*this, "Label1", {.Caption = "         Standard sample"}};
-  PictureBox Picture1{*this, "Picture1", StickPicture()};
-  TextBox Text3{*this, "Text3", {.Locked = true, .Columns = 15}};
-  TextBox Text4{*this, "Text4", {.Locked = true, .Columns = 15}};
-  TextBox Text7{*this, "Text7", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 13}};
-  TextBox Text8{*this, "Text8", {.Locked = true, .Columns = 13}};
-  TextBox Text6{*this, "Text6", {.Locked = true, .Columns = 13}};
-  TextBox Text5{*this, "Text5", {.Locked = true, .Columns = 9}};
+  PictureBox Picture1{*this, "Picture1", StickPicture("Stick diagram of the standard")};
+  TextBox Text3{
+      *this, "Text3", {.Meaning = "Lowest 2-theta of the standard on show", .Locked = true, .Columns = 15}};
+  TextBox Text4{
+      *this, "Text4", {.Meaning = "Highest 2-theta of the standard on show", .Locked = true, .Columns = 15}};
+  TextBox Text7{*this,
+                "Text7",
+                {.Meaning = "Wavelength of the standard in angstrom",
+                 .Font = std::string(SymbolFont),
+                 .Locked = true,
+                 .Columns = 13}};
+  TextBox Text8{
+      *this, "Text8", {.Meaning = "2-theta under the mouse, degrees", .Locked = true, .Columns = 13}};
+  TextBox Text6{*this, "Text6", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 13}};
+  TextBox Text5{*this,
+                "Text5",
+                {.Meaning = "Lattice spacing d under the mouse, angstrom", .Locked = true, .Columns = 9}};
   Label Label2{*this, "Label2", {.Caption = "      Calibration sample"}};
-  PictureBox Picture2{*this, "Picture2", StickPicture()};
-  TextBox Text1{*this, "Text1", {.Font = std::string(SymbolFont), .Locked = true, .Columns = 13}};
+  PictureBox Picture2{*this, "Picture2", StickPicture("Stick diagram of the calibration sample")};
+  TextBox Text1{*this,
+                "Text1",
+                {.Meaning = "Wavelength of the calibration sample in angstrom",
+                 .Font = std::string(SymbolFont),
+                 .Locked = true,
+                 .Columns = 13}};
 
   Frame Frame3{*this, "Frame3", {}};
   Label Label3{*this, "Label3", {.Caption = WavelengthQuestion}};
@@ -96,7 +113,8 @@ class Form24 final : public BufferWindow {
   Button cmdCorundum{*this, "cmdCorundum", {.Caption = "  Al2O3 (Corundum)"}};
   Button cmdSi{*this, "cmdSi", {.Caption = "Silicon"}};
   Label Label4{*this, "Label4", {.Caption = "Shift standard profile by"}};
-  TextBox Text2{*this, "Text2", {.Text = "0", .Columns = 8}};
+  TextBox Text2{
+      *this, "Text2", {.Meaning = "Shift of the standard in degrees of 2-theta", .Text = "0", .Columns = 8}};
   Label Label5{*this, "Label5", {.Caption = "deg. (2-theta)"}};
   Button Command2{*this, "Command2", {.Caption = "OK"}};
 
@@ -105,14 +123,25 @@ class Form24 final : public BufferWindow {
   Button cmdAccept{*this, "cmdAccept", {.Caption = "accept", .ToolTip = "Accept couple"}};
   Button cmdSkip{*this, "cmdSkip", {.Caption = "refuse", .ToolTip = "Reject couple"}};
   Button cmdQuit{*this, "cmdQuit", {.Caption = "Quit", .ToolTip = "Quit coupling mode"}};
-  TextBox Text9{
-      *this,
-      "Text9",
-      {.Font = "Courier", .Locked = true, .MultiLine = true, .FollowsEnd = true, .Columns = 40, .Rows = 7}};
+  TextBox Text9{*this,
+                "Text9",
+                {.Meaning = "Accepted couples, 2-theta and channel",
+                 .Font = "Courier",
+                 .Locked = true,
+                 .MultiLine = true,
+                 .FollowsEnd = true,
+                 .Columns = 40,
+                 .Rows = 7}};
 
   Button Command3{*this, "Command3", {.Caption = "    Start calibration"}};
-  TextBox Text10{
-      *this, "Text10", {.Font = "Courier", .Locked = true, .MultiLine = true, .Columns = 40, .Rows = 6}};
+  TextBox Text10{*this,
+                 "Text10",
+                 {.Meaning = "Result of the calibration",
+                  .Font = "Courier",
+                  .Locked = true,
+                  .MultiLine = true,
+                  .Columns = 40,
+                  .Rows = 6}};
   Button Command4{*this, "Command4", {.Caption = "Save", .ToolTip = "Save refined parameters on disk"}};
   Button Command1{*this, "Command1", {.Caption = "Main menu", .ToolTip = "Return to main menu"}};
 

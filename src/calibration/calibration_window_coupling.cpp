@@ -98,6 +98,7 @@ void Form24::CompletePair() {
     state_.PickStandard = state_.PickSample = 0;
     OfferAnswers(true);
   }
+  ShowMouseTips();
 }
 
 void Form24::AcceptCouple() {
@@ -114,16 +115,20 @@ void Form24::AcceptCouple() {
 /// Both picked sticks become red again, and nothing is picked: a peak that has replaced another one awaits no
 /// partner any more.
 void Form24::SettleCouple() {
-  OfferAnswers(false);
   state_.PickStandard = state_.PickSample = 0;
+  OfferAnswers(false);
   standard_plot_.DrawStick(state_.StandardLine, colours::Red, Picture1);
   sample_plot_.DrawStick(state_.SampleLine, colours::Red, Picture2);
 }
 
-void Form24::OfferAnswers(bool offered) { cmdAccept.Enabled = cmdSkip.Enabled = offered; }
+void Form24::OfferAnswers(bool offered) {
+  cmdAccept.Enabled = cmdSkip.Enabled = offered;
+  ShowMouseTips();
+}
 
 void Form24::QuitCoupling() {
   Frame1.Visible = false;
+  ShowMouseTips();
   Command3.Visible = true;
   cmdStartCou.Enabled = false;
 }
@@ -134,10 +139,12 @@ void Form24::StartCalibration() {
   if (!result) {
     Tell(NoCalibration(DemandOf(couples)));
     Frame1.Visible = true;
+    ShowMouseTips();
     return;
   }
   state_.Result = *result;
   Frame1.Visible = false;
+  ShowMouseTips();
   Text10.Visible = Command4.Visible = true;
   Text10.Text = CalibrationText(state_.Result);
   Command3.Enabled = false;

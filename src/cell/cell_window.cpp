@@ -60,6 +60,7 @@ Form26::Form26(const WindowContext& context) : BufferWindow(context, "Form26", "
   }
   ArrangeControls();
   ConnectHandlers();
+  SetKeys();
 }
 
 LayoutNode Form26::PictureLayout() {
@@ -125,6 +126,19 @@ void Form26::ConnectHandlers() {
   Picture1.OnMouseDown = [this](MouseButton, float x, float) { SelectPeak(x); };
 }
 
+void Form26::SetKeys() {
+  cmdComboOK.Meaning = "OK, take the wavelength";
+  Command2.Meaning = "OK, take the crystal system";
+  Command1.Meaning = "Quit, take the cell";
+  cmdPeakGeneration.Meaning = "OK, list the reflections";
+  Command4.Meaning = "OK, take the indices";
+  Command5.Meaning = "Quit, go on with the refinement";
+  for (Button* of_a_box : {&cmdComboOK, &Command2, &cmdPeakGeneration, &Command4}) {
+    EnterClicks(*of_a_box);
+  }
+  EscapeClicks(cmdRefuse);
+}
+
 void Form26::OnLoad() {
   ShowCellBoxes(false);
   Text22.Text = "0";
@@ -176,7 +190,9 @@ void Form26::DrawPeaks() {
   Picture1.Cls();
   state_.Sticks = PeakSticks(Buffer(), InChannels());
   const XRange range = PictureRange();
-  if (!state_.Plot.DrawFrame(range, Picture1)) {
+  const bool drawn = state_.Plot.DrawFrame(range, Picture1);
+  ShowMouseTip();
+  if (!drawn) {
     return;
   }
   Text2.Text = "xmin = " + RoundedText(range.Low, 3);
@@ -233,6 +249,15 @@ bool Form26::AskForCalibration() {
   state_.Kept.Keep(Buffer());
   DrawPeaks();
   return false;
+}
+
+std::string Form26::MouseTip() const {
+  if (!state_.Plot.Readable()) {
+    return "";
+  }
+  return state_.IndexationActive ? "Click on a peak, type its indices H, K and L, press \"OK\", and then "
+                                   "\"Accept\" or \"Refuse\"."
+                                 : "Move the mouse over the diagram to read the position, y and d under it.";
 }
 
 void Form26::ShowReadOut(float x, float y) {

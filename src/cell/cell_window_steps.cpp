@@ -157,6 +157,7 @@ void Form26::TakeCell() {
   Frame1.Enabled = false;
   Frame2.Visible = Frame4.Visible = true;
   state_.IndexationActive = true;
+  ShowMouseTip();
 }
 
 /// The cosines alone would let an angle of 255 degrees pass for one of 105.
@@ -268,6 +269,7 @@ void Form26::RefusePeak() {
 
 void Form26::EndIndexation() {
   state_.IndexationActive = false;
+  ShowMouseTip();
   Frame4.Visible = false;
   Frame5.Visible = true;
 }
