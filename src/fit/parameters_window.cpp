@@ -19,7 +19,15 @@ namespace {
 
 constexpr std::size_t PeakParameterCount = ConstantTerm - 1;
 constexpr std::size_t PolynomialTerms = 4;
-constexpr TextSetup ValueBox() { return {.Columns = 12}; }
+constexpr TextSetup TermBox() { return {.Columns = 12}; }
+
+/// As wide as what the fit leaves in it, so that a row of them has room on a small screen.
+TextSetup ValueBox(PeakParameter parameter) {
+  if (parameter == PeakParameter::Intensity) {
+    return {.Columns = 10};
+  }
+  return {.Columns = parameter == PeakParameter::Position ? 9 : 8};
+}
 
 LayoutNode AtRight(Control& control) { return Row({Space(), control}); }
 
@@ -68,7 +76,7 @@ Form20::Form20(const WindowContext& context, ParameterActions actions)
 
 void Form20::MakeBoxes() {
   for (int i = 0; i < static_cast<int>(PeakParameterCount); ++i) {
-    Text1.emplace_back(*this, "Text1", ValueBox(), i);
+    Text1.emplace_back(*this, "Text1", ValueBox(static_cast<PeakParameter>(1 + i % ParametersPerPeak)), i);
     Check1.emplace_back(*this, "Check1", CaptionSetup{}, i);
   }
   for (int i = 0; i < MaxFitPeaks; ++i) {
@@ -80,7 +88,7 @@ void Form20::MakeBoxes() {
     Number.back().OnClick = [this, peak] { DeletePeak(peak); };
   }
   for (int i = 0; i < static_cast<int>(PolynomialTerms); ++i) {
-    Text2.emplace_back(*this, "Text2", ValueBox(), i);
+    Text2.emplace_back(*this, "Text2", TermBox(), i);
     Check2.emplace_back(*this, "Check2", CaptionSetup{}, i);
   }
   for (std::size_t parameter = 1; parameter <= ScaleFactor; ++parameter) {
@@ -92,7 +100,7 @@ void Form20::MakeBoxes() {
 
 void Form20::ArrangeControls() {
   SetLayout(Column({
-      Row({Label10, Label11, Label12, Label13, Label14, Label15, Label16, Space()}),
+      Row({Label9, Space(), Label10, Label11, Label12, Label13, Label14, Label15, Label16, Space()}),
       PeaksLayout(),
       Row({BackgroundLayout(), Framed(Frame2, Row({Label23, Text3, Check3})), Space()}),
       Row({Label24, Text4, Label25, Text5, Space(), Command1, Command2}),
@@ -102,7 +110,7 @@ void Form20::ArrangeControls() {
 /// A row for each peak: the button that deletes it, six boxes with their ticks, area and width.
 LayoutNode Form20::PeaksLayout() {
   constexpr int columns = 1 + 2 * ParametersPerPeak + 2;
-  std::vector<LayoutNode> cells{Label9,
+  std::vector<LayoutNode> cells{Space(),  // Label9 stands above, for it is wider than its column
                                 Label1,
                                 Space(),  //
                                 Label2,

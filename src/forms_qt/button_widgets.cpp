@@ -1,10 +1,10 @@
 // Buttons, option buttons and check boxes.
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "forms_qt/control_widget.h"
+#include "forms_qt/keys.h"
 #include "forms_qt/qt_text.h"
 
 namespace koprax {
@@ -12,9 +12,24 @@ namespace koprax {
 namespace {
 
 /// A button that the Enter key presses as the space bar does.
-class CommandButton final : public QPushButton {
+template <class Base>
+class EnterButton : public Base {
  public:
-  explicit CommandButton(QWidget& parent) : QPushButton(&parent) {}
+  explicit EnterButton(QWidget& parent) : Base(&parent) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!IsEnter(*event)) {
+      Base::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {  // a key that is held must not answer the box that it brings up
+      Base::click();
+    }
+  }
+};
+
+class CommandButton final : public EnterButton<QPushButton> {
+ public:
+  using EnterButton::EnterButton;
 
   [[nodiscard]] QSize sizeHint() const override {
     const QSize hint = QPushButton::sizeHint();
@@ -24,27 +39,39 @@ class CommandButton final : public QPushButton {
 
   /// The small square button that stands beside a command and explains it.
   [[nodiscard]] bool IsHelp() const { return text() == QLatin1String("?"); }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      if (!event->isAutoRepeat()) {  // a key that is held must not answer the box that it brings up
-        click();
-      }
-    } else {
-      QPushButton::keyPressEvent(event);
-    }
-  }
 };
 
 /// A choice whose state is the control's: a click only asks for it.
 template <class Base>
-class AskingButton final : public Base {
+class AskingButton : public EnterButton<Base> {
  public:
-  explicit AskingButton(QWidget& parent) : Base(&parent) { Base::setAutoExclusive(false); }
+  explicit AskingButton(QWidget& parent) : EnterButton<Base>(parent) { Base::setAutoExclusive(false); }
 
  protected:
   void nextCheckState() override {}
+};
+
+/// The arrow keys go from option to option and choose none, for a choice acts at once.
+class Option final : public AskingButton<QRadioButton> {
+ public:
+  using AskingButton::AskingButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool back = event->key() == Qt::Key_Up || event->key() == Qt::Key_Left;
+    if (back || event->key() == Qt::Key_Down || event->key() == Qt::Key_Right) {
+      Neighbour(back ? -1 : 1).setFocus(back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+    } else {
+      AskingButton::keyPressEvent(event);
+    }
+  }
+
+ private:
+  [[nodiscard]] QRadioButton& Neighbour(qsizetype step) {
+    auto options = parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
+    options.removeIf([](const QRadioButton* one) { return !one->isEnabled() || !one->isVisible(); });
+    return *options[(options.indexOf(this) + step + options.size()) % options.size()];
+  }
 };
 
 template <class ControlType, class WidgetType>
@@ -103,7 +130,7 @@ std::unique_ptr<ControlWidget> MakeButton(Button& button, QWidget& parent) {
 }
 
 std::unique_ptr<ControlWidget> MakeOptionButton(OptionButton& button, QWidget& parent) {
-  return Make<AskingButton<QRadioButton>>(button, parent);
+  return Make<Option>(button, parent);
 }
 
 std::unique_ptr<ControlWidget> MakeCheckBox(CheckBox& box, QWidget& parent) {

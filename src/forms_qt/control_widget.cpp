@@ -1,8 +1,16 @@
 #include "forms_qt/control_widget.h"
 
+#include <QToolTip>
+
 #include "forms_qt/qt_text.h"
 
 namespace koprax {
+
+ControlWidget::ControlWidget(Control& control, QWidget& widget) : control_(control), widget_(widget) {
+  if (!control.Meaning.empty()) {
+    widget.setAccessibleName(ToQt(control.Meaning));
+  }
+}
 
 void ControlWidget::Apply(PropertyName name) {
   switch (name) {
@@ -13,10 +21,21 @@ void ControlWidget::Apply(PropertyName name) {
       widget_.setEnabled(control_.Enabled);
       break;
     case PropertyName::ToolTip:
-      widget_.setToolTip(ToQt(control_.ToolTip.Get()));
+      ApplyToolTip();
       break;
     default:
       break;
+  }
+}
+
+void ControlWidget::ApplyToolTip() {
+  const QString tip = ToToolTip(control_.ToolTip.Get());
+  if (tip == widget_.toolTip()) {
+    return;
+  }
+  widget_.setToolTip(tip);
+  if (QToolTip::isVisible() && widget_.underMouse()) {
+    QToolTip::hideText();  // it tells what no longer holds
   }
 }
 

@@ -12,7 +12,7 @@ namespace koprax {
 
 class ControlWidget {
  public:
-  ControlWidget(Control& control, QWidget& widget) : control_(control), widget_(widget) {}
+  ControlWidget(Control& control, QWidget& widget);
   ControlWidget(const ControlWidget&) = delete;
   ControlWidget& operator=(const ControlWidget&) = delete;
   virtual ~ControlWidget() = default;
@@ -29,6 +29,8 @@ class ControlWidget {
   void ApplyAll(std::initializer_list<PropertyName> names);
 
  private:
+  void ApplyToolTip();
+
   Control& control_;
   QWidget& widget_;
 };

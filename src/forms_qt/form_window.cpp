@@ -1,11 +1,15 @@
 #include "forms_qt/form_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLayout>
 #include <QScreen>
+#include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
 
+#include "forms_qt/contents_area.h"
+#include "forms_qt/keys.h"
 #include "forms_qt/layout_builder.h"
 #include "forms_qt/picture_widget.h"
 #include "forms_qt/pointer_shapes.h"
@@ -15,21 +19,29 @@ namespace koprax {
 
 namespace {
 
-constexpr QSize SmallestScreen{800, 600};  // on which every window starts whole
-constexpr QSize WindowDecoration{8, 30};   // what a window manager lays around a window
+bool IsReadOnly(const QWidget& widget) { return widget.property("readOnly").toBool(); }
+
+bool IsHelp(const QWidget& widget) {
+  const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
+  return button != nullptr && button->text() == QLatin1String("?");
+}
 
 }  // namespace
 
 FormWindow::FormWindow(Form& form, std::function<void(Form&)> activated)
     : QWidget(nullptr, Qt::Window),
+      contents_(new ContentsArea(*new QWidget, *this)),
       form_(form.weak_from_this()),
       identity_(&form),
       activated_(std::move(activated)) {
   setObjectName(QString::fromStdString(form.Name()));
-  BuildLayout(form.Layout(), *this,
+  BuildLayout(form.Layout(), Contents(),
               [this](Control& control, QWidget& parent) { return MakeWidget(control, parent); });
+  auto* const all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->addWidget(contents_);
   if (!form.Resizable()) {
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    all->setSizeConstraint(QLayout::SetFixedSize);
   }
   FormChanged(PropertyName::Caption);
   FormChanged(PropertyName::MousePointer);
@@ -66,8 +78,10 @@ void FormWindow::Display(bool modal) {
     }
   }
   if (!testAttribute(Qt::WA_Resized)) {
-    const QSize room = screen()->availableGeometry().size().boundedTo(SmallestScreen) - WindowDecoration;
-    resize(sizeHint().boundedTo(room));
+    resize(sizeHint());
+  }
+  if (QWidget* const first = focusWidget() == nullptr ? FirstOfUse() : nullptr) {
+    first->setFocus(Qt::TabFocusReason);
   }
   show();
 }
@@ -130,18 +144,87 @@ QWidget* FormWindow::WidgetOf(const Control& control) const {
   return found == widgets_.end() ? nullptr : &found->second->Widget();
 }
 
+QWidget& FormWindow::Contents() const { return *contents_->widget(); }
+
 PictureWidget* FormWindow::PictureUnder(const Control& overlay) const {
   return overlay.Container() == nullptr ? nullptr
                                         : dynamic_cast<PictureWidget*>(WidgetOf(*overlay.Container()));
 }
 
+/// The first control that somebody would use; help comes after that, and what is only read.
+QWidget* FormWindow::FirstOfUse() const {
+  QWidget* only_read = nullptr;
+  for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+    const bool reached =
+        (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabledTo(this) && widget->isVisibleTo(this);
+    if (!reached || IsHelp(*widget)) {
+      continue;
+    }
+    if (!IsReadOnly(*widget)) {
+      return widget;
+    }
+    only_read = only_read == nullptr ? widget : only_read;
+  }
+  return only_read;
+}
+
+/// The control that has the keyboard, if it is a box that can be typed in.
+const Control* FormWindow::BoxWithKeyboard() const {
+  const auto found = std::ranges::find_if(
+      widgets_, [this](const auto& entry) { return &entry.second->Widget() == focusWidget(); });
+  if (found == widgets_.end() || IsReadOnly(*focusWidget())) {
+    return nullptr;
+  }
+  const ControlKind kind = found->first->Kind();
+  return kind == ControlKind::TextBox || kind == ControlKind::ComboBox ? found->first : nullptr;
+}
+
+/// Whether a box or a modal form is to be answered first.
+bool FormWindow::IsBlocked() const {
+  const QWidget* const modal = QApplication::activeModalWidget();
+  return modal != nullptr && modal != this;
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  const QWidget* modal = QApplication::activeModalWidget();
-  if (modal != nullptr && modal != this) {
-    return;  // a box or a modal form is to be answered first
+  if (!IsBlocked()) {
+    ActOn(form_, [this] { form_.lock()->CloseBox(); });
   }
-  ActOn(form_, [this] { form_.lock()->CloseBox(); });
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  // A key that is held must not answer the box that it brings up.
+  if (!plain || !IsOfForm(*event) || event->isAutoRepeat() || IsBlocked()) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  const bool enter = IsEnter(*event);
+  event->accept();
+  ActOn(form_, [&] {
+    const auto form = form_.lock();
+    enter ? form->PressEnter(BoxWithKeyboard()) : form->PressEscape();
+  });
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  // Contents that have become visible have made the window grow; where the user sizes it, it may go.
+  if (isVisible() && !event->spontaneous()) {
+    KeepOnScreen();
+  }
+}
+
+void FormWindow::KeepOnScreen() {
+  const QRect room = screen()->availableGeometry();
+  QRect frame = frameGeometry();
+  frame.moveRight(std::min(frame.right(), room.right()));
+  frame.moveBottom(std::min(frame.bottom(), room.bottom()));
+  frame.moveLeft(std::max(frame.left(), room.left()));
+  frame.moveTop(std::max(frame.top(), room.top()));
+  if (frame.topLeft() != frameGeometry().topLeft()) {
+    move(frame.topLeft());
+  }
 }
 
 void FormWindow::changeEvent(QEvent* event) {

@@ -12,6 +12,7 @@
 
 namespace koprax {
 
+class ContentsArea;
 class PictureWidget;
 
 class FormWindow final : public QWidget {
@@ -36,15 +37,24 @@ class FormWindow final : public QWidget {
 
   /// The widget of a control, or null for what has none.
   [[nodiscard]] QWidget* WidgetOf(const Control& control) const;
+  /// All that the window shows, whole, however much of it can be seen.
+  [[nodiscard]] QWidget& Contents() const;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* MakeWidget(Control& control, QWidget& parent);
   [[nodiscard]] PictureWidget* PictureUnder(const Control& overlay) const;
+  [[nodiscard]] const Control* BoxWithKeyboard() const;
+  [[nodiscard]] QWidget* FirstOfUse() const;
+  [[nodiscard]] bool IsBlocked() const;
+  void KeepOnScreen();
 
+  ContentsArea* contents_;
   std::weak_ptr<Form> form_;
   const Form* const identity_;
   std::function<void(Form&)> activated_;

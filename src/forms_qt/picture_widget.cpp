@@ -63,29 +63,45 @@ void PictureWidget::OverlayChanged(const Control& overlay) {
   covered = area;
 }
 
-void PictureWidget::paintEvent(QPaintEvent* event) {
+void PictureWidget::paintEvent(QPaintEvent* /*event*/) {
   update_asked_ = false;
   ActOn(form_, [&] {
-    BringPaperUpToDate();
     QPainter painter(this);
-    painter.setClipRegion(event->region());
+    const Grid grid = CountInPixels(painter);
+    BringPaperUpToDate(grid);
     painter.drawPixmap(0, 0, paper_);
-    PaintOverlays(painter);
+    PaintOverlays(painter, grid);
   });
 }
 
-void PictureWidget::BringPaperUpToDate() {
-  const double density = devicePixelRatioF();
-  const QSize pixels = (QSizeF(size()) * density).toSize().expandedTo({1, 1});
-  const bool fits = paper_.size() == pixels && paper_.devicePixelRatio() == density;
+/// Lets a painter count in whole pixels, from the one in which the corner of the widget lies: what is drawn
+/// where the mouse was pressed has to come into the very pixel under the mouse.
+PictureWidget::Grid PictureWidget::CountInPixels(QPainter& painter) {
+  const QTransform to_pixels = painter.deviceTransform();
+  const QPointF corner(to_pixels.dx(), to_pixels.dy());
+  const QPointF first(PixelAt(corner.x()), PixelAt(corner.y()));
+  painter.setWorldTransform(QTransform::fromTranslate(first.x(), first.y()) * to_pixels.inverted());
+  return {.Density = to_pixels.m11(), .Corner = corner - first};
+}
+
+SurfaceMap PictureWidget::PixelMap(const Grid& grid) const {
+  return {picture_.Scale(), QSizeF(size()) * grid.Density, grid.Corner};
+}
+
+void PictureWidget::BringPaperUpToDate(const Grid& grid) {
+  const QSizeF covered = QSizeF(size()) * grid.Density;
+  const QSize pixels(static_cast<int>(std::ceil(grid.Corner.x() + covered.width())),
+                     static_cast<int>(std::ceil(grid.Corner.y() + covered.height())));
+  const bool fits = paper_.size() == pixels && paper_grid_ == grid;
   if (fits && paper_revision_ == picture_.Revision()) {
     return;
   }
   if (fits && PaperOnlyLacksTheEnd()) {
     PaintOnPaper(paper_operations_);
   } else {
-    paper_ = QPixmap(pixels);
+    paper_ = QPixmap(pixels.expandedTo({1, 1}));
     paper_.fill(Qt::white);
+    paper_grid_ = grid;
     PaintOnPaper(0);
   }
   paper_revision_ = picture_.Revision();
@@ -100,40 +116,35 @@ bool PictureWidget::PaperOnlyLacksTheEnd() const {
 }
 
 void PictureWidget::PaintOnPaper(std::size_t first_operation) {
-  const double density = devicePixelRatioF();
   const auto operations = std::span(picture_.Operations()).subspan(first_operation);
-  // In device pixels, so that lines can be laid on whole ones at fractional densities too.
-  paper_.setDevicePixelRatio(1);
-  {
-    QPainter painter(&paper_);
-    SurfacePainter(painter, picture_.Scale(), QSizeF(size()) * density, std::max(1.0, density))
-        .Paint(operations);
-  }
-  paper_.setDevicePixelRatio(density);
+  QPainter painter(&paper_);
+  SurfacePainter(painter, PixelMap(paper_grid_), std::max(1.0, paper_grid_.Density)).Paint(operations);
   operations_painted_ += operations.size();
 }
 
-void PictureWidget::PaintOverlays(QPainter& painter) const {
+void PictureWidget::PaintOverlays(QPainter& painter, const Grid& grid) const {
+  const SurfaceMap map = PixelMap(grid);
+  const auto pixel_of = [](QPointF place) { return QPointF(PixelAt(place.x()), PixelAt(place.y())); };
+  const auto pen_width = [&](int width) { return std::max(1.0, std::round(width * grid.Density)); };
   painter.setBrush(Qt::NoBrush);
   for (const Control* overlay : overlays_) {
     if (!overlay->Visible) {
       continue;
     }
-    const QRectF place = PlaceOf(*overlay);
     if (const auto* line = dynamic_cast<const LineShape*>(overlay)) {
-      painter.setPen(QPen(ToQColor(line->BorderColor), line->BorderWidth, Qt::SolidLine, Qt::FlatCap));
-      const SurfaceMap map(picture_.Scale(), size());
-      painter.drawLine(map.ToDevice(line->X1.Get(), line->Y1.Get()),
-                       map.ToDevice(line->X2.Get(), line->Y2.Get()));
+      painter.setPen(
+          QPen(ToQColor(line->BorderColor), pen_width(line->BorderWidth), Qt::SolidLine, Qt::FlatCap));
+      painter.drawLine(pixel_of(map.ToDevice(line->X1.Get(), line->Y1.Get())),
+                       pixel_of(map.ToDevice(line->X2.Get(), line->Y2.Get())));
     } else {
-      painter.setPen(QPen(Qt::black, 1, Qt::DashLine));
-      painter.drawRect(place);
+      painter.setPen(QPen(Qt::black, pen_width(1), Qt::DashLine));
+      const QRectF place = PlaceOf(*overlay, map);
+      painter.drawRect(QRectF(pixel_of(place.topLeft()), pixel_of(place.bottomRight())));
     }
   }
 }
 
-QRectF PictureWidget::PlaceOf(const Control& overlay) const {
-  const SurfaceMap map(picture_.Scale(), size());
+QRectF PictureWidget::PlaceOf(const Control& overlay, const SurfaceMap& map) {
   if (const auto* line = dynamic_cast<const LineShape*>(&overlay)) {
     return QRectF(map.ToDevice(line->X1.Get(), line->Y1.Get()), map.ToDevice(line->X2.Get(), line->Y2.Get()))
         .normalized();
@@ -148,7 +159,8 @@ QRectF PictureWidget::PlaceOf(const Control& overlay) const {
 QRect PictureWidget::RepaintArea(const Control& overlay) const {
   const auto* const line = dynamic_cast<const LineShape*>(&overlay);
   const int margin = line != nullptr ? line->BorderWidth + 1 : 2;
-  return overlay.Visible ? PlaceOf(overlay).toAlignedRect().adjusted(-margin, -margin, margin, margin)
+  const SurfaceMap map(picture_.Scale(), size());
+  return overlay.Visible ? PlaceOf(overlay, map).toAlignedRect().adjusted(-margin, -margin, margin, margin)
                          : QRect();
 }
 

@@ -10,6 +10,7 @@
 
 #include "forms/control.h"
 #include "forms/form.h"
+#include "forms_qt/surface_painter.h"
 
 namespace koprax {
 
@@ -42,12 +43,21 @@ class PictureWidget final : public QWidget {
   // Below this share of its design size the labels of a plot could hardly be read.
   static constexpr double LeastShareOfDesign = 0.85;
 
-  void BringPaperUpToDate();
+  /// How the widget lies on the pixels of what it is painted on.
+  struct Grid {
+    double Density = 1;  ///< pixels to a unit of the widget
+    QPointF Corner{};    ///< of the widget in its first pixel, where densities are fractions
+    bool operator==(const Grid&) const = default;
+  };
+  static Grid CountInPixels(QPainter& painter);
+
+  void BringPaperUpToDate(const Grid& grid);
   void PaintOnPaper(std::size_t first_operation);
+  [[nodiscard]] SurfaceMap PixelMap(const Grid& grid) const;
   [[nodiscard]] bool PaperOnlyLacksTheEnd() const;
   [[nodiscard]] QPointF ToPicture(QPointF position) const;
-  void PaintOverlays(QPainter& painter) const;
-  [[nodiscard]] QRectF PlaceOf(const Control& overlay) const;
+  void PaintOverlays(QPainter& painter, const Grid& grid) const;
+  [[nodiscard]] static QRectF PlaceOf(const Control& overlay, const SurfaceMap& map);
   [[nodiscard]] QRect RepaintArea(const Control& overlay) const;
 
   PictureBox& picture_;
@@ -56,6 +66,7 @@ class PictureWidget final : public QWidget {
   std::map<const Control*, QRect> overlay_areas_;  // what each covers on the screen now
 
   QPixmap paper_;
+  Grid paper_grid_;
   std::uint64_t paper_revision_ = 0;
   std::size_t paper_operations_ = 0;
   bool update_asked_ = false;

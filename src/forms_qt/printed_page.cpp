@@ -34,7 +34,7 @@ bool PaintPage(const Printer& printer, QPagedPaintDevice& device, int dots_per_i
     return false;
   }
   const double dots_per_millimetre = dots_per_inch / MillimetresPerInch;
-  SurfacePainter(painter, printer.Scale(), PaperSize(printer) * dots_per_millimetre,
+  SurfacePainter(painter, {printer.Scale(), PaperSize(printer) * dots_per_millimetre},
                  LineWidthMillimetres * dots_per_millimetre)
       .Paint(printer.Operations());
   return painter.end();

@@ -97,7 +97,7 @@ std::optional<std::string> QtPlatform::SavePicture(const PictureBox& picture, co
   image.fill(Qt::white);
   {
     QPainter painter(&image);
-    SurfacePainter(painter, picture.Scale(), image.size(), 1).Paint(picture.Operations());
+    SurfacePainter(painter, {picture.Scale(), image.size()}, 1).Paint(picture.Operations());
   }
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -128,7 +128,7 @@ std::optional<std::string> QtPlatform::Snapshot(Form& form, const std::string& p
   QByteArray image;
   QBuffer buffer(&image);
   buffer.open(QIODevice::WriteOnly);
-  if (!window->grab().save(&buffer, "PNG")) {
+  if (!window->Contents().grab().save(&buffer, "PNG")) {
     return "the image could not be made";
   }
   return WriteWhole(path, image);

@@ -1,6 +1,14 @@
 #include "forms_qt/qt_text.h"
 
+#include <QTextDocument>
+
 namespace koprax {
+
+namespace {
+
+constexpr qsizetype LongestToolTip = 70;  // of one line
+
+}  // namespace
 
 QString ToQt(std::string_view text) {
   QString result = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -21,6 +29,16 @@ QString WithoutMnemonic(const QString& caption) {
     result += caption[i];
   }
   return result;
+}
+
+QString ToToolTip(std::string_view text) {
+  const QString plain = ToQt(text);
+  if (plain.size() <= LongestToolTip && !Qt::mightBeRichText(plain)) {
+    return plain;
+  }
+  // Only rich text is wrapped.
+  return QLatin1String("<qt>") + plain.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")) +
+         QLatin1String("</qt>");
 }
 
 }  // namespace koprax

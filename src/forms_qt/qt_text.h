@@ -14,4 +14,7 @@ namespace koprax {
 /// A caption for a place that has no mnemonics: "&&" and "&" as a person reads them.
 [[nodiscard]] QString WithoutMnemonic(const QString& caption);
 
+/// A tool tip that shows the text as it is, in lines of readable length.
+[[nodiscard]] QString ToToolTip(std::string_view text);
+
 }  // namespace koprax

@@ -15,8 +15,8 @@ double SurfaceMap::FontHeight(double points) const {
   return points * scale_.UnitsPerPoint * std::min(std::abs(x_factor_), std::abs(y_factor_));
 }
 
-SurfacePainter::SurfacePainter(QPainter& painter, const UserScale& scale, QSizeF size, double line_width)
-    : painter_(painter), map_(scale, size), line_width_(line_width) {}
+SurfacePainter::SurfacePainter(QPainter& painter, const SurfaceMap& map, double line_width)
+    : painter_(painter), map_(map), line_width_(line_width) {}
 
 void SurfacePainter::Paint(std::span<const DrawingOperation> operations) {
   for (const DrawingOperation& operation : operations) {
@@ -83,7 +83,7 @@ void SurfacePainter::PaintCurve(const QColor& colour) {
 
 void SurfacePainter::FillSegment(QPointF from, QPointF to, const QColor& colour) {
   const double width = std::max(1.0, std::round(line_width_));
-  const auto edge = [&](double centre) { return std::floor(centre - width / 2 + 0.5); };
+  const auto edge = [&](double centre) { return PixelAt(centre - width / 2 + 0.5); };
   const QPointF low(edge(std::min(from.x(), to.x())), edge(std::min(from.y(), to.y())));
   const QPointF high(edge(std::max(from.x(), to.x())) + width, edge(std::max(from.y(), to.y())) + width);
   painter_.setRenderHint(QPainter::Antialiasing, false);

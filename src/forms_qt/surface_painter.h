@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPointF>
 #include <QSizeF>
+#include <cmath>
 #include <span>
 #include <vector>
 
@@ -18,21 +19,26 @@ namespace koprax {
           static_cast<int>((colour >> 16U) & 0xFFU)};
 }
 
-/// The way between a user scale and a device area of a given size; x and y go on their own.
+/// The pixel that a place on a device lies in. A place that the rounding to 32 bits has put just before its
+/// pixel counts as in it.
+[[nodiscard]] inline double PixelAt(double place) { return std::floor(place + 1.0 / 64); }
+
+/// The way between a user scale and a device area of a given corner and size; x and y go on their own.
 class SurfaceMap {
  public:
-  SurfaceMap(const UserScale& scale, QSizeF size)
+  SurfaceMap(const UserScale& scale, QSizeF size, QPointF corner = {})
       : scale_(scale),
+        corner_(corner),
         x_factor_(size.width() / static_cast<double>(scale.Width)),
         y_factor_(size.height() / static_cast<double>(scale.Height)) {}
 
   [[nodiscard]] QPointF ToDevice(double x, double y) const {
-    return {(x - static_cast<double>(scale_.Left)) * x_factor_,
-            (y - static_cast<double>(scale_.Top)) * y_factor_};
+    return {corner_.x() + (x - static_cast<double>(scale_.Left)) * x_factor_,
+            corner_.y() + (y - static_cast<double>(scale_.Top)) * y_factor_};
   }
   [[nodiscard]] QPointF ToUser(QPointF point) const {
-    return {static_cast<double>(scale_.Left) + point.x() / x_factor_,
-            static_cast<double>(scale_.Top) + point.y() / y_factor_};
+    return {static_cast<double>(scale_.Left) + (point.x() - corner_.x()) / x_factor_,
+            static_cast<double>(scale_.Top) + (point.y() - corner_.y()) / y_factor_};
   }
   /// The height of a font of that size, in device units: text keeps its share of the area.
   [[nodiscard]] double FontHeight(double points) const;
@@ -40,16 +46,17 @@ class SurfaceMap {
 
  private:
   UserScale scale_;
+  QPointF corner_;
   double x_factor_;
   double y_factor_;
 };
 
 /// Paints operations on an area of a device, in whole device units (pixels of the screen, dots of a
-/// printer), its top left corner at the painter's origin.
+/// printer).
 class SurfacePainter {
  public:
   /// `line_width` in device units; the thinnest line of the screen has 1.
-  SurfacePainter(QPainter& painter, const UserScale& scale, QSizeF size, double line_width);
+  SurfacePainter(QPainter& painter, const SurfaceMap& map, double line_width);
 
   void Paint(std::span<const DrawingOperation> operations);
 

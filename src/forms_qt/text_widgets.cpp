@@ -1,13 +1,18 @@
 // Text boxes of one and of many lines, and combo boxes.
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "forms_qt/control_widget.h"
 #include "forms_qt/greek_letters.h"
+#include "forms_qt/keys.h"
 #include "forms_qt/qt_fonts.h"
 #include "forms_qt/qt_text.h"
 
@@ -15,8 +20,10 @@ namespace koprax {
 
 namespace {
 
-// A box may be pressed down to this width when its window is short of room.
+// A box may be pressed down to this width when its window is short of room. A value that can only be read
+// stays whole; of a title the start will do.
 constexpr int LeastColumns = 8;
+constexpr int LeastLockedColumns = 20;
 
 int TextWidth(const QWidget& widget, int columns) {
   return columns * widget.fontMetrics().horizontalAdvance(QLatin1Char('0'));
@@ -29,7 +36,30 @@ class LineEdit final : public QLineEdit {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   }
   [[nodiscard]] QSize sizeHint() const override { return HintFor(columns_); }
-  [[nodiscard]] QSize minimumSizeHint() const override { return HintFor(std::min(columns_, LeastColumns)); }
+  [[nodiscard]] QSize minimumSizeHint() const override {
+    return HintFor(std::min(columns_, isReadOnly() ? LeastLockedColumns : LeastColumns));
+  }
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool cut = TextWidth(*this, 1) + fontMetrics().horizontalAdvance(text().trimmed()) > width();
+    if (event->type() != QEvent::ToolTip || !isReadOnly() || !cut || !toolTip().isEmpty()) {
+      return QLineEdit::event(event);
+    }
+    QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), ToToolTip(FromQt(text().trimmed())),
+                       this);
+    return true;
+  }
+  /// A box that can't be typed in has the colour of its window.
+  void initStyleOption(QStyleOptionFrame* option) const override {
+    QLineEdit::initStyleOption(option);
+    if (isReadOnly()) {
+      option->palette.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+    }
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    IsOfForm(*event) ? event->ignore() : QLineEdit::keyPressEvent(event);
+  }
 
  private:
   [[nodiscard]] QSize HintFor(int columns) const {
@@ -49,6 +79,11 @@ class TextEdit final : public QPlainTextEdit {
     return HintFor(std::min(columns_, LeastColumns), std::min(rows_, 2));
   }
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    isReadOnly() && IsOfForm(*event) ? event->ignore() : QPlainTextEdit::keyPressEvent(event);
+  }
+
  private:
   [[nodiscard]] QSize HintFor(int columns, int rows) const {
     const int edge = 2 * frameWidth() + static_cast<int>(2 * document()->documentMargin());
@@ -57,6 +92,18 @@ class TextEdit final : public QPlainTextEdit {
   }
   int columns_;
   int rows_;
+};
+
+class Combo final : public QComboBox {
+ public:
+  explicit Combo(QWidget& parent) : QComboBox(&parent) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    IsOfForm(*event) ? event->ignore() : QComboBox::keyPressEvent(event);
+  }
+  /// A wheel that turns over the box scrolls the window and chooses nothing.
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
 /// What boxes of one and of many lines have in common.
@@ -115,6 +162,7 @@ class SingleLine final : public TextBoxWidget {
   void ApplyLocked(bool locked) override {
     edit_.setReadOnly(locked);
     edit_.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
+    edit_.updateGeometry();
   }
 
  private:
@@ -157,7 +205,10 @@ class ManyLines final : public TextBoxWidget {
       edit_.moveCursor(QTextCursor::StartOfLine);  // of a wide line its beginning
     }
   }
-  void ApplyLocked(bool locked) override { edit_.setReadOnly(locked); }
+  void ApplyLocked(bool locked) override {
+    edit_.setReadOnly(locked);
+    edit_.viewport()->setBackgroundRole(locked ? QPalette::Window : QPalette::Base);
+  }
 
  private:
   TextEdit& edit_;
@@ -228,7 +279,7 @@ std::unique_ptr<ControlWidget> MakeTextBox(TextBox& box, QWidget& parent) {
 }
 
 std::unique_ptr<ControlWidget> MakeComboBox(ComboBox& box, QWidget& parent) {
-  return std::make_unique<ComboWidget>(box, *new QComboBox(&parent));
+  return std::make_unique<ComboWidget>(box, *new Combo(parent));
 }
 
 }  // namespace koprax

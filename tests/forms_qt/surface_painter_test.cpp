@@ -16,7 +16,7 @@ QImage Painted(const std::vector<DrawingOperation>& operations) {
   image.fill(Qt::white);
   QPainter painter(&image);
   const UserScale scale{.Left = 0, .Top = 0, .Width = 20, .Height = 10};
-  SurfacePainter(painter, scale, QSizeF(80, 40), 1).Paint(operations);
+  SurfacePainter(painter, {scale, QSizeF(80, 40)}, 1).Paint(operations);
   return image;
 }
 
