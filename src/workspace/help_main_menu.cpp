@@ -194,8 +194,8 @@ the positions of indexed peaks, for all crystal systems.
    approximate cell in angstrom and degrees, and press "Quit" to take it.
 3) In "Peak generation" give a range of 2-theta and press "OK". All h, k, l in
    it are listed, those that are extinct by symmetry too, and equivalent ones
-   each by itself. The list ends with 300 of them, which are then not those of
-   lowest angle: choose a smaller range.
+   each by itself. The list holds 300. Where there are more you are told; what
+   is listed need not be those of lowest angle, so choose a smaller range.
 4) In "Peak indexation" click near a peak in the picture; the nearest one
    becomes blue. Type its H, K and L. "OK" shows where the cell puts it. If it
    fits, press "Accept"; "Refuse" makes the peak red again. What is accepted is

@@ -33,9 +33,9 @@ constexpr std::string_view Background =
     R"TEXT(Command "Background" starts a ROBUST smoothing procedure for estimating the background outline.
 
 1) Give the approximate FWHM of the Bragg peaks in units of 2-theta, or the
-   number N of points to average over. A number above 5 is taken for N. One up
-   to 5 is taken for a FWHM, and N is three times as wide; this needs a profile
-   of constant step. An odd N is raised by one.
+   number N of points to average over. A number above 5 is taken for N. A
+   number of 5 or less is taken for a FWHM, and N is three times as wide; this
+   needs a profile of constant step. An odd N is raised by one.
 2) The highest points are cut off, and the curve is smoothed. Each point
    becomes the mean of the points that lie 10 to N/2 positions away on either
    side; the nearest ones are left out. With N below 20 the four outermost

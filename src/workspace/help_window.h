@@ -23,7 +23,7 @@ class Form5 final : public Form {
                  .Locked = true,
                  .MultiLine = true,
                  .Wraps = true,
-                 .Columns = 82,
+                 .Columns = 84,
                  .Rows = 26}};
 };
 
