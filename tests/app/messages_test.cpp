@@ -105,7 +105,7 @@ class Listing {
 ///   show LETTERS                displays buffers
 ///   drag FORM X Y X Y           presses the mouse at one place of the picture and lets it go at another one
 ///   times N COMMAND; COMMAND    the same again and again
-///   fail print|picture|setting REASON     the machine can't do that from now on; "" and it can again
+///   fail print|picture|reading|setting REASON    the machine can't do that from now on; "" and it can again
 ///   screen RESULT               the machine has modes of 16 bits; what a change comes to
 class Walk {
  public:
@@ -194,6 +194,7 @@ class Walk {
       auto& platform = session_->Platform();
       (name == "print"     ? platform.PrintFailure
        : name == "picture" ? platform.PictureFailure
+       : name == "reading" ? platform.ReadingFailure
                            : platform.SettingFailure) = reason.empty() ? std::nullopt : std::optional(reason);
     } else if (verb == "screen") {
       auto& machine = session_->Platform().Host;

@@ -63,6 +63,7 @@ class MemoryPlatform final : public Platform {
     return PictureFailure;
   }
   LoadedImage LoadPicture(const std::string& path) override {
+    if (ReadingFailure) return *ReadingFailure;
     if (!Pictures.contains(path)) return "no picture was saved there";
     return PixelImage{.Width = 2, .Height = 1, .Pixels = {colours::Red, colours::Blue}};
   }
@@ -77,6 +78,7 @@ class MemoryPlatform final : public Platform {
   std::map<std::string, std::vector<DrawingOperation>> Printed;
   std::map<std::string, std::vector<DrawingOperation>> Pictures;
   std::optional<std::string> PictureFailure;
+  std::optional<std::string> ReadingFailure;
   std::map<std::string, std::string> Snapshots;  ///< form by path
   std::optional<std::string> PrintFailure;
   std::optional<std::string> SnapshotFailure;
