@@ -42,7 +42,8 @@ class Form30 final : public Form {
 
   PictureBox Picture1{*this, "Picture1", TallPlotPicture("Plot of the computed profile")};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};
-  TextBox Text1{*this, "Text1", {.Meaning = "2-theta under the mouse", .Locked = true, .Columns = 18}};
+  TextBox Text1{
+      *this, "Text1", {.Meaning = "2-theta or channel under the mouse", .Locked = true, .Columns = 18}};
   TextBox Text2{
       *this, "Text2", {.Meaning = "Lattice spacing d under the mouse", .Locked = true, .Columns = 18}};
   TextBox Text3{*this, "Text3", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 18}};

@@ -69,7 +69,8 @@ class Form15 final : public Form {
   PictureBox Picture1{*this, "Picture1", TallPlotPicture("Enlarged part of the plot")};
   LineShape Line1{Picture1, "Line1", colours::Blue, 0, 15, 0, 90};
   PictureBox Picture2{*this, "Picture2", LegendPicture()};
-  TextBox Text1{*this, "Text1", {.Meaning = "2-theta under the mouse", .Locked = true, .Columns = 18}};
+  TextBox Text1{
+      *this, "Text1", {.Meaning = "2-theta or channel under the mouse", .Locked = true, .Columns = 18}};
   TextBox Text2{
       *this, "Text2", {.Meaning = "Lattice spacing d under the mouse", .Locked = true, .Columns = 14}};
   TextBox Text3{*this, "Text3", {.Meaning = "Intensity under the mouse", .Locked = true, .Columns = 14}};

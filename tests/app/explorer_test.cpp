@@ -139,6 +139,7 @@ TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
             (Json{true, false, 11.5, 15.5}));
   EXPECT_EQ(Value("state WorkNpts(a)"), 101);  // nothing is cut
   EXPECT_EQ(Values("WorkYMax(a) Form15.Line1.Visible"), (Json{1000.0, true}));
+  EXPECT_NE(Get("Form15.Picture1.ToolTip").get<std::string>().find("picks"), std::string::npos);
   EXPECT_EQ(Segments("Form15"), 40);  // 41 points, both ends in
   // 23.75 units a degree; the top at 90 was 1052.63 counts: 0.0676875 a count. The markers are 7 long.
   EXPECT_EQ(Markers("Form15", 0), (Texts{"33.0625: 45.075 to 52.075", "103.125: 85.6875 to 92.6875"}));

@@ -77,10 +77,13 @@ TEST_F(SeveralProfilesTest, AZoomOpensAPartAndItsEndGivesTheCommandsBack) {
   Display("abc");
   EXPECT_EQ(CommandsAfter("Form2.cmdZoom"), "+-----");
   EXPECT_EQ(Get("Form2.Picture1.MousePointer"), 2);
+  EXPECT_THAT(Get("Form2.Picture1.ToolTip"), HasSubstr("drag"));
   EXPECT_NE(Refusal("close Form2"), "");
   Drag("67.5 89", "80 20");
   EXPECT_EQ(Get("Form2.Picture1.MousePointer"), 1);
+  EXPECT_THAT(Get("Form2.Picture1.ToolTip"), HasSubstr("\"OK\""));
   EXPECT_EQ(CommandsAfter("Form2.optNO"), "+-++++");
+  EXPECT_THAT(Get("Form2.Picture1.ToolTip"), HasSubstr("boxes"));
   Click("Form2.cmdZoom");
   // 95 units for 15 degrees: 12.5 stands at 67.5, 17.5 near 99.17; 74 units are 1039 counts.
   Drag("67.5 89", "99.166664 20");
