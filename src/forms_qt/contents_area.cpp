@@ -1,6 +1,7 @@
 #include "forms_qt/contents_area.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 #include <QStyle>
 
@@ -38,7 +39,11 @@ QSize ContentsArea::WithinScreen(QSize wanted) const {
 
 bool ContentsArea::eventFilter(QObject* watched, QEvent* event) {
   if (watched == widget() && event->type() == QEvent::LayoutRequest) {
-    updateGeometry();  // the contents want another size, so the window does
+    // The contents want another size, so the window does, in the same turn of events.
+    updateGeometry();
+    if (QLayout* const around = parentWidget()->layout(); around != nullptr && isVisible()) {
+      around->activate();
+    }
   }
   return QScrollArea::eventFilter(watched, event);
 }

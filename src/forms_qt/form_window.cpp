@@ -26,6 +26,15 @@ bool IsHelp(const QWidget& widget) {
   return button != nullptr && button->text() == QLatin1String("?");
 }
 
+/// How likely somebody is to start with a control.
+int UseOf(const QWidget& widget) {
+  const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
+  if (button != nullptr && !button->shortcut().isEmpty()) {
+    return 2;
+  }
+  return IsReadOnly(widget) ? 0 : 1;
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, std::function<void(Form&)> activated)
@@ -80,6 +89,7 @@ void FormWindow::Display(bool modal) {
   if (!testAttribute(Qt::WA_Resized)) {
     resize(sizeHint());
   }
+  setAttribute(Qt::WA_KeyboardFocusChange);  // shows who has the keyboard before a key has been pressed
   if (QWidget* const first = focusWidget() == nullptr ? FirstOfUse() : nullptr) {
     first->setFocus(Qt::TabFocusReason);
   }
@@ -151,21 +161,18 @@ PictureWidget* FormWindow::PictureUnder(const Control& overlay) const {
                                         : dynamic_cast<PictureWidget*>(WidgetOf(*overlay.Container()));
 }
 
-/// The first control that somebody would use; help comes after that, and what is only read.
+/// Where the keyboard is when the window opens: the first command with a letter of its own; without one, the
+/// first control that somebody would use, help excepted; else the first that can be read.
 QWidget* FormWindow::FirstOfUse() const {
-  QWidget* only_read = nullptr;
+  QWidget* first = nullptr;
   for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
     const bool reached =
         (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabledTo(this) && widget->isVisibleTo(this);
-    if (!reached || IsHelp(*widget)) {
-      continue;
+    if (reached && !IsHelp(*widget) && (first == nullptr || UseOf(*widget) > UseOf(*first))) {
+      first = widget;
     }
-    if (!IsReadOnly(*widget)) {
-      return widget;
-    }
-    only_read = only_read == nullptr ? widget : only_read;
   }
-  return only_read;
+  return first;
 }
 
 /// The control that has the keyboard, if it is a box that can be typed in.

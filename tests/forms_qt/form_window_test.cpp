@@ -1,4 +1,6 @@
 // A window of every kind of control, worked with mouse and keyboard through its real widgets.
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -7,6 +9,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <deque>
 
 #include "view_fixture.h"
 
@@ -89,6 +95,135 @@ TEST_F(FormWindowTest, TabGoesThroughTheLayoutPastLockedBoxes) {
   }
   EXPECT_EQ(order,
             (std::vector<std::string>{"cmdStart", "Command1", "optA", "optB", "Check1", "Text1", "Text3"}));
+}
+
+class KeyForm final : public Form {
+ public:
+  explicit KeyForm(Desktop& desk) : Form(desk, "Keys", "") {
+    SetLayout(Column({cmdHelp, Text1, Text2, Row({Combo1, Check1}),
+                      Framed(Frame1, Column({optA, optB, optC})), cmdOK, cmdCancel}));
+    EnterClicks(cmdOK);
+    EscapeClicks(cmdCancel);
+    cmdOK.OnClick = [this] { ++Accepted; };
+    cmdCancel.OnClick = [this] { ++Cancelled; };
+    optA.OnClick = [this] { ++Chosen; };
+    optC.OnClick = [this] { ++Chosen; };
+    optB.Enabled = false;
+  }
+
+  int Accepted = 0;
+  int Cancelled = 0;
+  int Chosen = 0;
+  Button cmdHelp{*this, "cmdHelp", {.Caption = "?"}};
+  TextBox Text1{*this,
+                "Text1",
+                {.Meaning = "Points read",
+                 .Text = "1\r\n2\r\n3\r\n4\r\n5",
+                 .Locked = true,
+                 .MultiLine = true,
+                 .Rows = 2}};
+  TextBox Text2{*this, "Text2", {.Meaning = "Scale factor", .Text = "1"}};
+  ComboBox Combo1{*this, "Combo1", {.Meaning = "Wavelength", .Items = {"first", "second"}}};
+  CheckBox Check1{*this, "Check1", {.Caption = "tick"}};
+  Frame Frame1{*this, "Frame1", {.Caption = "Choices"}};
+  OptionButton optA{*this, "optA", {.Caption = "a"}};
+  OptionButton optB{*this, "optB", {.Caption = "b"}};
+  OptionButton optC{*this, "optC", {.Caption = "c"}};
+  Button cmdOK{*this, "cmdOK", {.Caption = "OK"}};
+  Button cmdCancel{*this, "cmdCancel", {.Caption = "Cancel"}};
+};
+
+TEST_F(FormWindowTest, KeysWorkTheWholeForm) {
+  KeyForm& form = Show<KeyForm>();
+  const auto focused = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+  const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+  EXPECT_EQ(focused(), "Text2") << "the first control of use";
+  press(Qt::Key_Return);
+  press(Qt::Key_Enter);
+  EXPECT_EQ(form.Accepted, 2);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(form.Cancelled, 1);
+
+  press(Qt::Key_Backtab);
+  ASSERT_EQ(focused(), "Text1");
+  const QScrollBar& bar = *Widget<QPlainTextEdit>(form.Text1).verticalScrollBar();
+  press(Qt::Key_PageDown);
+  EXPECT_GT(bar.value(), 0) << "a locked list is read by keys";
+  press(Qt::Key_Return);
+  EXPECT_EQ(form.Accepted, 3);
+  press(Qt::Key_Tab);
+  press(Qt::Key_Tab);
+  ASSERT_EQ(focused(), "Combo1");
+  press(Qt::Key_Return);
+  EXPECT_EQ(form.Accepted, 4);
+  auto& combo = Widget<QComboBox>(form.Combo1);
+  combo.showPopup();
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(combo.view()->isVisible());
+  EXPECT_EQ(form.Cancelled, 1) << "an open list takes the key";
+
+  combo.setFocus();
+  press(Qt::Key_Tab);
+  press(Qt::Key_Return);
+  EXPECT_EQ(form.Check1.Value, 1);
+  press(Qt::Key_Tab);
+  press(Qt::Key_Down);
+  EXPECT_EQ(focused(), "optC") << "past the one that is off";
+  press(Qt::Key_Right);
+  EXPECT_EQ(focused(), "optA");
+  EXPECT_EQ(form.Chosen, 0) << "going to an option chooses nothing";
+  press(Qt::Key_Return);
+  EXPECT_TRUE(form.optA.Value);
+  EXPECT_EQ(form.Accepted, 4);
+}
+
+TEST_F(FormWindowTest, EveryControlHasANameToBeSpoken) {
+  KeyForm& form = Show<KeyForm>();
+  const auto spoken = [&](const Control& control) {
+    return QAccessible::queryAccessibleInterface(&Widget(control))->text(QAccessible::Name).toStdString();
+  };
+  EXPECT_EQ(spoken(form.Text1), "Points read");
+  EXPECT_EQ(spoken(form.Text2), "Scale factor");
+  EXPECT_EQ(spoken(form.Combo1), "Wavelength");
+  EXPECT_EQ(spoken(form.Frame1), "Choices");
+  EXPECT_EQ(spoken(form.cmdOK), "OK");
+}
+
+TEST_F(FormWindowTest, AFormLargerThanTheScreenIsScrolledToWhatHasTheKeyboard) {
+  struct TallForm final : Form {
+    explicit TallForm(Desktop& desk) : Form(desk, "Tall", "") {
+      std::vector<LayoutNode> rows;
+      for (int i = 0; i < 40; ++i) rows.emplace_back(Check1.emplace_back(*this, "Check1", CaptionSetup{}, i));
+      for (std::size_t i = 20; i < 40; ++i) Check1[i].Visible = false;
+      SetLayout(Column(std::move(rows)));
+    }
+    std::deque<CheckBox> Check1;
+  };
+  TallForm& form = Show<TallForm>();
+  FormWindow& window = Window(form);
+  const QRect room = window.screen()->availableGeometry();
+  window.move(0, room.bottom() - window.height());
+  for (CheckBox& box : form.Check1) box.Visible = true;
+  Settle();
+  EXPECT_TRUE(room.contains(window.frameGeometry()));
+  EXPECT_GT(window.Contents().height(), room.height());
+  for (int i = 0; i < 39; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  const QWidget& last = Widget(form.Check1[39]);
+  EXPECT_TRUE(last.hasFocus());
+  EXPECT_FALSE(last.visibleRegion().isEmpty());
+
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("whole.png");
+  EXPECT_EQ(platform_.Snapshot(form, path.toStdString()), std::nullopt);
+  EXPECT_EQ(QImage(path).size(), window.Contents().size());
+}
+
+TEST_F(FormWindowTest, ToolTipsShowTheTextAsItIs) {
+  SampleForm& form = Show<SampleForm>();
+  form.cmdStart.ToolTip = "x <b>y</b>";
+  EXPECT_EQ(Widget(form.cmdStart).toolTip(), "<qt>x &lt;b&gt;y&lt;/b&gt;</qt>");
+  form.cmdStart.ToolTip = std::string(100, 'a') + "\r\nb";
+  EXPECT_EQ(Widget(form.cmdStart).toolTip(), "<qt>" + QString(100, 'a') + "<br>b</qt>") << "to be wrapped";
 }
 
 TEST_F(FormWindowTest, OptionsFollowTheControls) {

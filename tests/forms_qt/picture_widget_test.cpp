@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <cmath>
 
 #include "view_fixture.h"
 
@@ -68,6 +70,46 @@ TEST_F(PictureWidgetTest, MouseIsWhereItIsAtAnySizeAndDensity) {
       // One rounding of the exact value to 32 bits.
       EXPECT_FLOAT_EQ(form.Events.back().X, 123.03F / 3);
       EXPECT_FLOAT_EQ(form.Events.back().Y, 98 - 95.51F / 7);
+    }
+  }
+}
+
+/// The columns of a window, in pixels of its screen, that have this colour in a row.
+std::vector<int> ColumnsOf(QWidget& window, int row, QColor colour) {
+  const QImage image = window.grab().toImage();
+  std::vector<int> columns;
+  for (int x = 0; x < image.width(); ++x) {
+    if (image.pixelColor(x, row) == colour) columns.push_back(x);
+  }
+  return columns;
+}
+
+TEST_F(PictureWidgetTest, WhatIsDrawnAtTheMouseLandsInThePixelUnderIt) {
+  PlotForm& form = Show<PlotForm>();
+  QWidget& widget = Widget(form.Picture1);
+  for (const QScreen* screen : QApplication::screens()) {
+    const double density = screen->devicePixelRatio();
+    SCOPED_TRACE(density);
+    Window(form).move(screen->geometry().topLeft());
+    Window(form).resize(503, 401);
+    for (int pixel = 100; pixel < 140; ++pixel) {
+      const QPointF in_window(pixel / density, 60 / density);
+      const QPointF at = widget.mapFrom(&Window(form), in_window);
+      QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+      QCoreApplication::sendEvent(&widget, &move);
+      const float x = form.Events.back().X;
+      form.Line1.Move(x, 15, x, 90);
+      form.Picture1.Cls();
+      form.Picture1.Line(x, 2.5, x, 12, colours::Red);
+      Settle();
+      const int foot = static_cast<int>((Window(form).height() - 15) * density);
+      // A line of the width of one point of the screen covers the pixel alone, or one beside it, too.
+      const auto covers = [&](const std::vector<int>& columns) {
+        return static_cast<double>(columns.size()) <= std::round(density) &&
+               std::ranges::count(columns, pixel) == 1;
+      };
+      EXPECT_TRUE(covers(ColumnsOf(Window(form), 200, Qt::blue))) << pixel;
+      EXPECT_TRUE(covers(ColumnsOf(Window(form), foot, Qt::red))) << pixel;
     }
   }
 }

@@ -5,9 +5,12 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <cmath>
 
 #include "forms/printer.h"
 #include "view_fixture.h"
@@ -154,6 +157,42 @@ TEST_F(QtRuntimeTest, SettingsOutliveTheRun) {
   QtPlatform next_run;
   EXPECT_EQ(next_run.GetSetting("MyApp", "General", "DontShow", "0"), "1");
   EXPECT_TRUE(QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + "/MyApp.ini"));
+}
+
+TEST_F(QtRuntimeTest, ASettingThatCannotBeKeptIsTold) {
+  const QTemporaryDir folder;
+  QFile file(folder.filePath("file"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+  qputenv("XDG_CONFIG_HOME", file.fileName().toLocal8Bit());
+  const auto failure = runtime_.SaveSetting("MyApp", "General", "DontShow", "1");
+  qputenv("XDG_CONFIG_HOME", before);
+  EXPECT_NE(failure.value_or("").find("/file/MyApp.ini"), std::string::npos);
+}
+
+TEST_F(QtRuntimeTest, TheMachineTellsThePixelsOfTheScreenUnderAForm) {
+  PlainForm& form = Show<PlainForm>();
+  for (const QScreen* screen : QApplication::screens()) {
+    Window(form).move(screen->geometry().topLeft());
+    Settle();
+    const ScreenMode mode = runtime_.TheMachine().ScreenOf(form);
+    EXPECT_EQ(mode.Width, std::lround(800 * screen->devicePixelRatio()));
+    EXPECT_EQ(mode.Height, std::lround(600 * screen->devicePixelRatio()));
+  }
+}
+
+TEST_F(QtRuntimeTest, NumbersAreToldAsTheUsersSettingsWriteThem) {
+  const std::vector<std::pair<const char*, const char*>> settings{{"C.UTF-8", "0.8"}, {"de_DE.UTF-8", "0,8"}};
+  for (const auto& [locale, text] : settings) {
+    QProcess fresh;  // a program asks for them once
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("LC_ALL");
+    environment.insert("LC_NUMERIC", locale);
+    fresh.setProcessEnvironment(environment);
+    fresh.start(QCoreApplication::applicationFilePath(), {"--tell-number"});
+    ASSERT_TRUE(fresh.waitForFinished());
+    EXPECT_EQ(fresh.readAllStandardOutput(), QByteArray(text)) << locale;
+  }
 }
 
 TEST_F(QtRuntimeTest, SnapshotsNeedAShownForm) {

@@ -4,6 +4,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <iostream>
+
+#include "forms_qt/qt_machine.h"
 
 namespace {
 
@@ -30,5 +33,9 @@ int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  if (QApplication::arguments().contains("--tell-number")) {
+    std::cout << koprax::QtMachine().NumberText(0.8);
+    return 0;
+  }
   return RUN_ALL_TESTS();
 }
