@@ -46,11 +46,11 @@ class ComputedProfileTest : public testing::Test {
   }
   /// What lies above the frame: the curve, without the three texts of the labels.
   std::vector<LineOperation> Curve(TwoProfileOperation operation, int messages = 0) {
-    Surface picture{TallPlotPicture().Scale};
+    Surface picture{TallPlotPicture("").Scale};
     int told = 0;
     EXPECT_TRUE(DrawComputedProfile(Data, operation, picture, [&](const Message&) { ++told; }));
     EXPECT_EQ(told, messages);
-    Surface frame{TallPlotPicture().Scale};
+    Surface frame{TallPlotPicture("").Scale};
     Workspace other;
     (void)DrawAxes(other, {10, 20, Data.Sum.SumYMin, Data.Sum.SumYMax}, frame);
     std::vector<LineOperation> curve;
@@ -88,7 +88,7 @@ TEST_F(ComputedProfileTest, LabelsAndLegend) {
   Compute({50, 100}, 0, 100);
   for (const float step : {0.5F, 1.0F}) {
     Data.Buffer(2).WorkX[2] = step;
-    Surface picture{TallPlotPicture().Scale};
+    Surface picture{TallPlotPicture("").Scale};
     (void)DrawComputedProfile(Data, TwoProfileOperation::Sum, picture, [](const Message&) {});
     EXPECT_EQ(picture.Operations().at(picture.Operations().size() - 3),
               DrawingOperation(step < 0.97F
@@ -111,7 +111,7 @@ TEST_F(ComputedProfileTest, LimitsThatSpanNothing) {
   EXPECT_EQ(Curve(TwoProfileOperation::Sum, 1).size(), 1U);
   EXPECT_EQ(Data.Plot.ScaleY, scale);
   Data.PlotXMax = 10;
-  Surface picture{TallPlotPicture().Scale};
+  Surface picture{TallPlotPicture("").Scale};
   EXPECT_FALSE(DrawComputedProfile(Data, TwoProfileOperation::Sum, picture, [](const Message&) {}));
   EXPECT_TRUE(picture.Operations().empty());
 }
