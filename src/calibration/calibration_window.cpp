@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "display/mouse_tips.h"
 #include "files/calibration_commands.h"
 #include "files/peak_list_commands.h"
 #include "files/peak_list_window.h"
@@ -21,6 +22,17 @@ namespace {
 
 constexpr float StandardSpan = 120;  ///< degrees of 2-theta in Picture1
 constexpr XRange Channels{.Low = 0, .High = 4096};
+
+/// What the mouse does.
+namespace tips {
+constexpr const char* ReadOut = "The boxes below show 2-theta, y and d under the mouse.";
+constexpr const char* PickStandard = "Click on a peak of the standard.\nThen click on its partner below.";
+constexpr const char* PartnerBelow = "Click on the partner of the blue peak in the picture below.";
+constexpr const char* PickSample =
+    "Click on a peak of the sample.\nIts partner is a peak of the standard above.";
+constexpr const char* PartnerAbove = "Click on the partner of the blue peak in the picture above.";
+constexpr const char* Coupled = "\"accept\" takes the blue peaks as a couple.\n\"refuse\" leaves them.";
+}  // namespace tips
 
 /// The range of the standard after a shift to the right by so many degrees; nothing where 32 bits don't hold
 /// it apart.
@@ -207,23 +219,17 @@ void Form24::DrawStandardFrame(const XRange& range) {
 }
 
 void Form24::ShowMouseTips() {
+  std::string standard = state_.StandardLoaded ? tips::ReadOut : mouse_tips::NoPlot;
+  std::string sample = mouse_tips::NoPlot;
   const bool coupling = state_.CouplingActive && Frame1.Visible;
-  if (!coupling) {
-    Picture1.ToolTip =
-        state_.StandardLoaded ? "Move the mouse over the diagram to read 2-theta, y and d under it." : "";
-    Picture2.ToolTip = "";
-  } else if (cmdAccept.Enabled) {
-    Picture1.ToolTip = Picture2.ToolTip =
-        "\"accept\" takes the two blue peaks as a couple, \"refuse\" gives them up.";
-  } else {
-    Picture1.ToolTip = state_.PickStandard == 1
-                           ? "Click in the lower diagram on the measured peak that belongs to the blue one."
-                           : "Click on a peak of the standard that was measured in the lower diagram, too.";
-    Picture2.ToolTip =
-        state_.PickSample == 1
-            ? "Click in the upper diagram on the peak of the standard that belongs to the blue one."
-            : "Click on a measured peak that belongs to one of the standard.";
+  if (coupling && cmdAccept.Enabled) {
+    standard = sample = tips::Coupled;
+  } else if (coupling) {
+    standard = state_.PickStandard == 1 ? tips::PartnerBelow : tips::PickStandard;
+    sample = state_.PickSample == 1 ? tips::PartnerAbove : tips::PickSample;
   }
+  Picture1.ToolTip = standard;
+  Picture2.ToolTip = sample;
 }
 
 void Form24::ShowReadOut(float x, float y) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "display/mouse_tips.h"
 #include "display/plot_axes.h"
 #include "files/calibration_commands.h"
 #include "files/calibration_file.h"
@@ -253,11 +254,11 @@ bool Form26::AskForCalibration() {
 
 std::string Form26::MouseTip() const {
   if (!state_.Plot.Readable()) {
-    return "";
+    return mouse_tips::NoPlot;
   }
-  return state_.IndexationActive ? "Click on a peak, type its indices H, K and L, press \"OK\", and then "
+  return state_.IndexationActive ? "Click on a peak to index it.\nType H, K and L, press \"OK\", and then "
                                    "\"Accept\" or \"Refuse\"."
-                                 : "Move the mouse over the diagram to read the position, y and d under it.";
+                                 : mouse_tips::ReadOutWithD;
 }
 
 void Form26::ShowReadOut(float x, float y) {

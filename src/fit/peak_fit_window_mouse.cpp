@@ -2,6 +2,7 @@
 // the range.
 #include <algorithm>
 
+#include "display/mouse_tips.h"
 #include "display/peak_picking.h"
 #include "fit/fit_plot.h"
 #include "fit/peak_fit_window.h"
@@ -20,15 +21,15 @@ void PutAcross(LineShape& line, float x) {
 
 std::string Form19::MouseTip() const {
   if (!state_.Shown.Readable()) {
-    return "";
+    return mouse_tips::NoPlot;
   }
   if (state_.SelPeaksMode) {
-    return "Click with the left button on each peak to fit. The right button ends the selection.";
+    return "The left button takes the peak at the red line.\nThe right button ends the selection.";
   }
   const bool line = state_.DrawBkgMode;
   switch (state_.ClickCount) {
     case 0:
-      return "Move the mouse over the plot to read the position, y and d under it.";
+      return "The boxes beside and below show position, d and y under the mouse.";
     case 1:
       return line ? "Click with the left button where the background line begins."
                   : "Click with the left button at one end of the range to fit.";
@@ -36,8 +37,8 @@ std::string Form19::MouseTip() const {
       return line ? "Click with the left button where the background line ends."
                   : "Click with the left button at the other end of the range.";
     default:
-      return line ? "\"OK\" takes the line as the background, \"Cancel\" lets you draw it again."
-                  : "\"OK\" takes the range between the two lines, \"Cancel\" lets you select it again.";
+      return line ? "\"OK\" takes the line as the background.\n\"Cancel\" lets you draw it again."
+                  : "\"OK\" takes the range between the lines.\n\"Cancel\" lets you select it again.";
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "files/peak_list_commands.h"
 #include "fit/fit_parameters.h"
@@ -19,6 +20,8 @@ int NumberIn(const TextBox& box) {
   return static_cast<int>(std::clamp(RoundHalfEven(LeadingNumber(box.Text.Get())), -largest, largest));
 }
 
+LayoutNode AtRight(Control& control) { return Row({Space(), control}); }
+
 }  // namespace
 
 Form23::Form23(const WindowContext& context)
@@ -28,18 +31,17 @@ Form23::Form23(const WindowContext& context)
 }
 
 void Form23::ArrangeControls() {
-  SetLayout(Column({
-                Label2,
-                Stretched(Row({Stretched(Column({Label7, Stretched(Text1)})),
-                               Stretched(Column({Label6, Stretched(Text2)}))})),
-                Row({Label3, Text3, Label5, Text4, Label4, Space(), cmdSubs}),
-                Row({Label1, Text5, Stretched(Label8), cmdInsert}),
-                Row({Label11, Text6, Label12, Space(), cmdDelete}),
-                Row({Label9, Space(), cmdOrder}),
-                Row({Label10, Space(), cmdSave}),
-                Row({Space(), cmdBack}),
-            }),
-            true);
+  const LayoutNode lists = Row({Stretched(Column({Label7, Stretched(Text1)})),  //
+                                Stretched(Column({Label6, Stretched(Text2)}))});
+  std::vector<LayoutNode> commands_on_a_peak{
+      AtRight(Label3),  Row({Text3, Label5, Text4, Label4, Space(), cmdSubs}),
+      AtRight(Label1),  Row({Text5, Label8, Space(), cmdInsert}),
+      AtRight(Label11), Row({Text6, Label12, Space(), cmdDelete})};
+  commands_on_a_peak[1].Stretch = 1;
+  SetLayout(
+      Column({Label2, Stretched(lists), Grid(2, std::move(commands_on_a_peak)),
+              Row({Label9, Space(), cmdOrder}), Row({Label10, Space(), cmdSave}), Row({Space(), cmdBack})}),
+      true);
 }
 
 void Form23::ConnectHandlers() {
@@ -62,9 +64,9 @@ void Form23::SetKeys() {
   cmdDelete.Meaning = "OK, delete the peak";
   cmdOrder.Meaning = "OK, order the permanent list";
   cmdSave.Meaning = "OK, save the permanent list on disk";
-  for (Button* of_a_box : {&cmdSubs, &cmdInsert, &cmdDelete}) {
-    EnterClicks(*of_a_box);
-  }
+  // Not the substitution: Enter in the first of its boxes would take what stands in the second from before.
+  EnterClicks(cmdInsert);
+  EnterClicks(cmdDelete);
   EscapeCloses();
 }
 

@@ -41,6 +41,17 @@ void CollectControls(const LayoutNode& part, std::vector<const Control*>& contro
   }
 }
 
+/// Whether the control stands in a row that holds a box, too.
+bool StandsBesideBox(const LayoutNode& layout, const Control* control) {
+  std::vector<const LayoutNode*> parts;
+  CollectPartsAround(layout, control, parts);
+  std::vector<const Control*> row;
+  CollectControls(*parts.at(1), row);
+  return parts[1]->Type == LayoutNode::Kind::Row && std::ranges::any_of(row, [](const Control* other) {
+           return other->Kind() == ControlKind::TextBox || other->Kind() == ControlKind::ComboBox;
+         });
+}
+
 }  // namespace
 
 Form::Form(Desktop& desk, std::string name, std::string caption) : desk_(desk), name_(std::move(name)) {
@@ -102,11 +113,12 @@ bool Form::PressEnter(const Control* box) {
   for (const LayoutNode* part : parts) {
     std::vector<const Control*> controls;
     CollectControls(*part, controls);
-    const auto of_part = [&](const KeyTarget& key) {
-      return std::ranges::find(controls, key.Target) != controls.end();
+    const auto serves = [&](const KeyTarget& key) {
+      return std::ranges::find(controls, key.Target) != controls.end() &&
+             (box != nullptr || !StandsBesideBox(layout_, key.Target));
     };
-    if (const auto key = std::ranges::find_if(enter_targets_, of_part); key != enter_targets_.end()) {
-      const bool alone = std::ranges::count_if(enter_targets_, of_part) == 1;
+    if (const auto key = std::ranges::find_if(enter_targets_, serves); key != enter_targets_.end()) {
+      const bool alone = std::ranges::count_if(enter_targets_, serves) == 1;
       return alone && ClickIfUsable(*key);
     }
   }

@@ -64,8 +64,8 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
 
   void PropertyChanged(PropertyName name) override;
 
-  /// The user's Enter in a box, or on the form itself, and Esc anywhere on it. False if the key means nothing
-  /// here.
+  /// The user's Enter in a box, or elsewhere on the form, where it clicks no button that stands beside a box,
+  /// and Esc anywhere on it. False if the key means nothing here.
   bool PressEnter(const Control* box = nullptr);
   bool PressEscape();
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <span>
 
+#include "display/mouse_tips.h"
 #include "display/plot_axes.h"
 #include "forms/desktop.h"
 #include "forms/number_text.h"
@@ -24,19 +25,18 @@ bool SpansBoth(const PlotLimits& limits) {
 
 std::string Form12::MouseTip() const {
   if (!state_.Shown.Readable()) {
-    return "";
+    return mouse_tips::NoPlot;
   }
   if (!state_.ZoomSelect) {
-    return "Move the mouse over the plot to read x and y under it.";
+    return mouse_tips::ReadOut;
   }
   if (optOK.Visible) {
-    return "\"OK\" enlarges the marked portion, \"Cancel\" gives it up. To mark another one, drag again.";
+    return mouse_tips::Selected;
   }
-  if (state_.Zoomed) {
-    return "Drag the mouse to enlarge further; \"Un-zoom\" shows the whole profile again.";
-  }
-  return "Drag the mouse from the upper left corner of the portion to its right end. It reaches down to the "
-         "axis.";
+  return state_.Zoomed
+             ? "Drag with the left button to enlarge a part of what is shown.\n\"Un-zoom\" shows the "
+               "whole profile again."
+             : mouse_tips::SelectPart;
 }
 
 void Form12::MousePressed(float x, float y) {

@@ -213,6 +213,36 @@ TEST_F(CalibrationWindowTest, PeaksAreCoupledInEitherOrder) {
   EXPECT_EQ(Coupled().CoupleCount, 0);
 }
 
+TEST_F(CalibrationWindowTest, EachPictureTellsWhatTheMouseDoes) {
+  const auto tips = [this](const std::string& above, const std::string& below) {
+    ExpectTips("Form24.Picture1", {{"forms\n", above}});
+    ExpectTips("Form24.Picture2", {{"forms\n", below}});
+  };
+  Buffer().Wavelength = Wavelength;
+  Open(List());
+  Click("Form25.cmdOK");
+  tips("", "");
+  Click("Form24.cmdSi");
+  tips("boxes", "");
+  Click("Form24.cmdStartCou");
+  tips("of the standard", "of the sample");
+  PickAbove(2);
+  tips("partner of the blue peak", "of the sample");
+  PickBelow(2);
+  tips("refuse", "refuse");
+  EXPECT_TRUE(PressEscape("Form24"));
+  EXPECT_EQ(Answers(), "--");
+  PickBelow(2);
+  tips("of the standard", "partner of the blue peak");
+  PickAbove(2);
+  Click("Form24.cmdAccept");
+  tips("of the standard", "of the sample");
+  Click("Form24.cmdQuit");
+  tips("boxes", "");
+  Click("Form24.Command3");  // for which there are too few couples
+  tips("of the standard", "of the sample");
+}
+
 TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
   Buffer().Wavelength = 0;
   Buffer().NPeaks = 1;

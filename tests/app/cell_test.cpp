@@ -104,12 +104,14 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
   EXPECT_EQ(Frames(), "1");
   EXPECT_EQ(Press(47.3), "");  // no cell yet
   EXPECT_EQ(Get("Form26.Text15.Text"), "");
+  ExpectTips("Form26.Picture1", {{"forms\n", "boxes"}});
 
   TakeCell("Cubic", "Text6=5.5");
   EXPECT_EQ(Frames(), "124");
+  ExpectTips("Form26.Picture1", {{"forms\n", "\"Accept\""}});
   EXPECT_NE(Refusal("click Form26.Command2"), "");
   Type("Text16=28 Text17=29");
-  Click("Form26.cmdPeakGeneration");
+  EXPECT_TRUE(PressEnter("Form26", "Text16"));
   EXPECT_EQ(Get("Form26.Text14.Text"), "  28.078   1   1   1\r\n");
 
   Press(47.9);  // the nearest is the second line
@@ -117,7 +119,7 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
   EXPECT_EQ(LastDrawn()["colour"], 16711680);
   EXPECT_NEAR(LastDrawn()["y2"], 10 + 90 * 28.5 / 120, 1e-4);
   const Json blue = LastDrawn();
-  Click("Form26.cmdRefuse");
+  EXPECT_TRUE(PressEscape("Form26"));
   EXPECT_EQ(LastDrawn()["colour"], 255);
   EXPECT_EQ(LastDrawn()["x1"], blue["x1"]);
   Move("Form26", "200 0");
@@ -131,11 +133,12 @@ TEST_F(Cell, TakesAListOverItsIndicesToARefinedCell) {
   EXPECT_NEAR(std::stod(Get("Form26.Text21.Text").get<std::string>()), expected, 0.001);
   const Json calculated = Get("Form26.Text21.Text");
   Type("Text18=20");
-  Click("Form26.Command4");
+  EXPECT_TRUE(PressEnter("Form26", "Text18"));
   EXPECT_EQ(Get("Form26.Text21.Text"), calculated);
 
   Click("Form26.Command5");
   EXPECT_EQ(Frames(), "125");
+  ExpectTips("Form26.Picture1", {{"forms\n", "boxes"}});
   const Json drawn = LastDrawn();
   Press(47.3);
   EXPECT_EQ(LastDrawn(), drawn);

@@ -5,6 +5,7 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/command_form.h"
@@ -84,6 +85,20 @@ class Journey : public testing::Test, public CommandSession {
     Drag(form, from, to);
     return Click(form + ".optOK");
   }
+  /// After each script the tool tip of the picture says what the mouse does now: it holds the word, or
+  /// nothing.
+  void ExpectTips(const std::string& picture, const std::vector<std::pair<std::string, std::string>>& steps) {
+    for (const auto& [script, word] : steps) {
+      Play(script);
+      const std::string tip = Get(picture + ".ToolTip");
+      EXPECT_TRUE(word.empty() ? tip.empty() : tip.find(word) != std::string::npos) << script << tip;
+    }
+  }
+  /// The keys, and whether they mean something.
+  bool PressEnter(const std::string& form, const std::string& box) {
+    return Desk().Find(form)->PressEnter(Desk().Find(form)->Find(box));
+  }
+  bool PressEscape(const std::string& form) { return Desk().Find(form)->PressEscape(); }
   bool IsLoaded(const std::string& form) { return Desk().Find(form) != nullptr; }
 };
 

@@ -266,6 +266,23 @@ TEST_F(Manipulation, AZoomReachesFromThePressDownToTheAxis) {
   EXPECT_EQ(XAt("115 15"), "x = 50");
 }
 
+TEST_F(Manipulation, ThePictureTellsWhatTheMouseDoes) {
+  const std::string press = "down Form12.Picture1 left 40 60\n";
+  const std::string drag = press + "move Form12.Picture1 90 60\nup Form12.Picture1 left 90 60\n";
+  Estimate();
+  ExpectTips("Form12.Picture1", {{"click Form12.cmdZoom\n", "corner"},
+                                 {drag, "\"OK\""},
+                                 {press, "corner"},
+                                 {"up Form12.Picture1 left 90 60\nclick Form12.optOK\n", "Un-zoom"},
+                                 {drag, "\"OK\""}});
+  EXPECT_TRUE(PressEscape("Form12"));
+  EXPECT_FALSE(PressEscape("Form12"));
+  ExpectTips("Form12.Picture1", {{"forms\n", "boxes"},
+                                 {"click Form12.cmdZoom\n", "corner"},
+                                 {"click Form12.cmdZoom\n", "boxes"},
+                                 {"click Form12.cmdQuitBckg\nclick Form12.cmdDFT\n", "boxes"}});
+}
+
 TEST_F(Manipulation, AZoomOfAProfileBelowZeroKeepsItsBottomAndEndsAtTheLastPoint) {
   Open(41, 'b', -50);
   Estimate();

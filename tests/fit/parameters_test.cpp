@@ -139,8 +139,10 @@ TEST_F(Parameters, OfAMeasuredBackgroundAreItsFactorAlone) {
   Accept("no");
   EXPECT_THAT(Refined(), ElementsAre(1, 2, 3, 4, 5, 6, 77));
   EXPECT_EQ(Fit().FitParam[QuadraticTerm], 0.5F);
-  Play("close Form20\n");
+  Play("set Form20.Text2(2) \"7\"\n");
+  EXPECT_TRUE(PressEscape("Form20"));
   EXPECT_EQ(confirmed_, 0);
+  EXPECT_EQ(Fit().FitParam[QuadraticTerm], 0.5F);
 }
 
 TEST_F(Parameters, BeyondTheRangeOfTheirFieldsAreRefusedBeforeAnythingIsTaken) {

@@ -123,7 +123,10 @@ TEST_F(RefinedPeaks, MoveFromOneListToTheOther) {
   List({"100", "200", "300"});
   Buffer().PeakY = {"", "1100", "1200", "1300"};
   Buffer().PeakD = {"", "d100", "d200", "d300"};
-  Do("Text6=1 cmdDelete Text6=9 cmdDelete");
+  Do("Text3=1 Text4=1 Text6=1");
+  EXPECT_FALSE(PressEnter("Form23", "Text3"));
+  EXPECT_TRUE(PressEnter("Form23", "Text6"));
+  Do("Text6=9 cmdDelete");
   EXPECT_EQ(Buffer().PeakChannel[1] + Buffer().PeakY[1] + Buffer().PeakD[1], "2001200d200");
 }
 

@@ -94,6 +94,47 @@ TEST_F(DesktopTest, AFrameThatIsDisabledOrHiddenTakesItsControlsAlong) {
   EXPECT_TRUE(window->cmdGo.Enabled);
 }
 
+TEST_F(DesktopTest, EnterClicksTheButtonNearestToItsBox) {
+  struct Boxes final : Form {
+    explicit Boxes(Desktop& desk) : Form(desk, "Boxes", "Boxes") {
+      SetLayout(Column({Text1, Row({Text2, Space(), cmdA}), Row({Text3, cmdB}),
+                        Framed(Frame1, Column({Text4, cmdC})), cmdE}));
+      for (Button* button : {&cmdA, &cmdB, &cmdC}) EnterClicks(*button);
+      for (Button* button : {&cmdA, &cmdB, &cmdC, &cmdE}) {
+        button->OnClick = [this, button] { Clicked += button->Name().back(); };
+      }
+    }
+    /// What Enter clicks in a box, or on the form.
+    std::string Enter(const TextBox* box = nullptr) {
+      Clicked.clear();
+      const bool taken = PressEnter(box);
+      EXPECT_EQ(taken, !Clicked.empty());
+      return Clicked;
+    }
+    using Form::EnterClicks;
+    std::string Clicked;
+    TextBox Text1{*this, "Text1", {}};
+    TextBox Text2{*this, "Text2", {}};
+    TextBox Text3{*this, "Text3", {}};
+    TextBox Text4{*this, "Text4", {}};
+    Frame Frame1{*this, "Frame1", {}};
+    Button cmdA{*this, "cmdA", {}};
+    Button cmdB{*this, "cmdB", {}};
+    Button cmdC{*this, "cmdC", {}};
+    Button cmdE{*this, "cmdE", {}};
+  };
+  const auto form = Desk.Load<Boxes>(Desk);
+  form->Show();
+  const auto of_each = [&form] {
+    return form->Enter(&form->Text1) + "," + form->Enter(&form->Text2) + "," + form->Enter(&form->Text3) +
+           "," + form->Enter(&form->Text4) + "," + form->Enter();
+  };
+  EXPECT_EQ(of_each(), ",A,B,C,") << "of several that are as near none is meant";
+  form->EnterClicks(form->cmdE);
+  form->cmdB.Enabled = form->Frame1.Visible = false;
+  EXPECT_EQ(of_each(), ",A,,,E") << "what can't be clicked gives way to nothing else";
+}
+
 TEST_F(DesktopTest, AfterTheEndNothingIsLoadedAndNoHandlerRuns) {
   const auto window = Shown("Window");
   int clicks = 0;
