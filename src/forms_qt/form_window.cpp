@@ -89,11 +89,11 @@ void FormWindow::Display(bool modal) {
   if (!testAttribute(Qt::WA_Resized)) {
     resize(sizeHint());
   }
-  setAttribute(Qt::WA_KeyboardFocusChange);  // shows who has the keyboard before a key has been pressed
   if (QWidget* const first = focusWidget() == nullptr ? FirstOfUse() : nullptr) {
     first->setFocus(Qt::TabFocusReason);
   }
   show();
+  setAttribute(Qt::WA_KeyboardFocusChange);  // shows who has the keyboard before a key has been pressed
 }
 
 void FormWindow::Front(bool focus) {

@@ -164,26 +164,32 @@ QRect PictureWidget::RepaintArea(const Control& overlay) const {
                          : QRect();
 }
 
-QPointF PictureWidget::ToPicture(QPointF position) const {
-  return SurfaceMap(picture_.Scale(), size()).ToUser(position);
+QPointF PictureWidget::ToPicture(const QMouseEvent& event) const {
+  // Qt rounds the position in a widget to whole units, which fractional densities have between the pixels;
+  // the position in the window it leaves exact. An event that was made for the widget alone has no such
+  // position.
+  const QPointF exact = mapFrom(window(), event.scenePosition());
+  const QPointF rounding = exact - event.position();
+  const bool same = std::abs(rounding.x()) < 1 && std::abs(rounding.y()) < 1;
+  return SurfaceMap(picture_.Scale(), size()).ToUser(same ? exact : event.position());
 }
 
 void PictureWidget::mousePressEvent(QMouseEvent* event) {
   if (const auto button = ButtonOf(*event)) {
-    const QPointF at = ToPicture(event->position());
+    const QPointF at = ToPicture(*event);
     ActOn(form_,
           [&] { picture_.MouseDown(*button, static_cast<float>(at.x()), static_cast<float>(at.y())); });
   }
 }
 
 void PictureWidget::mouseMoveEvent(QMouseEvent* event) {
-  const QPointF at = ToPicture(event->position());
+  const QPointF at = ToPicture(*event);
   ActOn(form_, [&] { picture_.MouseMove(static_cast<float>(at.x()), static_cast<float>(at.y())); });
 }
 
 void PictureWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (const auto button = ButtonOf(*event)) {
-    const QPointF at = ToPicture(event->position());
+    const QPointF at = ToPicture(*event);
     ActOn(form_, [&] { picture_.MouseUp(*button, static_cast<float>(at.x()), static_cast<float>(at.y())); });
   }
 }

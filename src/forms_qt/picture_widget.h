@@ -55,7 +55,7 @@ class PictureWidget final : public QWidget {
   void PaintOnPaper(std::size_t first_operation);
   [[nodiscard]] SurfaceMap PixelMap(const Grid& grid) const;
   [[nodiscard]] bool PaperOnlyLacksTheEnd() const;
-  [[nodiscard]] QPointF ToPicture(QPointF position) const;
+  [[nodiscard]] QPointF ToPicture(const QMouseEvent& event) const;
   void PaintOverlays(QPainter& painter, const Grid& grid) const;
   [[nodiscard]] static QRectF PlaceOf(const Control& overlay, const SurfaceMap& map);
   [[nodiscard]] QRect RepaintArea(const Control& overlay) const;

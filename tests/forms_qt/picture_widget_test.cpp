@@ -94,8 +94,9 @@ TEST_F(PictureWidgetTest, WhatIsDrawnAtTheMouseLandsInThePixelUnderIt) {
     Window(form).resize(503, 401);
     for (int pixel = 100; pixel < 140; ++pixel) {
       const QPointF in_window(pixel / density, 60 / density);
-      const QPointF at = widget.mapFrom(&Window(form), in_window);
-      QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton, {});
+      // As Qt tells it: whole units in the widget.
+      const QPointF at = widget.mapFrom(&Window(form), in_window).toPoint();
+      QMouseEvent move(QEvent::MouseMove, at, in_window, widget.mapToGlobal(at), Qt::NoButton, {}, {});
       QCoreApplication::sendEvent(&widget, &move);
       const float x = form.Events.back().X;
       form.Line1.Move(x, 15, x, 90);
