@@ -248,16 +248,5 @@ TEST_F(ExplorerTest, ACancelledCalibrationEmptiesTheListAndThePicture) {
   EXPECT_EQ(Markers("Form6", drawn).size(), 1U);
 }
 
-TEST_F(ExplorerTest, WithoutAPlotOrAWavelengthTheUserIsTold) {
-  Data().Buffer(1).Wavelength = 0;
-  Play("click Form6.cmdManExpl\nset Form6.Combo1 \"none\"\nclick Form6.cmdComboOK\n");
-  EXPECT_TRUE(Told(Press("Form6.Picture1", "right", At(15))));
-  Load('b', "20 1\r\n10 5\r\n", "1.5");  // X runs downward
-  EXPECT_TRUE(Told(Click("Form6.cmdPrint")));
-  EXPECT_TRUE(Told(Click("Form6.Command17")));
-  Click("Form6.cmdManExpl");
-  EXPECT_TRUE(Told(Press("Form6.Picture1", "right", At(15))));
-}
-
 }  // namespace
 }  // namespace koprax

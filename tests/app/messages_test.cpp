@@ -221,10 +221,11 @@ class Walk {
       words >> verb >> name;
       if (verb == "modal") words >> verb >> name;
       const std::string window = name.substr(0, name.find('.'));
+      verb.append(" ").append(name);
       for (const Json& event : answer.value("events", Json::array())) {
         std::string box = BoxOf(event);
         box = Replaced(Replaced(box, session_->Folder(), "FOLDER"), examples, "EXAMPLES");
-        listing_.Add(window, verb + " " + name, box);
+        listing_.Add(window, verb, box);
       }
     }
   }
