@@ -178,6 +178,7 @@ class Form26 final : public BufferWindow {
                   .Locked = true,
                   .MultiLine = true,
                   .FollowsEnd = true,
+                  .Wraps = true,
                   .Columns = 63,
                   .Rows = 21}};
 

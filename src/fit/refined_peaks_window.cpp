@@ -35,7 +35,7 @@ void Form23::ArrangeControls() {
                                 Stretched(Column({Label6, Stretched(Text2)}))});
   std::vector<LayoutNode> commands_on_a_peak{
       AtRight(Label3),  Row({Text3, Label5, Text4, Label4, Space(), cmdSubs}),
-      AtRight(Label1),  Row({Text5, Label8, Space(), cmdInsert}),
+      AtRight(Label1),  Row({Text5, Stretched(Label8), cmdInsert}),
       AtRight(Label11), Row({Text6, Label12, Space(), cmdDelete})};
   commands_on_a_peak[1].Stretch = 1;
   SetLayout(
