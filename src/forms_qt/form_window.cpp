@@ -29,10 +29,10 @@ bool IsHelp(const QWidget& widget) {
 /// How likely somebody is to start with a control.
 int UseOf(const QWidget& widget) {
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  if (button != nullptr && !button->shortcut().isEmpty()) {
-    return 2;
+  if (button != nullptr) {
+    return button->shortcut().isEmpty() ? 1 : 3;
   }
-  return IsReadOnly(widget) ? 0 : 1;
+  return IsReadOnly(widget) ? 0 : 2;
 }
 
 }  // namespace
@@ -162,7 +162,7 @@ PictureWidget* FormWindow::PictureUnder(const Control& overlay) const {
 }
 
 /// Where the keyboard is when the window opens: the first command with a letter of its own; without one, the
-/// first control that somebody would use, help excepted; else the first that can be read.
+/// first box to type in, then the first button, help excepted; else the first box that can be read.
 QWidget* FormWindow::FirstOfUse() const {
   QWidget* first = nullptr;
   for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {

@@ -32,7 +32,7 @@ QString WithoutMnemonic(const QString& caption) {
 }
 
 QString ToToolTip(std::string_view text) {
-  const QString plain = ToQt(text);
+  QString plain = ToQt(text);
   if (plain.size() <= LongestToolTip && !Qt::mightBeRichText(plain)) {
     return plain;
   }

@@ -193,6 +193,7 @@ TEST_F(FormWindowTest, AFormLargerThanTheScreenIsScrolledToWhatHasTheKeyboard) {
   struct TallForm final : Form {
     explicit TallForm(Desktop& desk) : Form(desk, "Tall", "") {
       std::vector<LayoutNode> rows;
+      rows.reserve(40);
       for (int i = 0; i < 40; ++i) rows.emplace_back(Check1.emplace_back(*this, "Check1", CaptionSetup{}, i));
       for (std::size_t i = 20; i < 40; ++i) Check1[i].Visible = false;
       SetLayout(Column(std::move(rows)));
