@@ -58,6 +58,7 @@ class WorkbenchSession {
     for (std::string line; std::getline(lines, line);) {
       answers.push_back(Json::parse(line));
     }
+    if (!answers.front().value("events", Json::array()).empty()) Started = answers.front()["events"];
     answers.erase(answers.begin());
     return answers;
   }
@@ -82,6 +83,8 @@ class WorkbenchSession {
     return "file " + Json(path).dump() + "\nclick Form1.cmdInp\nclick Form4.cmdOK\nclick Form7.Option" +
            std::to_string(format) + "\nclick Form10.opt" + static_cast<char>(letter - 'a' + 'A') + "\n";
   }
+
+  Json Started = Json::array();  ///< the events of the start
 
   Workspace& Data() { return bench_.Data(); }
   Desktop& Desk() { return bench_.Desk(); }
