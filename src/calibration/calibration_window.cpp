@@ -26,12 +26,12 @@ constexpr XRange Channels{.Low = 0, .High = 4096};
 /// What the mouse does.
 namespace tips {
 constexpr const char* ReadOut = "The boxes below show 2-theta, y and d under the mouse.";
-constexpr const char* PickStandard = "Click on a peak of the standard.\nThen click on its partner below.";
+constexpr const char* PickStandard = "Click on a peak of the standard.\r\nThen click on its partner below.";
 constexpr const char* PartnerBelow = "Click on the partner of the blue peak in the picture below.";
 constexpr const char* PickSample =
-    "Click on a peak of the sample.\nIts partner is a peak of the standard above.";
+    "Click on a peak of the sample.\r\nIts partner is a peak of the standard above.";
 constexpr const char* PartnerAbove = "Click on the partner of the blue peak in the picture above.";
-constexpr const char* Coupled = "\"accept\" takes the blue peaks as a couple.\n\"refuse\" leaves them.";
+constexpr const char* Coupled = "\"accept\" takes the blue peaks as a couple.\r\n\"refuse\" leaves them.";
 }  // namespace tips
 
 /// The range of the standard after a shift to the right by so many degrees; nothing where 32 bits don't hold

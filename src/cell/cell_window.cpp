@@ -256,7 +256,7 @@ std::string Form26::MouseTip() const {
   if (!state_.Plot.Readable()) {
     return mouse_tips::NoPlot;
   }
-  return state_.IndexationActive ? "Click on a peak to index it.\nType H, K and L, press \"OK\", and then "
+  return state_.IndexationActive ? "Click on a peak to index it.\r\nType H, K and L, press \"OK\", and then "
                                    "\"Accept\" or \"Refuse\"."
                                  : mouse_tips::ReadOutWithD;
 }

@@ -24,7 +24,7 @@ std::string Form19::MouseTip() const {
     return mouse_tips::NoPlot;
   }
   if (state_.SelPeaksMode) {
-    return "The left button takes the peak at the red line.\nThe right button ends the selection.";
+    return "The left button takes the peak at the red line.\r\nThe right button ends the selection.";
   }
   const bool line = state_.DrawBkgMode;
   switch (state_.ClickCount) {
@@ -37,8 +37,8 @@ std::string Form19::MouseTip() const {
       return line ? "Click with the left button where the background line ends."
                   : "Click with the left button at the other end of the range.";
     default:
-      return line ? "\"OK\" takes the line as the background.\n\"Cancel\" lets you draw it again."
-                  : "\"OK\" takes the range between the lines.\n\"Cancel\" lets you select it again.";
+      return line ? "\"OK\" takes the line as the background.\r\n\"Cancel\" lets you draw it again."
+                  : "\"OK\" takes the range between the lines.\r\n\"Cancel\" lets you select it again.";
   }
 }
 

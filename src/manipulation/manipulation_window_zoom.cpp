@@ -34,7 +34,7 @@ std::string Form12::MouseTip() const {
     return mouse_tips::Selected;
   }
   return state_.Zoomed
-             ? "Drag with the left button to enlarge a part of what is shown.\n\"Un-zoom\" shows the "
+             ? "Drag with the left button to enlarge a part of what is shown.\r\n\"Un-zoom\" shows the "
                "whole profile again."
              : mouse_tips::SelectPart;
 }

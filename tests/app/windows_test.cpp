@@ -30,7 +30,9 @@ std::string LineOf(const std::string& form, const Control& control) {
   };
   add_text("Caption", "");
   add_text("Text", "");
-  if (all.value("ToolTip", "") != "") add_text("ToolTip", " tip");
+  std::string tip = all.value("ToolTip", "");
+  if (const auto end = tip.find("\r\n"); end != std::string::npos) tip.replace(end, 2, " ");
+  if (!tip.empty()) line.append(" tip \"").append(tip).append("\"");
   if (all.contains("Font") && all["Font"] != "MS Sans Serif") add_text("Font", " font");
   if (all.contains("Value") && all["Value"] != false && all["Value"] != 0) line += " chosen";
   if (!all.value("Enabled", true)) line += " off";
