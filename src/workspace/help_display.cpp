@@ -54,7 +54,8 @@ buffer. Reference cards cannot be added or subtracted. With three or more
 profiles in the plot the command is off.
 
 Single profile operations change the temporary buffer only: "Save" keeps the
-result, "Undo-Zoom" and the command "Display" of the main menu throw it away.
+result, and the command "Display" of the main menu throws it away. So does
+"Undo-Zoom" of "Display and Work", which is on only in a zoomed view.
 )TEXT";
 
 constexpr std::string_view MainMenu =
@@ -71,9 +72,10 @@ Give the name of the file. If there is such a file already, you are asked
 whether to overwrite it; with "No" nothing is saved.
 
 The picture is then shown in a window from which it can be printed. You are
-asked for a scale factor between 0 and 1: with 1 the picture fills the page,
-with 0.5 it has half that width and height and stands in the middle. An empty
-answer counts as 0, and the page stays empty.
+asked for a scale factor between 0 and 1: with 1 the picture is as large as
+fits on the page in its proportions and lies at the upper left, with 0.5 it
+has half that width and height and stands in the middle of that place. An
+empty answer counts as 0, and the page stays empty.
 )TEXT";
 
 constexpr std::string_view Edit =
@@ -89,14 +91,20 @@ Lines can be changed, but not added or deleted: each line belongs to one
 point. The list holds about 950 points. Of a longer portion only the front is
 listed, so it is better to choose one short portion at a time.
 
-The changes stay in the temporary buffer until you press "Save".
+The list shows X to 3 decimals and Y to 2. "Accept" takes all listed points as
+they stand there, so those that you didn't touch are rounded too.
+
+The changes stay in the temporary buffer until you press "Save", which is off
+until "Quit Edit".
 )TEXT";
 
 constexpr std::string_view UndoZoom =
     R"TEXT(Command "Undo-Zoom" shows the whole profile again, as it stands in its buffer.
 
 However often you zoomed, you are back at the whole profile with one click.
-Changes by "Edit" or "Arithmetic" that were not saved are lost too.
+Changes by "Edit" or "Arithmetic" that were not saved are lost too. The
+command is on only while a portion is shown. To give up such changes in a view
+of the whole profile, use the command "Display" of the main menu.
 )TEXT";
 
 constexpr std::string_view Save =
@@ -122,16 +130,21 @@ are asked for it.
 
 A vertical line follows the mouse, and X, 2-theta and d at its position are
 shown. For data in channels 2-theta and d need a calibration file, which is
-asked for with the wavelength; without it the channel stands in place of
-2-theta, and d is 0.
+asked for with the wavelength, and only then; without it the channel stands in
+place of 2-theta, and d is 0.
+
+If you have no calibration file yet, choose any file and press "Cancel" in its
+preview: the explorer then reads channels. To give up the choice of the file
+itself takes the wavelength and the list of peaks away, and only "Main Menu"
+and the question for the wavelength are left.
 
 Press the right button to select a peak. Its position is that of the line,
 its intensity the higher one of the two points beside it. The peak is added
 to the list and marked in red. The list holds at most 100 peaks.
 
-Press the left button to pause; the command is then called "Resume" and goes
-on. While the explorer is paused, "Zoom" shows a portion in a window of its
-own, in which peaks can be selected too.
+Press the left button to pause; the command is then called "Resume": press it
+to go on. While the explorer is paused, "Zoom" shows a portion in a window of
+its own, in which peaks can be selected too.
 
 The list stays with the buffer. Peak fitting, calibration and the refinement
 of the cell can start from it.
@@ -140,9 +153,12 @@ of the cell can start from it.
 constexpr std::string_view Accept =
     R"TEXT(Command "Accept" takes the changed points into the profile and draws it anew.
 
-Press "Show changes" first. The numbers taken are those that were shown last.
+Press "Show changes" first. The numbers taken are those that were shown last;
+after a "Change all" its value is taken, shown or not. All listed points are
+taken as the list shows them, X to 3 decimals and Y to 2.
+
 The profile is changed in the temporary buffer only; to keep the changes
-leave the list with "Quit Edit" and press "Save".
+leave the list with "Quit Edit" and press "Save", which is off before.
 )TEXT";
 
 constexpr std::string_view ShowChanges =
@@ -161,6 +177,9 @@ constexpr std::string_view Cancel = R"TEXT(Command "Cancel" gives up the changes
 The magenta line is wiped out, the profile is drawn in its place, and the
 list shows the points as they were selected. Lines that were shown before the
 last one stay until the profile is drawn anew.
+
+Changes that were accepted already are not taken back: curve and list show
+the numbers of before, but the profile keeps the accepted ones.
 )TEXT";
 
 constexpr std::string_view SaveList =
@@ -188,7 +207,8 @@ the printer first.
 
 What is printed is the profile as it stands in its buffer: changes that were
 not saved are not printed. Several profiles are printed each in its colour,
-with the changes made by "Arithmetic".
+with the intensities as changed by "Arithmetic". Their X is that of the
+buffers: a shift by X=X+K is not printed until it is saved.
 
 In a zoomed view the command is not available; use "Bitmap" to print what you
 see.
@@ -214,7 +234,8 @@ constexpr std::string_view ChangeAll =
 
 You are asked for the value. X is not changed. As for changes by hand,
 nothing is drawn until you press "Show changes", and the profile isn't
-changed until you press "Accept".
+changed until you press "Accept". But if "Accept" is on, from changes shown
+before, it takes the new value at once, without another "Show changes".
 )TEXT";
 
 constexpr std::string_view SaveSelected =

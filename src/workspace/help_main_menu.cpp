@@ -7,8 +7,8 @@ constexpr std::string_view Load =
     R"TEXT(Command "Load Profile from disk" reads a measured profile from a text file.
 
 1) Choose the file.
-2) A preview shows its first 30 lines and, for a longer file, its last 10.
-   Press "OK" if this is the file you want, "Cancel" if not.
+2) A preview shows its first 30 lines and, for a file of 30 lines or more, its
+   last 10. Press "OK" if this is the file you want, "Cancel" if not.
 3) Choose the format of the file. The program doesn't guess it: what counts
    is your choice, not the name of the file. The "?" beside each format tells
    how such a file is laid out.
@@ -17,20 +17,26 @@ constexpr std::string_view Load =
    you are asked for a wavelength first; it is shown in the window "Peaks".
 
 A buffer that holds a profile already is overwritten without a question. Its
-list of selected peaks stays: erase the buffer first if you don't want it.
+list of selected peaks and its calibration stay, and its wavelength too if the
+file doesn't tell one: use "Erase buffer" first if you don't want them.
 
-Limits: a profile has at most 8000 points; a longer one is refused, and the
-buffer is then empty. A line of numbers counts up to its 79th character and
-holds at most 24 words. Words are separated by blanks or commas. A tab
-separates nothing: two numbers with a tab between them are one word, and no
-number. The decimal separator is the period.
+Limits: a profile has at most 8000 points; a longer one is refused. A line of
+numbers counts up to its 79th character and holds at most 24 words. Words are
+separated by blanks or commas. A tab separates nothing: two numbers with a tab
+between them are one word, and no number. The decimal separator is the period.
+
+A file that doesn't fit the chosen format, or is too long, leaves the buffer
+empty, whatever it held before. You are told what is wrong.
 
 Empty lines at the end of a file may count as points. The "?" of the format
 tells what becomes of them.
 
-If the file doesn't tell the wavelength, the program asks for it when the
-profile is shown. Data in channels need a calibration file too, which is then
-asked for.
+If neither the file nor the buffer tells the wavelength, the program asks for
+it when the profile is shown, and for data in channels with it for a
+calibration file. In a buffer that has a wavelength from before nothing is
+asked: the former wavelength is taken, and data in channels without a
+calibration show the channel as 2-theta, and d is 0. Load into an empty buffer
+to be asked.
 )TEXT";
 
 constexpr std::string_view SaveDisk =
@@ -44,11 +50,13 @@ constexpr std::string_view SaveDisk =
 What is written is the profile as it stands in the buffer. Changes made in a
 window by zoom, edit or arithmetic are written only after the command "Save"
 of that window. There is one exception: a PHILIPS file gets only as many
-points as the window shows, the first ones of the buffer.
+points as the window last showed, the first ones of the buffer.
 
 Not every profile can be saved in every format:
 - ITAL STRUCTURES: not with a variable step, and not CPS-120 data.
 - One column: not two-column data with a variable step, and not CPS-120 data.
+  The first 2-theta is rounded to 4 decimals, the step to 5, the wavelength
+  to 6.
 - Two columns: every profile. Intensities are rounded to 2 decimals. For
   CPS-120 data you may have the channels changed into 2-theta, by the
   calibration that the buffer got when its wavelength was asked for. Without
@@ -56,11 +64,16 @@ Not every profile can be saved in every format:
 - CPS-120: only data loaded in this format, with all 4096 channels.
   Intensities are rounded to 1 decimal.
 - PHILIPS: only data loaded in this format. Intensities are rounded to counts,
-  and the title stays that of the loaded file.
+  the range and the step to 4 decimals. Title and wavelength stay those of the
+  loaded file.
 - SIEMENS/BRUKER: only data loaded in this format. 2-theta is rounded to 4
   decimals, intensities to 2.
-A Powder Diffraction File card cannot be saved. If the file wouldn't read back
-as it was, you are told.
+A Powder Diffraction File card cannot be saved.
+
+You are told if the file would read back with fewer points, with points that
+lie elsewhere by more than half a step, or with a title that is lost or taken
+for data. You are not told of the roundings above, of the title of a PHILIPS
+file, nor of quotes in a title, which read as blanks from a file of columns.
 )TEXT";
 
 constexpr std::string_view Display =
@@ -72,13 +85,14 @@ a portion of it, edit single points, do arithmetic on it, select peaks with
 the mouse, print it, and save the changed profile to its buffer.
 
 Two or more profiles are shown together in one plot, each in a colour of its
-own. Exactly two of them can be added or subtracted. They must share a range
-of X, and the wavelength of each must be known and lie within 2 per cent of
-their mean. Data in channels and data in 2-theta cannot be shown together.
+own. The wavelength of each must be known and lie within 2 per cent of their
+mean. Data in channels and data in 2-theta cannot be shown together. Exactly
+two profiles that share a range of X can be added or subtracted.
 
 A Powder Diffraction File card alone is shown in the window "Peaks", with its
-crystal data and its list of reflections. Together with profiles it is drawn
-as sticks, over the range of the profiles.
+crystal data and its list of reflections. Two or more cards are drawn as
+sticks in the plot of several; together with profiles, over the range of the
+profiles.
 
 The windows work on a temporary copy. Each "Display" takes the profile from
 its buffer again, so whatever was changed and not saved is gone. Buffers that
@@ -168,7 +182,8 @@ constexpr std::string_view Calibration =
 position-sensitive detector and 2-theta.
 
 1) Measure a standard sample, silicon or corundum, with the detector, and fit
-   its peaks or select them with the Manual Explorer.
+   its peaks. While you have no *.cal file that is the better way: the Manual
+   Explorer, which can select them too, asks for one.
 2) Choose the buffer with that profile. If it has no list of peaks, you can
    load one from a *.pks file. If all buffers are empty, the calibration
    starts on buffer a. If the wavelength is not known, you are asked for it.
@@ -179,8 +194,12 @@ position-sensitive detector and 2-theta.
    refined, with 5 or more all 4.
 5) Start the calibration, and save the parameters in a *.cal file.
 
-The result reaches a profile only through that file: the program asks for it
-when it needs 2-theta for data in channels, together with the wavelength.
+The result reaches a profile only through that file. The program asks for it
+together with the wavelength, so only while the wavelength of the buffer is
+not known. The calibration gives the buffer of the standard its wavelength:
+displayed afterwards, nothing is asked, the channel stands in place of
+2-theta, and d is 0. To load the profile into that buffer again doesn't help.
+Load it into an empty buffer, or use "Erase buffer" first.
 )TEXT";
 
 constexpr std::string_view RefineCell =
@@ -189,12 +208,16 @@ the positions of indexed peaks, for all crystal systems.
 
 1) Choose the buffer with the list of peaks. If it has none, you can load one
    from a *.pks file. If the wavelength is not known, you are asked for it,
-   and for a calibration file if the peaks are in channels.
+   and with it for a calibration file if the peaks are in channels. Of a
+   buffer with a wavelength and without a calibration save the list, erase the
+   buffer and read the list again, so that you are asked.
 2) In "Cell Parameters" choose the crystal system, press "OK", type an
    approximate cell in angstrom and degrees, and press "Quit" to take it.
-3) In "Peak generation" give a range of 2-theta and press "OK". All h, k, l in
-   it are listed, those that are extinct by symmetry too, and equivalent ones
-   each by itself. The list holds 300. Where there are more you are told; what
+3) In "Peak generation" give a range of 2-theta and press "OK". All h, k, l
+   from 0 up in it are listed, those that are extinct by symmetry too, and
+   equivalent ones each by itself. An index below 0 is listed only as h of a
+   monoclinic cell and as h and k of a triclinic one.
+   The list holds 300. Where there are more you are told; what
    is listed need not be those of lowest angle, so choose a smaller range.
 4) In "Peak indexation" click near a peak in the picture; the nearest one
    becomes blue. Type its H, K and L. "OK" shows where the cell puts it. If it
