@@ -23,12 +23,14 @@ is asked for, give it first.
 
 Under the mouse you read 2-theta, intensity and d of the standard.
 
-"Shift standard profile by" moves the standard under your peaks: type some
+"Shift standard profile by" moves the standard over your peaks: type some
 degrees and press "OK" beside them. A positive number moves it to the right.
-Shifts add up. Only the view is moved, the 2-theta of the peaks stay.
+Shifts add up. Only the view is moved, the 2-theta of the peaks stay. Lines
+above 120 degrees come into view by a negative shift only.
 
 Until the coupling starts you may choose the other standard: it is drawn over
-the first, and the next shift clears the picture.
+the first, and the next shift clears the picture. Each choice of a standard,
+of the same one too, puts the scale back to 0-120: shift it anew.
 )TEXT";
 
 constexpr std::string_view Coupling =
@@ -46,7 +48,10 @@ Select at least 5 couples of peaks in order to refine all 4 parameters, if one s
 The couples are listed with the 2-theta of the standard and the channel of the
 sample; 100 of them at most. A peak may enter several couples: nothing marks
 it as used, and a couple that is entered twice counts twice. An accepted couple
-cannot be taken back, but "Start coupling" begins a new list.
+cannot be taken back, but before "Quit" the command "Start coupling" begins a
+new list. After "Quit" it stays off, also where a calibration couldn't be
+computed and you go on coupling: for a new list start "Calibration" of the main
+menu again.
 
 Once the coupling has started, the standard can neither be changed nor shifted.
 )TEXT";
@@ -83,8 +88,10 @@ overwritten. Then type a title of up to 80 characters.
 The file holds the title and a line for each parameter, A0 first: 4 of them, or
 3 if there were only 4 couples. It can be saved as often as you like.
 
-The program asks for this file when it needs the 2-theta of a profile in
-channels: for the d of its peaks, and for the refinement of a cell. The
+The program asks for this file together with the wavelength of a profile in
+channels, in "Display and Work" and for the refinement of a cell, so only while
+its buffer has no wavelength. The buffer of the standard has one by now: to see
+its 2-theta load it into an empty buffer, or use "Erase buffer" first. The
 parameters hold for the detector where it stood during the measurement of the
 standard.
 )TEXT";

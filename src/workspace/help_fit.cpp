@@ -25,7 +25,9 @@ constexpr std::string_view QuitFit =
 
 What the fit has found is lost: the range, the background, the peaks and their
 refined parameters. To keep the peaks press "Save" in the frame "Fit" before.
-The profile is not changed, and its list of peaks stays with its buffer.
+The profile is not changed, and its list of peaks stays with its buffer. A
+background that came by "Load bkg" stays in hand for the window of "Profile
+manipulation".
 
 "Quit" in the frame "Fit" ends the fit in the same way, but leaves the window
 open with the last picture in it. Then only "Main Menu" leads on.
@@ -47,7 +49,7 @@ do not follow what you type.
 
 The background is the polynomial Y = A + BX + CX^2 + DX^3, with X counted from
 the lower limit of the range, or a measured one times a scale factor. The
-scale factor is always refined.
+scale factor is always refined; its box only shows it and can't be typed in.
 
 - Ticked parameters are refined, the others are held. All of the peaks and of
   the background are ticked at first.
@@ -87,6 +89,10 @@ refined. Its shape stays as it is.
 
 If you close the picker without a choice, the background is what it was
 before. An empty buffer cannot be chosen.
+
+The loaded background stays in hand when the fit is over: "Background" in the
+window of "Profile manipulation" starts from it, for any profile, until "Quit"
+of its frame clears it.
 )TEXT";
 
 constexpr std::string_view DrawBackground =
@@ -131,7 +137,7 @@ Both may be used one after the other, and the number of peaks is shown. Each
 peak starts with position, height and FWHM as you give them, the same on
 either side, half Gaussian and half Lorentzian (eta 0.5).
 
-Peaks that overlap should be selected all: what is left out spoils its
+Peaks that overlap should all be selected: what is left out spoils its
 neighbours. A peak taken by mistake can be deleted in "Parameters".
 
 "Quit" leaves the frame and goes on to the fit. There is no way back.
@@ -144,8 +150,7 @@ earlier fit. No file is read here. A peak at the lower limit of the range is
 taken, one at the upper limit is not.
 
 The peaks come in the order of the list, rounded to 3 decimals of 2-theta, or
-to 1 decimal in channels. The height is that of the list, without the
-background.
+to 1 decimal in channels. The height is that of the list, less the background.
 
 For each of them give its approximate FWHM, in the units of X: degrees of
 2-theta, or channels. The peak is drawn in red dots. Answer "Yes" if it looks
@@ -235,6 +240,13 @@ Give the numbers of the peaks, and press the "OK" beside them:
 
 A peak that has been moved leaves the temporary list. The height is that of
 the top of the peak, with the background.
+
+Give only numbers that stand in the lists, for others are not refused: "Delete
+peak nr." beyond the end removes the last peak; "Substitute peak nr." beyond
+the end of the permanent list writes an entry that the list doesn't show; with
+a number beyond the temporary list an empty peak is written. In the last two
+cases a peak leaves the temporary list all the same; "Quit" and "Save" bring
+it back.
 
 "Save permanent list on disk" writes a file *.pks. "Quit" closes the window;
 the permanent list stays with the buffer, the temporary list is made anew by

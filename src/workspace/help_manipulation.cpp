@@ -60,6 +60,11 @@ At the end the background is drawn in dashes, and the commands of the frame
 background of a fit. The procedure takes the temporary copy, smoothed if you
 have smoothed it. An empty answer or "Cancel" to the first question changes
 nothing; "Quit" leads back.
+
+A background that a fit has taken by "Load bkg" is then in hand here too, for
+any profile: the estimate starts from it, without cutting off the highest
+points, and an empty answer leaves it in hand. To start from the profile press
+"Quit" of the frame, which clears it, and then "Background" again.
 )TEXT";
 
 constexpr std::string_view Dft =
@@ -74,8 +79,9 @@ N points, whatever their number, give N/2 + 1 coefficients. Their real part is
 drawn in red, their imaginary part in blue, the low frequencies at the left.
 
 "DFT" starts from the profile as it stands in its buffer. It doesn't see what
-a smoothing has left in the temporary copy, unless that was saved over the
-same buffer. What an earlier filter has done is forgotten.
+a smoothing has left in the temporary copy. Save the smoothed profile first:
+to whatever buffer, the window then goes on with that one, and "DFT" takes it.
+What an earlier filter has done is forgotten.
 
 "Save" stores the result of "DFT inv." in the buffer that you choose, with
 "SMOOTHED by DFT" added to its title. A buffer that holds a profile already is
@@ -163,16 +169,18 @@ You are asked again for the FWHM or the number of points, and may give another
 one than before. The first cycle smooths the background as it stands, without
 cutting it back to the profile; the cycles that follow are those of
 "Background". If there is no background in hand, the estimate starts from the
-profile. With an empty answer or "Cancel" the background stays as it is.
+profile, as with "Background". So it does where the first 30 points of the
+background are all 0, whatever follows. With an empty answer or "Cancel" the
+background stays as it is.
 )TEXT";
 
 constexpr std::string_view PrintBackground =
     R"TEXT(Command "Print" prints the profile as a solid line and its background in
 dashes, on a landscape page. The plot measures 115 x 90 mm.
 
-Choose the colors of both, and then the printer. A color other than those of
+Choose the colours of both, and then the printer. A colour other than those of
 the list leaves the one of before. If you cancel the choice of the printer,
-nothing is printed. To give up earlier close the window with the colors.
+nothing is printed. To give up earlier close the window "Colors".
 
 What is printed is the whole profile of the temporary copy: smoothed, if it was
 smoothed. The command is not available in a zoomed view and after "Subtract".
@@ -189,7 +197,8 @@ again and goes on with the estimate.
 
 After "Subtract" the commands "Zoom", "Print" and "Rescaling bckg" are not
 available until "Resume" or "Quit". If there is no background in hand, the
-profile is left as it is.
+profile is left as it is. A background loaded in a fit is in hand, even for
+another profile: see "Background".
 )TEXT";
 
 constexpr std::string_view SaveBackground =
