@@ -185,8 +185,10 @@ position-sensitive detector and 2-theta.
    its peaks. While you have no *.cal file that is the better way: the Manual
    Explorer, which can select them too, asks for one.
 2) Choose the buffer with that profile. If it has no list of peaks, you can
-   load one from a *.pks file. If all buffers are empty, the calibration
-   starts on buffer a. If the wavelength is not known, you are asked for it.
+   load one from a *.pks file of fewer than 100 lines; a longer one gives no
+   peak, and a blank line one at channel 0. If all buffers are empty, the
+   calibration starts on buffer a. If the wavelength is not known, you are
+   asked for it.
 3) Choose the standard. Its tabulated peaks are shown above those of your
    sample. Move their scale until both look alike.
 4) Couple the peaks: one of the sample and one of the standard, with the
@@ -207,31 +209,39 @@ constexpr std::string_view RefineCell =
 the positions of indexed peaks, for all crystal systems.
 
 1) Choose the buffer with the list of peaks. If it has none, you can load one
-   from a *.pks file. If the wavelength is not known, you are asked for it,
-   and with it for a calibration file if the peaks are in channels. Of a
-   buffer with a wavelength and without a calibration save the list, erase the
-   buffer and read the list again, so that you are asked.
+   from a *.pks file of fewer than 200 lines; a longer one gives no peak, and
+   of more than 100 peaks the first 100 are taken. A blank line or a 0 in the
+   first column ends the list. A number above 180 there tells that the peaks
+   are in channels. If the wavelength is not known, you are asked for it, and
+   with it for a calibration file if the peaks are in channels. If the buffer
+   has a wavelength but no calibration, save the list, erase the buffer and
+   read the list again: then you are asked.
 2) In "Cell Parameters" choose the crystal system, press "OK", type an
-   approximate cell in angstrom and degrees, and press "Quit" to take it.
-3) In "Peak generation" give a range of 2-theta and press "OK". All h, k, l
-   from 0 up in it are listed, those that are extinct by symmetry too, and
-   equivalent ones each by itself. An index below 0 is listed only as h of a
-   monoclinic cell and as h and k of a triclinic one.
-   The list holds 300. Where there are more you are told; what
-   is listed need not be those of lowest angle, so choose a smaller range.
+   approximate cell in angstrom and degrees, and press "Quit" to take it. "OK"
+   fixes the crystal system and "Quit" the cell for good: for others start
+   "Refine cell" of the main menu again.
+3) In "Peak generation" give a range of 2-theta and press "OK". Listed are h,
+   k, l from 0 up, in a monoclinic cell h below 0 too, in a triclinic one h
+   and k. Reflections that are extinct by symmetry are among them, and
+   equivalent ones stand each by itself. In a monoclinic or triclinic cell
+   some may be missing: each index goes only one beyond the reach of its
+   reciprocal axis alone. A reflection that is not listed can be indexed all
+   the same. The list holds 300. Where there are more you are told; what is
+   listed need not be those of lowest angle, so choose a smaller range.
 4) In "Peak indexation" click near a peak in the picture; the nearest one
-   becomes blue. Type its H, K and L. "OK" shows where the cell puts it. If it
-   fits, press "Accept"; "Refuse" makes the peak red again. What is accepted is
-   the triplet of the last "OK" with the 2-theta in the box. An accepted peak
-   cannot be taken back; 300 can be accepted. "Quit" goes on, and there is no
-   way back.
+   becomes blue. Type its H, K and L. "OK" shows where the cell puts it;
+   beyond the reach of the wavelength the 2-theta of before is left standing.
+   If it fits, press "Accept"; "Refuse" makes the peak red again. What is
+   accepted is the triplet of the last "OK", rounded to whole numbers, with
+   the 2-theta in the box. An accepted peak cannot be taken back; 300 can be
+   accepted. "Quit" goes on, and there is no way back.
 5) In "Refinement of cell parameters" each click on "Refine" makes one cycle
    of least squares from the cell of the cycle before. It doesn't stop by
    itself: click until cell and disagreement factor change no more.
 
 More peaks are needed than there are parameters: 3 for a cubic cell, 4 for a
 tetragonal or trigonal-hexagonal, 5 for an orthorhombic, 6 for a monoclinic
-and 8 for a triclinic one, at the least. An index may be 181 at most.
+and 8 for a triclinic one, at the least. An index may lie from -181 to 181.
 
 "Zero correction (2-theta)" is a shift, in degrees, of the whole 2-theta scale:
 a peak of the cell is expected at its calculated 2-theta plus this correction.
