@@ -1,12 +1,13 @@
 // The "?" buttons of all windows and the topics that they show.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/window_walk.h"
@@ -19,90 +20,112 @@ namespace {
 
 using enum HelpTopic;
 
-/// Each help button, by window and name, with its topic.
-const std::map<std::string, std::map<std::string, HelpTopic>> HelpButtons{
-    {"Form1",
-     {{"Command1", HelpLoad},
-      {"Command2", HelpSaveDisk},
-      {"Command3", HelpDisplay},
-      {"Command4", HelpManipulation},
-      {"Command5", HelpFit},
-      {"Command6", HelpErase},
-      {"Command7", HelpAbout},
-      {"Command8", HelpDisclaimer},
-      {"Command9", HelpCalibration},
-      {"Command10", HelpRefineCell}}},
-    {"Form7",
-     {{"Command1", HelpFormatItal},
-      {"Command2", HelpFormatOneColumn},
-      {"Command3", HelpFormatTwoColumns},
-      {"Command4", HelpFormatCps},
-      {"Command5", HelpFormatPhilips},
-      {"Command6", HelpFormatUxd},
-      {"Command7", HelpFormatCard}}},
-    {"Form6",
-     {{"cmdZoomGuide", HelpZoom},
-      {"Command1", HelpClearList},
-      {"Command2", HelpEdit},
-      {"Command3", HelpArithmetic},
-      {"Command4", HelpUndoZoom},
-      {"Command5", HelpSave},
-      {"Command6", HelpMainMenu},
-      {"Command7", HelpExplorer},
-      {"Command8", HelpAccept},
-      {"Command9", HelpShowChanges},
-      {"Command10", HelpCancel},
-      {"Command11", HelpSaveList},
-      {"Command12", HelpQuitExplorer},
-      {"Command13", HelpPrint},
-      {"Command14", HelpEraseLast},
-      {"Command16", HelpChangeAll},
-      {"Command18", HelpBitmap}}},
-    {"Form2",
-     {{"cmdZoomGuide", HelpZoom},
-      {"Command2", HelpPrint},  // stands beside "Print"
-      {"Command3", HelpArithmetic},
-      {"Command4", HelpBitmap},
-      {"Command5", HelpSaveSelected},
-      {"Command6", HelpMainMenu}}},
-    {"Form8", {{"Command3", HelpDefineY}, {"Command4", HelpAddProfiles}, {"Command6", HelpSubtractProfiles}}},
-    {"Form12",
-     {{"cmdSmoGuide", HelpSmoothing},
-      {"Command6", HelpSmoothing},
-      {"Command15", HelpSmoothing},  // beside "Quit" of the smoothing
-      {"Command1", HelpBackground},
-      {"Command4", HelpDft},
-      {"Command13", HelpDft},  // beside "Save" of the filtered profile
-      {"Command2", HelpDftInverse},
-      {"Command3", HelpFilter},
-      {"Command12", HelpQuitBackground},
-      {"Command8", HelpZoomBackground},
-      {"Command9", HelpResume},
-      {"Command10", HelpPrintBackground},
-      {"Command11", HelpSubtract},
-      {"Command5", HelpSaveBackground},
-      {"Command19", HelpBitmap},
-      {"Command20", HelpRescale}}},
-    {"Form19",
-     {{"Command1", HelpSelectRange},
-      {"Command6", HelpQuitFit},
-      {"Command7", HelpShowParam},
-      {"Command8", HelpBackgroundBuffer},
-      {"Command9", HelpDrawBackground},
-      {"Command12", HelpDefineBackground},
-      {"Command11", HelpDefinePeaks},
-      {"Command3", HelpLoadPeaks},
-      {"Command4", HelpSelectPeaks},
-      {"Command13", HelpStartFit},
-      {"Command14", HelpFitFrame},
-      {"Command16", HelpSaveFit}}},
-    {"Form24",
-     {{"Command5", HelpCorundum},
-      {"Command6", HelpSilicon},
-      {"Command7", HelpCoupling},
-      {"Command8", HelpStartCalibration},
-      {"Command9", HelpSaveCalibration}}},
+struct HelpRow {
+  HelpTopic Topic;
+  std::string Beside;  ///< the control before it in the layout; none for a button with a caption of its own
 };
+
+/// Each help button, by window and name.
+const std::map<std::string, std::map<std::string, HelpRow>> HelpButtons{
+    {"Form1",
+     {{"Command1", {HelpLoad, "cmdInp"}},
+      {"Command2", {HelpSaveDisk, "cmdOut"}},
+      {"Command3", {HelpDisplay, "cmdDisp"}},
+      {"Command4", {HelpManipulation, "cmdAnal"}},
+      {"Command5", {HelpFit, "cmdFit"}},
+      {"Command6", {HelpErase, "cmdDelBuff"}},
+      {"Command7", {HelpAbout, ""}},
+      {"Command8", {HelpDisclaimer, ""}},
+      {"Command9", {HelpCalibration, "cmdCalib"}},
+      {"Command10", {HelpRefineCell, "cmdRefineCell"}}}},
+    {"Form7",
+     {{"Command1", {HelpFormatItal, "Option1"}},
+      {"Command2", {HelpFormatOneColumn, "Option2"}},
+      {"Command3", {HelpFormatTwoColumns, "Option3"}},
+      {"Command4", {HelpFormatCps, "Option4"}},
+      {"Command5", {HelpFormatPhilips, "Option5"}},
+      {"Command6", {HelpFormatUxd, "Option6"}},
+      {"Command7", {HelpFormatCard, "Option7"}}}},
+    {"Form6",
+     {{"cmdZoomGuide", {HelpZoom, "cmdZoom"}},
+      {"Command1", {HelpClearList, "cmdClearPeaks"}},
+      {"Command2", {HelpEdit, "cmdEdit"}},
+      {"Command3", {HelpArithmetic, "cmdMod"}},
+      {"Command4", {HelpUndoZoom, "cmdUnzoom"}},
+      {"Command5", {HelpSave, "cmdSave"}},
+      {"Command6", {HelpMainMenu, "cmdMain"}},
+      {"Command7", {HelpExplorer, "cmdManExpl"}},
+      {"Command8", {HelpAccept, "cmdAccept"}},
+      {"Command9", {HelpShowChanges, "cmdEditOK"}},
+      {"Command10", {HelpCancel, "cmdEditNO"}},
+      {"Command11", {HelpSaveList, "cmdSavePeaks"}},
+      {"Command12", {HelpQuitExplorer, "cmdExiManExp"}},
+      {"Command13", {HelpPrint, "cmdPrint"}},
+      {"Command14", {HelpEraseLast, "cmdErsLaIt"}},
+      {"Command16", {HelpChangeAll, "Command15"}},
+      {"Command18", {HelpBitmap, "Command17"}}}},
+    {"Form2",
+     {{"cmdZoomGuide", {HelpZoom, "cmdZoom"}},
+      {"Command2", {HelpPrint, "Command1"}},
+      {"Command3", {HelpArithmetic, "cmdMod"}},
+      {"Command4", {HelpBitmap, "cmdBitMap"}},
+      {"Command5", {HelpSaveSelected, "cmdSave"}},
+      {"Command6", {HelpMainMenu, "cmdMain"}}}},
+    {"Form8",
+     {{"Command3", {HelpDefineY, "optY2"}},
+      {"Command4", {HelpAddProfiles, "Command1"}},
+      {"Command6", {HelpSubtractProfiles, "Command2"}}}},
+    {"Form12",
+     {{"cmdSmoGuide", {HelpSmoothing, "cmdSmo"}},
+      {"Command6", {HelpSmoothing, "Command14"}},
+      {"Command15", {HelpSmoothing, "Command17"}},
+      {"Command1", {HelpBackground, "cmdBckg"}},
+      {"Command4", {HelpDft, "cmdDFT"}},
+      {"Command13", {HelpDft, "Command7"}},
+      {"Command2", {HelpDftInverse, "cmdDFTInv"}},
+      {"Command3", {HelpFilter, "cmdFilter"}},
+      {"Command12", {HelpQuitBackground, "cmdQuitBckg"}},
+      {"Command8", {HelpZoomBackground, "cmdZoom"}},
+      {"Command9", {HelpResume, "cmdResume"}},
+      {"Command10", {HelpPrintBackground, "cmdPrint"}},
+      {"Command11", {HelpSubtract, "cmdSubtr"}},
+      {"Command5", {HelpSaveBackground, "cmdSave"}},
+      {"Command19", {HelpBitmap, "Command18"}},
+      {"Command20", {HelpRescale, "cmdRes"}}}},
+    {"Form19",
+     {{"Command1", {HelpSelectRange, "cmdSelectRange"}},
+      {"Command6", {HelpQuitFit, "cmdMain"}},
+      {"Command7", {HelpShowParam, "cmdShowParam"}},
+      {"Command8", {HelpBackgroundBuffer, "Command2"}},
+      {"Command9", {HelpDrawBackground, "cmdDefBkg"}},
+      {"Command12", {HelpDefineBackground, "Command5"}},
+      {"Command11", {HelpDefinePeaks, "Command10"}},
+      {"Command3", {HelpLoadPeaks, "cmdLoadPeaks"}},
+      {"Command4", {HelpSelectPeaks, "cmdSelPeaks"}},
+      {"Command13", {HelpStartFit, "cmdStartFit"}},
+      {"Command14", {HelpFitFrame, "Command15"}},
+      {"Command16", {HelpSaveFit, "cmdSave"}}}},
+    {"Form24",
+     {{"Command5", {HelpCorundum, "cmdCorundum"}},
+      {"Command6", {HelpSilicon, "cmdSi"}},
+      {"Command7", {HelpCoupling, "cmdStartCou"}},
+      {"Command8", {HelpStartCalibration, "Command3"}},
+      {"Command9", {HelpSaveCalibration, "Command4"}}}},
+};
+
+/// For each control of a window the name of the one before it in the layout.
+std::map<const Control*, std::string> ControlBefore(const Form& form) {
+  std::map<const Control*, std::string> before;
+  std::string last;
+  const auto add = [&](const auto& self, const LayoutNode& node) -> void {
+    if (node.Item != nullptr) {
+      before[node.Item] = std::exchange(last, node.Item->FullName());
+    }
+    for (const LayoutNode& child : node.Children) self(self, child);
+  };
+  add(add, form.Layout());
+  return before;
+}
 
 /// What a click of a help button shows. Windows that the walk loaded by themselves ask its own services.
 std::string ShownBy(WindowWalk& walk, const Button& button) {
@@ -121,16 +144,20 @@ TEST(Help, EachButtonOfEachWindowShowsItsTopicAndEachTopicHasAButton) {
   const auto visit = [&](const Form& form) {
     visited.insert(form.Name());
     const auto row = HelpButtons.find(form.Name());
-    auto expected = row == HelpButtons.end() ? std::map<std::string, HelpTopic>{} : row->second;
+    auto expected = row == HelpButtons.end() ? std::map<std::string, HelpRow>{} : row->second;
+    const auto beside = ControlBefore(form);
     for (const Control* control : form.Controls()) {
       const auto* button = dynamic_cast<const Button*>(control);
       const bool helps = dynamic_cast<const HelpButton*>(control) != nullptr;
       if (button == nullptr || (!helps && button->Caption.Get() != "?")) continue;
       const std::string name = form.Name() + "." + button->FullName();
       ASSERT_TRUE(expected.contains(button->FullName())) << name << " has no row in the table";
-      const HelpTopic topic = expected.extract(button->FullName()).mapped();
-      EXPECT_EQ(ShownBy(walk, *button), HelpText(topic)) << name;
-      EXPECT_EQ(button->Meaning, "Help on " + std::string(HelpSubject(topic))) << name;
+      const HelpRow help = expected.extract(button->FullName()).mapped();
+      EXPECT_EQ(ShownBy(walk, *button), HelpText(help.Topic)) << name;
+      EXPECT_EQ(button->Meaning, "Help on " + std::string(HelpSubject(help.Topic))) << name;
+      if (!help.Beside.empty()) {
+        EXPECT_EQ(beside.at(button), help.Beside) << name;
+      }
     }
     EXPECT_TRUE(expected.empty()) << form.Name() << " lacks " << expected.begin()->first;
   };
@@ -141,7 +168,7 @@ TEST(Help, EachButtonOfEachWindowShowsItsTopicAndEachTopicHasAButton) {
 
   std::set<HelpTopic> reached;
   for (const auto& [form, buttons] : HelpButtons) {
-    for (const auto& [name, topic] : buttons) reached.insert(topic);
+    for (const auto& [name, help] : buttons) reached.insert(help.Topic);
   }
   EXPECT_EQ(reached.size(), HelpTopicCount);
 }
@@ -162,32 +189,50 @@ TEST(Help, APressWithinASelectionLeavesTheSelectionAsItIs) {
   EXPECT_NE(session.Value("get Form6.Text6.Text"), before.back()) << "the zoom took place";
 }
 
-/// In small letters, without the marks of access keys, and with a single blank for blanks and line ends.
+TEST(Help, AnotherTopicTakesThePlaceOfTheFirstAndComesToTheFront) {
+  WorkbenchSession session;
+  session.Play("click Form1.Command1\nclick Form1.Command6\n");
+  EXPECT_EQ(session.Value("get Form5.Text1.Text"), HelpText(HelpErase));
+  EXPECT_EQ(session.Value("forms"), Json({"Form5", "Form1"}));
+}
+
+/// In small letters, without the marks of access keys, and with a single blank between words.
 std::string Plain(const std::string& text) {
   std::string plain;
-  for (const unsigned char character : text) {
-    if (character == '&' || (std::isspace(character) != 0 && plain.ends_with(' '))) continue;
-    plain += std::isspace(character) != 0 ? ' ' : static_cast<char>(std::tolower(character));
-  }
+  std::istringstream words(text);
+  for (std::string word; words >> word;) plain += plain.empty() ? word : " " + word;
+  std::erase(plain, '&');
+  std::ranges::transform(plain, plain.begin(), [](unsigned char letter) { return std::tolower(letter); });
   return plain;
 }
 
-TEST(Help, WhatATopicQuotesStandsInAWindow) {
-  std::ifstream file(KOPRAX_SOURCE_DIR "/tests/app/windows.golden");
-  const std::string windows = Plain({std::istreambuf_iterator<char>(file), {}});
-  // Captions that come with a command, words of titles, files, messages and results, answers.
+TEST(Help, WhatATopicQuotesIsTheCaptionOfAWindowOrOfAControl) {
+  // The caption of a command cut, or as it stands for a while; words of titles, files, messages and results;
+  // answers.
   const std::string others =
-      "|un-zoom|yes|no|y|?|=|f|i|rawscan|dft inverse|singular matrix|modified by koprax|smoothed|"
-      "smoothed by dft|without background|file without title|zero correction (2-theta)|2th(calc)|"
-      "before refinement|";
+      "|display|un-zoom|dft inverse|channels|modified by koprax|smoothed|smoothed by dft|without background|"
+      "file without title|rawscan|=|f|i|singular matrix|before refinement|zero correction "
+      "(2-theta)|2th(calc)|"
+      "yes|no|y|";
+  std::set<std::string> captions;
+  const auto add = [&](const std::string& caption) { captions.insert(Plain(caption)); };
+  const auto visit = [&](const Form& form) {
+    add(form.Caption);
+    for (const Control* control : form.Controls()) {
+      const auto* captioned = dynamic_cast<const CaptionedControl*>(control);
+      if (captioned != nullptr) add(captioned->Caption);
+    }
+  };
+  WindowWalk walk;
+  walk.VisitWindows(visit);
+  walk.VisitOtherPickers(visit);
   for (std::size_t i = 0; i < HelpTopicCount; ++i) {
     const std::string text = HelpText(static_cast<HelpTopic>(i));
     for (auto open = text.find('"'); open != std::string::npos;) {
       const auto close = text.find('"', open + 1);
       ASSERT_NE(close, std::string::npos) << text;
       const std::string quoted = Plain(text.substr(open + 1, close - open - 1));
-      EXPECT_TRUE(others.find("|" + quoted + "|") != std::string::npos ||
-                  windows.find(quoted) != std::string::npos)
+      EXPECT_TRUE(captions.contains(quoted) || others.find("|" + quoted + "|") != std::string::npos)
           << HelpSubject(static_cast<HelpTopic>(i)) << ": " << quoted;
       open = text.find('"', close + 1);
     }
