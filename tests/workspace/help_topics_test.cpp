@@ -6,14 +6,19 @@
 #include <filesystem>
 #include <fstream>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "cell/cell_refinement.h"
+#include "cell/reflection_list.h"
 #include "files/card_format.h"
 #include "files/channel_format.h"
 #include "files/column_formats.h"
+#include "files/file_preview.h"
 #include "files/philips_format.h"
 #include "files/siemens_format.h"
+#include "fit/fit_parameters.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -91,14 +96,11 @@ TEST(HelpTopics, StateTheFactsTheyAreKnownFor) {
       {HelpTopic::HelpFit, "A maximum of 12 peaks can be optimized in a single run. \r\n"},
       {HelpTopic::HelpFit, "set it to 0 or 1 by hand, take it off the set of refinable parameters"},
       {HelpTopic::HelpShowParam, "PV = eta G + (1 - eta) L\r\n"},
-      {HelpTopic::HelpAbout, "1) Load profile data from disk. \r\n"},
-      {HelpTopic::HelpAbout, "2) Save profile data on disk.\r\n"},
-      {HelpTopic::HelpAbout, "3) Display profile and work.\r\n"},
-      {HelpTopic::HelpAbout, "4) Profile manipulation.\r\n"},
-      {HelpTopic::HelpAbout, "5) Fit.\r\n"},
       {HelpTopic::HelpAbout,
-       "6) Calibration (allows for translating \"Channels\" scale into 2-theta scale)\r\n"},
-      {HelpTopic::HelpAbout, "7) Cell parameters refinement.\r\n"},
+       "1) Load profile data from disk. \r\n2) Save profile data on disk.\r\n3) Display profile and work.\r\n"
+       "4) Profile manipulation.\r\n5) Fit.\r\n6) Calibration (allows for translating \"Channels\" scale "
+       "into "
+       "2-theta scale)\r\n7) Cell parameters refinement.\r\n"},
       {HelpTopic::HelpAbout, "16MB RAM"},
       {HelpTopic::HelpAbout, "\"System cfg.\""},
       {HelpTopic::HelpCorundum, "25.676 degrees, disagrees with the cell\r\nof corundum"},
@@ -119,6 +121,74 @@ TEST(HelpTopics, StateTheFactsTheyAreKnownFor) {
   }
 }
 
+std::string N(std::size_t number) { return std::to_string(number); }
+
+/// With a single blank between words.
+std::string OnOneLine(HelpTopic topic) {
+  std::istringstream words(HelpText(topic));
+  std::string text;
+  for (std::string word; words >> word;) text += word + " ";
+  return text;
+}
+
+TEST(HelpTopics, TellTheLimitsOfTheProgramAndWhatIsRoundedLostOrKept) {
+  const std::string points = "at most " + N(MaxPoints) + " points";
+  const ProfileBuffer buffer;
+  const std::vector<std::pair<HelpTopic, std::vector<std::string>>> facts{
+      {HelpTopic::HelpLoad,
+       {points,
+        "first " + N(FilePreview::MaxLines) + " lines and, for a file of " + N(FilePreview::MaxLines) +
+            " lines or more, its last " + N(FilePreview::LastLines) + ".",
+        "up to its " + N(LineWidth - 1) + "th character", "at most " + N(MaxWords) + " words",
+        "its calibration stay, and its wavelength too if the file doesn't tell one",
+        "leaves the buffer empty", "In a buffer that has a wavelength from before nothing is asked"}},
+      {HelpTopic::HelpSaveDisk,
+       {"The first 2-theta is rounded to 4 decimals, the step to 5, the wavelength to 6.",
+        "Two columns: every profile. Intensities are rounded to 2 decimals.",
+        "all 4096 channels. Intensities are rounded to 1 decimal.",
+        "rounded to counts, the range and the step to 4 decimals.",
+        "2-theta is rounded to 4 decimals, intensities to 2.", "as many points as the window last showed"}},
+      {HelpTopic::HelpAbout, {points, "at most " + N(MaxPeaks) + " peaks"}},
+      {HelpTopic::HelpFit, {"maximum of " + N(MaxFitPeaks) + " peaks"}},
+      {HelpTopic::HelpCoupling, {N(MaxCouples) + " of them at most"}},
+      {HelpTopic::HelpCalibration, {"only while the wavelength of the buffer is not known"}},
+      {HelpTopic::HelpRefineCell,
+       {"list holds " + N(MaxGenerated) + ".", N(MaxAccepted) + " can be accepted",
+        "may be " + N(MaxIndex) + " at most",
+        "expected at its calculated 2-theta plus this correction. If it is above 0, the observed positions "
+        "lie too high by it.",
+        "below 0 is listed only as h of a monoclinic cell and as h and k of a triclinic one"}},
+      {HelpTopic::HelpFormatItal,
+       {"up to " + N(TitleWidth) + " characters", "and the buffer is then empty",
+        "has N points all the same"}},
+      {HelpTopic::HelpFormatTwoColumns, {"needs a title and a wavelength line above its points"}},
+      {HelpTopic::HelpFormatPhilips,
+       {"There may be at most " + N(buffer.UdfHeader.size() - 1) + " of them",
+        "Numbers in the title are dropped"}},
+      {HelpTopic::HelpFormatUxd,
+       {"header of at most " + N(buffer.UxdHeader.size() - 1) + " lines", "only up to column 30",
+        "may have 12 characters"}},
+      {HelpTopic::HelpFormatCard,
+       {"at columns 1, 24 and 47:", "at most " + N(MaxReflections) + " reflections"}},
+      {HelpTopic::HelpExplorer, {"at most " + N(MaxPeaks) + " peaks"}},
+      {HelpTopic::HelpAccept,
+       {"X to 3 decimals and Y to 2", "after a \"Change all\" its value is taken, shown or not"}},
+      {HelpTopic::HelpCancel, {"accepted already are not taken back"}},
+      {HelpTopic::HelpSaveList, {"rounded to 3 decimals, intensities to 1 and d to 4"}},
+      {HelpTopic::HelpUndoZoom, {"on only while a portion is shown"}},
+      {HelpTopic::HelpPrint,
+       {"measures 115 x 90 mm", "not saved are not printed",
+        "a shift by X=X+K is not printed until it is saved"}},
+      {HelpTopic::HelpBitmap, {"with 1 the picture is as large as fits on the page"}},
+  };
+  for (const auto& [topic, sentences] : facts) {
+    const std::string text = OnOneLine(topic);
+    for (const std::string& sentence : sentences) {
+      EXPECT_NE(text.find(sentence), std::string::npos) << sentence;
+    }
+  }
+}
+
 TEST(HelpTopics, ExampleFilesLoad) {
   const auto read_card = [](Workspace& workspace, int slot, const TellUser& tell) {
     return ReadAid(workspace, slot, tell, [] { return 1.5406F; });
@@ -133,18 +203,19 @@ TEST(HelpTopics, ExampleFilesLoad) {
   // As the examples show them; the weighted mean of 1.54060 and half as much 1.54439 is 1.541863. A card of
   // silicon has 7 reflections, of which Bragg's law puts the first and the last at 28.441 and 94.951 degrees.
   const std::vector<Example> examples{
-      {HelpTopic::HelpFormatItal, ReadItalDat, "Silicon, line 111", 7, 28.38F, 28.5F, 0.02F, 212, 198,
-       1.5406F},
-      {HelpTopic::HelpFormatOneColumn, ReadOneColumn, "Silicon, line 111", 7, 28.38F, 28.5F, 0.02F, 212, 198,
-       1.5406F},
-      {HelpTopic::HelpFormatTwoColumns, ReadTwoColumns, "Silicon, line 111", 7, 28.38F, 28.54F, 0, 212, 198,
-       1.5406F},
-      {HelpTopic::HelpFormatCps, ReadAdf, "4096  23/6/98 12:06:43  1800 Operator", 16, 1, 16, 1, 12, 17, 0},
-      {HelpTopic::HelpFormatPhilips, ReadUdf, " Silicon line", 9, 28.38F, 28.54F, 0.02F, 212, 141,
-       1.5418633F},
-      {HelpTopic::HelpFormatUxd, ReadUxd, "_SAMPLE='Silicon, line 111'", 7, 28.38F, 28.5F, 0.02F, 212, 198,
-       1.5406F},
-      {HelpTopic::HelpFormatCard, read_card, "Silicon", 7, 28.441F, 94.951F, 0, 100, 6, 1.5406F},
+      Example{HelpTopic::HelpFormatItal, ReadItalDat, "Silicon, line 111", 7, 28.38F, 28.5F, 0.02F, 212, 198,
+              1.5406F},
+      Example{HelpTopic::HelpFormatOneColumn, ReadOneColumn, "Silicon, line 111", 7, 28.38F, 28.5F, 0.02F,
+              212, 198, 1.5406F},
+      Example{HelpTopic::HelpFormatTwoColumns, ReadTwoColumns, "Silicon, line 111", 7, 28.38F, 28.54F, 0, 212,
+              198, 1.5406F},
+      Example{HelpTopic::HelpFormatCps, ReadAdf, "4096  23/6/98 12:06:43  1800 Operator", 16, 1, 16, 1, 12,
+              17, 0},
+      Example{HelpTopic::HelpFormatPhilips, ReadUdf, " Silicon line", 9, 28.38F, 28.54F, 0.02F, 212, 141,
+              1.5418633F},
+      Example{HelpTopic::HelpFormatUxd, ReadUxd, "_SAMPLE='Silicon, line 111'", 7, 28.38F, 28.5F, 0.02F, 212,
+              198, 1.5406F},
+      Example{HelpTopic::HelpFormatCard, read_card, "Silicon", 7, 28.441F, 94.951F, 0, 100, 6, 1.5406F},
   };
   for (const Example& example : examples) {
     const ProfileBuffer buffer = LoadExample(example.Topic, example.Reader);
