@@ -221,13 +221,14 @@ the positions of indexed peaks, for all crystal systems.
    fixes the crystal system and "Quit" the cell for good: for others start
    "Refine cell" of the main menu again.
 3) In "Peak generation" give a range of 2-theta and press "OK". Listed are h,
-   k, l from 0 up, in a monoclinic cell h below 0 too, in a triclinic one h
-   and k. Reflections that are extinct by symmetry are among them, and
-   equivalent ones stand each by itself. In a monoclinic or triclinic cell
-   some may be missing: each index goes only one beyond the reach of its
-   reciprocal axis alone. A reflection that is not listed can be indexed all
-   the same. The list holds 300. Where there are more you are told; what is
-   listed need not be those of lowest angle, so choose a smaller range.
+   k, l from 0 up; an index below 0 is listed only as h of a monoclinic cell
+   and as h and k of a triclinic one. Reflections that are extinct by symmetry
+   are among them, and equivalent ones stand each by itself. In a monoclinic
+   or triclinic cell some may be missing: each index goes only one beyond the
+   reach of its reciprocal axis alone. A reflection that is not listed can be
+   indexed all the same. The list holds 300. Where there are more you are
+   told; what is listed need not be those of lowest angle, so choose a smaller
+   range.
 4) In "Peak indexation" click near a peak in the picture; the nearest one
    becomes blue. Type its H, K and L. "OK" shows where the cell puts it;
    beyond the reach of the wavelength the 2-theta of before is left standing.
@@ -241,7 +242,8 @@ the positions of indexed peaks, for all crystal systems.
 
 More peaks are needed than there are parameters: 3 for a cubic cell, 4 for a
 tetragonal or trigonal-hexagonal, 5 for an orthorhombic, 6 for a monoclinic
-and 8 for a triclinic one, at the least. An index may lie from -181 to 181.
+and 8 for a triclinic one, at the least. An index may be 181 at most, and -181
+at the lowest.
 
 "Zero correction (2-theta)" is a shift, in degrees, of the whole 2-theta scale:
 a peak of the cell is expected at its calculated 2-theta plus this correction.

@@ -138,8 +138,29 @@ std::string ShownBy(WindowWalk& walk, const Button& button) {
   return walk.Services.Helped ? HelpText(*walk.Services.Helped) : "";
 }
 
+/// In small letters, without the marks of access keys, and with a single blank between words.
+std::string Plain(const std::string& text) {
+  std::string plain;
+  std::istringstream words(text);
+  for (std::string word; words >> word;) plain += plain.empty() ? word : " " + word;
+  std::erase(plain, '&');
+  std::ranges::transform(plain, plain.begin(), [](unsigned char letter) { return std::tolower(letter); });
+  return plain;
+}
+
+/// The command that a topic opens with; empty where it opens with none.
+std::string CommandNamedBy(HelpTopic topic) {
+  const std::string text = Plain(HelpText(topic));
+  const std::string opening = "command \"";
+  return text.starts_with(opening)
+             ? text.substr(opening.size(), text.find('"', opening.size()) - opening.size())
+             : "";
+}
+
 TEST(Help, EachButtonOfEachWindowShowsItsTopicAndEachTopicHasAButton) {
   WindowWalk walk;
+  // By topic, of the commands that a button stands beside. The opening on smoothing names the frame.
+  std::map<HelpTopic, std::set<std::string>> captions{{HelpSmoothing, {"smoothing"}}};
   std::set<std::string> visited{"Form9"};  // which is never shown
   const auto visit = [&](const Form& form) {
     visited.insert(form.Name());
@@ -157,6 +178,8 @@ TEST(Help, EachButtonOfEachWindowShowsItsTopicAndEachTopicHasAButton) {
       EXPECT_EQ(button->Meaning, "Help on " + std::string(HelpSubject(help.Topic))) << name;
       if (!help.Beside.empty()) {
         EXPECT_EQ(beside.at(button), help.Beside) << name;
+        captions[help.Topic].insert(
+            Plain(dynamic_cast<const CaptionedControl&>(*form.Find(help.Beside)).Caption));
       }
     }
     EXPECT_TRUE(expected.empty()) << form.Name() << " lacks " << expected.begin()->first;
@@ -171,6 +194,10 @@ TEST(Help, EachButtonOfEachWindowShowsItsTopicAndEachTopicHasAButton) {
     for (const auto& [name, help] : buttons) reached.insert(help.Topic);
   }
   EXPECT_EQ(reached.size(), HelpTopicCount);
+  for (const HelpTopic topic : reached) {
+    const std::string command = CommandNamedBy(topic);
+    EXPECT_TRUE(command.empty() || captions[topic].contains(command)) << command;
+  }
 }
 
 TEST(Help, APressWithinASelectionLeavesTheSelectionAsItIs) {
@@ -194,16 +221,6 @@ TEST(Help, AnotherTopicTakesThePlaceOfTheFirstAndComesToTheFront) {
   session.Play("click Form1.Command1\nclick Form1.Command6\n");
   EXPECT_EQ(session.Value("get Form5.Text1.Text"), HelpText(HelpErase));
   EXPECT_EQ(session.Value("forms"), Json({"Form5", "Form1"}));
-}
-
-/// In small letters, without the marks of access keys, and with a single blank between words.
-std::string Plain(const std::string& text) {
-  std::string plain;
-  std::istringstream words(text);
-  for (std::string word; words >> word;) plain += plain.empty() ? word : " " + word;
-  std::erase(plain, '&');
-  std::ranges::transform(plain, plain.begin(), [](unsigned char letter) { return std::tolower(letter); });
-  return plain;
 }
 
 TEST(Help, WhatATopicQuotesIsTheCaptionOfAWindowOrOfAControl) {

@@ -16,9 +16,11 @@
 #include "files/channel_format.h"
 #include "files/column_formats.h"
 #include "files/file_preview.h"
+#include "files/peak_list_window.h"
 #include "files/philips_format.h"
 #include "files/siemens_format.h"
 #include "fit/fit_parameters.h"
+#include "manipulation/robust_background.h"
 #include "workspace/workspace.h"
 
 namespace koprax {
@@ -150,11 +152,25 @@ TEST(HelpTopics, TellTheLimitsOfTheProgramAndWhatIsRoundedLostOrKept) {
         "2-theta is rounded to 4 decimals, intensities to 2.", "as many points as the window last showed"}},
       {HelpTopic::HelpAbout, {points, "at most " + N(MaxPeaks) + " peaks"}},
       {HelpTopic::HelpFit, {"maximum of " + N(MaxFitPeaks) + " peaks"}},
-      {HelpTopic::HelpCoupling, {N(MaxCouples) + " of them at most"}},
-      {HelpTopic::HelpCalibration, {"only while the wavelength of the buffer is not known"}},
+      {HelpTopic::HelpBackground,
+       {"Less than " + N(LeastWindow) + " or more than " + N(LargestWindow) + " points",
+        "the estimate starts from it, without cutting off the highest points"}},
+      {HelpTopic::HelpResume, {"first 30 points of the background are all 0"}},
+      {HelpTopic::HelpDft, {"the window then goes on with that one, and \"DFT\" takes it"}},
+      {HelpTopic::HelpSelectRange, {"up to 10 FWHM", "which is " + N(MaxFitPeaks)}},
+      {HelpTopic::HelpSaveFit,
+       {"room for " + N(MaxPeaks) + " peaks", "beyond the end removes the last peak"}},
+      {HelpTopic::HelpBackgroundBuffer, {"until \"Quit\" of its frame clears it"}},
+      {HelpTopic::HelpCorundum,
+       {"of the same one too, puts the scale back to 0-120", "by a negative shift only"}},
+      {HelpTopic::HelpCoupling, {N(MaxCouples) + " of them at most", "After \"Quit\" it stays off"}},
+      {HelpTopic::HelpCalibration,
+       {"fewer than " + N(peak_list_windows::Calibration.MaxLines) + " lines",
+        "only while the wavelength of the buffer is not known"}},
       {HelpTopic::HelpRefineCell,
-       {"list holds " + N(MaxGenerated) + ".", N(MaxAccepted) + " can be accepted",
-        "may be " + N(MaxIndex) + " at most",
+       {"fewer than " + N(peak_list_windows::Cell.MaxLines) + " lines", "A number above 180", "for good",
+        "rounded to whole numbers", "list holds " + N(MaxGenerated) + ".",
+        N(MaxAccepted) + " can be accepted", "may be " + N(MaxIndex) + " at most, and -" + N(MaxIndex),
         "expected at its calculated 2-theta plus this correction. If it is above 0, the observed positions "
         "lie too high by it.",
         "below 0 is listed only as h of a monoclinic cell and as h and k of a triclinic one"}},
