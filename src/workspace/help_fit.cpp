@@ -51,8 +51,8 @@ The background is the polynomial Y = A + BX + CX^2 + DX^3, with X counted from
 the lower limit of the range, or a measured one times a scale factor. The
 scale factor is always refined; its box only shows it and can't be typed in.
 
-- Ticked parameters are refined, the others are held. All of the peaks and of
-  the background are ticked at first.
+- Ticked parameters are refined, the others are held. All come ticked each time
+  the window opens: take off again the ticks of those to be held.
 - "delete peak nr." removes a peak; those below it move up. Press "OK"
   afterwards: until then the fit has one peak less, but the parameters of
   before, and is not started.

@@ -171,8 +171,8 @@ TEST(HelpTopics, TellTheLimitsOfTheProgramAndWhatIsRoundedLostOrKept) {
        {"fewer than " + N(peak_list_windows::Cell.MaxLines) + " lines", "A number above 180", "for good",
         "rounded to whole numbers", "list holds " + N(MaxGenerated) + ".",
         N(MaxAccepted) + " can be accepted", "may be " + N(MaxIndex) + " at most, and -" + N(MaxIndex),
-        "expected at its calculated 2-theta plus this correction. If it is above 0, the observed positions "
-        "lie too high by it.",
+        "expected at its calculated 2-theta plus this correction.",
+        "If it is above 0, the observed positions lie too high by it.",
         "below 0 is listed only as h of a monoclinic cell and as h and k of a triclinic one"}},
       {HelpTopic::HelpFormatItal,
        {"up to " + N(TitleWidth) + " characters", "and the buffer is then empty",
