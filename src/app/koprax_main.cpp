@@ -5,6 +5,7 @@
 
 #include "app/workbench.h"
 #include "forms/text_file.h"
+#include "forms_qt/held_keys.h"
 #include "forms_qt/logo.h"
 #include "forms_qt/qt_desktop_view.h"
 #include "forms_qt/qt_platform.h"
@@ -20,6 +21,9 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("KOPRAX");
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(koprax::LogoIcon());
+
+  koprax::HeldKeys held_keys;
+  application.installEventFilter(&held_keys);
 
   koprax::QtPlatform platform;
   koprax::QtRuntime runtime(platform);

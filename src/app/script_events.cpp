@@ -112,7 +112,7 @@ void ScriptEvents::FormHidden(Form& form) { Record(FormJson("hidden", form)); }
 
 void ScriptEvents::FormUnloaded(Form& form) { Record(FormJson("unloaded", form)); }
 
-void ScriptEvents::FormFronted(Form& form) { Record(FormJson("front", form)); }
+void ScriptEvents::FormFronted(Form& form, bool /*keyboard*/) { Record(FormJson("front", form)); }
 
 void ScriptEvents::FormChanged(Form& form, PropertyName name) {
   if (name == PropertyName::MousePointer) {

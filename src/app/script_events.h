@@ -25,7 +25,7 @@ class ScriptEvents final : public DesktopObserver {
   void FormShown(Form& form, bool modal) override;
   void FormHidden(Form& form) override;
   void FormUnloaded(Form& form) override;
-  void FormFronted(Form& form) override;
+  void FormFronted(Form& form, bool keyboard) override;
   void FormChanged(Form& form, PropertyName name) override;
   void ControlChanged(Control& control, PropertyName name) override;
   void ControlRefreshed(Control& control) override;

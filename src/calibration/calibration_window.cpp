@@ -222,7 +222,8 @@ void Form24::ShowMouseTips() {
   std::string standard = state_.StandardLoaded ? tips::ReadOut : mouse_tips::NoPlot;
   std::string sample = mouse_tips::NoPlot;
   const bool coupling = state_.CouplingActive && Frame1.Visible;
-  if (coupling && cmdAccept.Enabled) {
+  const bool picking = state_.PickStandard == 1 || state_.PickSample == 1;
+  if (coupling && cmdAccept.Enabled && !picking) {
     standard = sample = tips::Coupled;
   } else if (coupling) {
     standard = state_.PickStandard == 1 ? tips::PartnerBelow : tips::PickStandard;

@@ -43,7 +43,7 @@ Form6::Form6(const WindowContext& context) : BufferWindow(context, "Form6", "Dis
   ArrangeControls();
   ConnectHandlers();
   EnterClicks(cmdComboOK);
-  EscapeClicks(optNO);
+  EscapeClicks(optNO, [this] { return Selecting(); });
 }
 
 LayoutNode Form6::CommandsLayout() {

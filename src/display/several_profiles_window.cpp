@@ -53,7 +53,7 @@ void ShowSeveralProfiles(const WindowContext& context) {
 Form2::Form2(const WindowContext& context) : Form(context.Desk, "Form2", "Multiprofile"), context_(context) {
   ArrangeControls();
   ConnectHandlers();
-  EscapeClicks(optNO);
+  EscapeClicks(optNO, [this] { return state_.ZoomSelecting; });
 }
 
 void Form2::ArrangeControls() {

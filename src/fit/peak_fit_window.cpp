@@ -16,7 +16,7 @@ namespace koprax {
 Form19::Form19(const WindowContext& context) : BufferWindow(context, "Form19", "Peak fit") {
   ArrangeControls();
   ConnectHandlers();
-  EscapeClicks(optNO);
+  EscapeClicks(optNO, {});
 }
 
 LayoutNode Form19::PictureLayout() {

@@ -1,6 +1,7 @@
 #include "forms/desktop.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "forms/form.h"
 
@@ -106,6 +107,9 @@ void Desktop::Show(Form& form) {
     return;
   }
   if (form.visible_) {
+    if (ShownForms().front().get() == &form) {
+      Tell([&](DesktopObserver& observer) { observer.FormWanted(form); });
+    }
     BringToFront(form);
     return;
   }
@@ -164,8 +168,10 @@ void Desktop::BringToFront(Form& form) {
     return;
   }
   MoveToFront(form);
-  Tell([&](DesktopObserver& observer) { observer.FormFronted(form); });
+  Tell([&](DesktopObserver& observer) { observer.FormFronted(form, !following_); });
+  const bool before = std::exchange(following_, true);
   form.OnFronted();
+  following_ = before;
 }
 
 void Desktop::Refresh(Control& control) {

@@ -28,7 +28,10 @@ class DesktopObserver {
   virtual void FormShown(Form&, bool /*modal*/) {}
   virtual void FormHidden(Form&) {}
   virtual void FormUnloaded(Form&) {}
-  virtual void FormFronted(Form&) {}
+  /// `keyboard`: the user is to go on there; else it only comes above the others.
+  virtual void FormFronted(Form&, bool /*keyboard*/) {}
+  /// A form that is in front already has been asked for.
+  virtual void FormWanted(Form&) {}
   virtual void FormChanged(Form&, PropertyName) {}
   virtual void ControlChanged(Control&, PropertyName) {}
   virtual void PictureDrawn(PictureBox&) {}
@@ -71,7 +74,8 @@ class Desktop {
   [[nodiscard]] std::optional<std::string> WhyUnusable(const Form& form) const;
   [[nodiscard]] std::optional<std::string> WhyUnusable(const Control& control) const;
 
-  /// Nothing comes in front of a modal form.
+  /// Nothing comes in front of a modal form. A form that follows another one to the front, by its OnFronted,
+  /// leaves the keyboard where it is.
   void Show(Form& form);
   void ShowModal(Form& form);
   void Hide(Form& form);
@@ -107,6 +111,7 @@ class Desktop {
   std::vector<std::shared_ptr<Form>> leaving_;  // unloaded within the handler that runs
   std::vector<Form*> modal_;
   int depth_ = 0;
+  bool following_ = false;  // what comes to the front now follows another form
   bool quit_ = false;
 };
 

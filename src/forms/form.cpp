@@ -90,12 +90,13 @@ void Form::EnterClicks(Button& button) {
 void Form::EscapeClicks(Button& button) {
   escape_targets_.push_back({&button, [&button] { button.Click(); }});
 }
-void Form::EscapeClicks(OptionButton& option) {
-  escape_targets_.push_back({&option, [&option] { option.Click(); }});
+void Form::EscapeClicks(OptionButton& option, const std::function<bool()>& offered) {
+  escape_targets_.push_back({&option, [&option] { option.Click(); }, offered});
 }
 
 bool Form::ClickIfUsable(const KeyTarget& target) {
-  const bool usable = !desk_.WhyUnusable(*target.Target);
+  const bool offered = target.Offered && target.Offered() && !desk_.WhyUnusable(*this);
+  const bool usable = offered || !desk_.WhyUnusable(*target.Target);
   if (usable) {
     // The click may unload the form, and with it the target.
     const auto click = target.Click;

@@ -87,7 +87,8 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
   void EnterClicks(Button& button);
   /// Esc clicks the first of these that can be clicked.
   void EscapeClicks(Button& button);
-  void EscapeClicks(OptionButton& option);
+  /// `offered` tells when the option can be had by Esc though it isn't shown yet.
+  void EscapeClicks(OptionButton& option, const std::function<bool()>& offered);
   /// Esc closes the form as by its close box, where it clicks nothing.
   void EscapeCloses() { escape_closes_ = true; }
 
@@ -100,6 +101,7 @@ class Form : public PropertyOwner, public std::enable_shared_from_this<Form> {
   struct KeyTarget {
     const Control* Target;
     std::function<void()> Click;
+    std::function<bool()> Offered{};  ///< usable, whatever the control shows
   };
 
   bool ClickIfUsable(const KeyTarget& target);

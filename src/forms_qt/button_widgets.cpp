@@ -15,14 +15,14 @@ namespace {
 template <class Base>
 class EnterButton : public Base {
  public:
-  explicit EnterButton(QWidget& parent) : Base(&parent) {}
+  explicit EnterButton(QWidget* parent) : Base(parent) {}
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (!IsEnter(*event)) {
-      Base::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {  // a key that is held must not answer the box that it brings up
+    if (IsEnter(*event)) {
       Base::click();
+    } else {
+      Base::keyPressEvent(event);
     }
   }
 };
@@ -43,16 +43,16 @@ class CommandButton final : public EnterButton<QPushButton> {
 
 /// A choice whose state is the control's: a click only asks for it.
 template <class Base>
-class AskingButton : public EnterButton<Base> {
+class AskingButton : public Base {
  public:
-  explicit AskingButton(QWidget& parent) : EnterButton<Base>(parent) { Base::setAutoExclusive(false); }
+  explicit AskingButton(QWidget* parent) : Base(parent) { Base::setAutoExclusive(false); }
 
  protected:
   void nextCheckState() override {}
 };
 
 /// The arrow keys go from option to option and choose none, for a choice acts at once.
-class Option final : public AskingButton<QRadioButton> {
+class Option final : public AskingButton<EnterButton<QRadioButton>> {
  public:
   using AskingButton::AskingButton;
 
@@ -119,7 +119,7 @@ class ButtonWidget final : public ControlWidget {
 // The parent owns the widget.
 template <class WidgetType, class ControlType>
 std::unique_ptr<ControlWidget> Make(ControlType& control, QWidget& parent) {
-  auto* widget = new WidgetType(parent);
+  auto* widget = new WidgetType(&parent);
   return std::make_unique<ButtonWidget<ControlType, WidgetType>>(control, *widget);
 }
 

@@ -96,14 +96,12 @@ void FormWindow::Display(bool modal) {
   setAttribute(Qt::WA_KeyboardFocusChange);  // shows who has the keyboard before a key has been pressed
 }
 
-void FormWindow::Front(bool focus) {
+void FormWindow::Front() {
   if (isMinimized()) {
     showNormal();
   }
   raise();
-  if (focus) {
-    activateWindow();
-  }
+  activateWindow();
 }
 
 void FormWindow::Leave() {
@@ -201,8 +199,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  // A key that is held must not answer the box that it brings up.
-  if (!plain || !IsOfForm(*event) || event->isAutoRepeat() || IsBlocked()) {
+  if (!plain || !IsOfForm(*event) || IsBlocked()) {
     QWidget::keyPressEvent(event);
     return;
   }

@@ -24,8 +24,8 @@ class FormWindow final : public QWidget {
   [[nodiscard]] static FormWindow* Of(const Form& form);
 
   void Display(bool modal);
-  /// Lays the window above the others; with `focus` the keyboard goes to it, too.
-  void Front(bool focus);
+  /// Lays the window above the others and gives it the keyboard.
+  void Front();
   /// Parts from a form that has left the desktop: hides, and goes when the events under way are over.
   void Leave();
 

@@ -46,9 +46,10 @@ FormWindow& QtDesktopView::EnsureWindow(Form& form) {
 void QtDesktopView::AskForKeyboard(Form& form, FormWindow& window) {
   if (!window.isActiveWindow()) {
     asked_.insert(&form);
+    followers_.erase(&form);
     since_asked_.start();
   }
-  window.Front(true);
+  window.Front();
 }
 
 void QtDesktopView::FormShown(Form& form, bool modal) {
@@ -67,15 +68,25 @@ void QtDesktopView::FormUnloaded(Form& form) {
   if (FormWindow* window = WindowOf(form)) {
     windows_.erase(&form);
     asked_.erase(&form);
+    followers_.erase(&form);
     window->Leave();
   }
 }
 
-void QtDesktopView::FormFronted(Form& form) {
+void QtDesktopView::FormFronted(Form& form, bool keyboard) {
   FormWindow* window = WindowOf(form);
-  if (window != nullptr && follows_activation_) {
-    window->Front(false);
+  if (window != nullptr && (follows_activation_ || !keyboard)) {
+    window->raise();
+    if (!keyboard) {
+      followers_.insert(&form);
+    }
   } else if (window != nullptr) {
+    AskForKeyboard(form, *window);
+  }
+}
+
+void QtDesktopView::FormWanted(Form& form) {
+  if (FormWindow* window = WindowOf(form)) {
     AskForKeyboard(form, *window);
   }
 }
@@ -130,7 +141,7 @@ bool QtDesktopView::IsAnswer(Form& form) {
   }
   const auto& front = shown.front();
   const bool answer = asked_.contains(&form) || asked_.contains(front.get());
-  if (asked_.erase(&form) > 0 && front.get() != &form) {
+  if (asked_.erase(&form) > 0 && front.get() != &form && !followers_.contains(front.get())) {
     // Another form has come to the front since, and should stay there.
     AskForKeyboard(*front, *WindowOf(*front));
   }

@@ -29,7 +29,8 @@ class QtDesktopView final : public DesktopObserver {
   void FormShown(Form& form, bool modal) override;
   void FormHidden(Form& form) override;
   void FormUnloaded(Form& form) override;
-  void FormFronted(Form& form) override;
+  void FormFronted(Form& form, bool keyboard) override;
+  void FormWanted(Form& form) override;
   void FormChanged(Form& form, PropertyName name) override;
   void ControlChanged(Control& control, PropertyName name) override;
   void PictureDrawn(PictureBox& picture) override;
@@ -47,6 +48,7 @@ class QtDesktopView final : public DesktopObserver {
   std::map<const Form*, FormWindow*> windows_;
   // Forms whose windows have been asked to take the keyboard and have not answered yet, and since when.
   std::set<const Form*> asked_;
+  std::set<const Form*> followers_;  // came to the front without the keyboard
   QElapsedTimer since_asked_;
   QElapsedTimer since_refresh_;
   bool refreshing_ = false;          // input waits until the refresh is over

@@ -11,6 +11,7 @@
 #include <QSaveFile>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QVariant>
 
 #include "forms/form.h"
 #include "forms_qt/form_window.h"
@@ -67,9 +68,16 @@ std::string QtPlatform::GetSetting(std::string_view application, std::string_vie
 std::optional<std::string> QtPlatform::SaveSetting(std::string_view application, std::string_view section,
                                                    std::string_view key, std::string_view value) {
   QSettings settings = SettingsOf(application);
+  const QVariant before = settings.value(KeyOf(section, key));
   settings.setValue(KeyOf(section, key), ToQString(value));
   settings.sync();
   if (settings.status() != QSettings::NoError) {
+    // Qt remembers for the whole run what it could not write.
+    if (before.isValid()) {
+      settings.setValue(KeyOf(section, key), before);
+    } else {
+      settings.remove(KeyOf(section, key));
+    }
     return "the settings file " + settings.fileName().toStdString() + " can't be written";
   }
   return std::nullopt;

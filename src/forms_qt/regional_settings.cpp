@@ -4,7 +4,6 @@
 #include <QStandardPaths>
 #include <QString>
 #include <QStringList>
-#include <algorithm>
 #include <vector>
 
 namespace koprax {
@@ -25,27 +24,25 @@ std::vector<SettingsProgram> SettingsPrograms() {
       {text("KDE"), text("systemsettings5"), {text("kcm_formats")}},
       {text("LXQt"), text("lxqt-config-locale"), {}},
       {text("Cinnamon"), text("mintlocale"), {}},
-      {text("WINDOWS"), text("control.exe"), {text("intl.cpl")}},
   };
 }
 
 }  // namespace
 
 std::optional<std::string> OpenRegionalSettings() {
-  std::vector<SettingsProgram> programs = SettingsPrograms();
   const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-  // Those of the desktop that runs come first; any other that is installed does as well.
-  std::ranges::stable_partition(programs, [&](const SettingsProgram& one) {
-    return desktop.contains(one.Desktop, Qt::CaseInsensitive);
-  });
-  for (const SettingsProgram& one : programs) {
+  for (const SettingsProgram& one : SettingsPrograms()) {
+    // Those of another desktop may do nothing here, and say nothing either.
+    if (!desktop.contains(one.Desktop, Qt::CaseInsensitive)) {
+      continue;
+    }
     const QString found = QStandardPaths::findExecutable(one.Program);
     if (!found.isEmpty() && QProcess::startDetached(found, one.Arguments)) {
       return std::nullopt;
     }
   }
   return "This desktop has no program for them that KOPRAX knows. Choose a language or region that writes "
-         "numbers with a period, or set the environment variable LC_NUMERIC to C.UTF-8.";
+         "numbers with a period, or start KOPRAX with the environment variable LC_ALL set to C.UTF-8.";
 }
 
 }  // namespace koprax

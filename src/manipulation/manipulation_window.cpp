@@ -19,7 +19,7 @@ namespace koprax {
 Form12::Form12(const WindowContext& context) : BufferWindow(context, "Form12", "Profile manipulatuion") {
   ArrangeControls();
   ConnectHandlers();
-  EscapeClicks(optNO);
+  EscapeClicks(optNO, [this] { return state_.ZoomSelect && !state_.Zoomed; });
 }
 
 LayoutNode Form12::PictureLayout() {

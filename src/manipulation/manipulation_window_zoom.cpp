@@ -187,6 +187,8 @@ void Form12::EnableBackgroundCommands(bool enabled) {
 void Form12::DrawWithSmoothCurve(const PlotLimits& limits) {
   if (!HoldsItsPoints()) {  // which leaves nothing to show
     Picture1.Cls();
+    state_.Shown.Keep(context_.Data, false);
+    ShowMouseTip();
     return;
   }
   if (!DrawFrame(limits)) {

@@ -15,10 +15,6 @@ constexpr std::string_view Application = "MyApp";
 constexpr std::string_view Section = "General";
 constexpr std::string_view DontShow = "DontShow";
 
-double DontShowSetting(Runtime& runtime) {
-  return LeadingNumber(runtime.GetSetting(Application, Section, DontShow, "0"));
-}
-
 /// The first mode of that size with so many colours as all changes ask for.
 std::optional<ScreenMode> ModeOfSize(Machine& machine, int width, int height) {
   constexpr int BitsPerPixel = 16;
@@ -30,7 +26,9 @@ std::optional<ScreenMode> ModeOfSize(Machine& machine, int width, int height) {
 
 }  // namespace
 
-bool WantsSystemWindowAtStart(Runtime& runtime) { return DontShowSetting(runtime) == 0; }
+bool WantsSystemWindowAtStart(Runtime& runtime) {
+  return LeadingNumber(runtime.GetSetting(Application, Section, DontShow, "0")) == 0;
+}
 
 void ShowSystemWindow(const WindowContext& context) {
   auto window = std::dynamic_pointer_cast<Form35>(context.Desk.Find("Form35"));
@@ -72,14 +70,16 @@ void Form35::OnLoad() {
 }
 
 void Form35::ShowWithSetting() {
-  Check1.Value = DontShowSetting(Desk().Host()) == 0 ? 0 : 1;
+  TickAsKept();
   Show();
 }
+
+void Form35::TickAsKept() { Check1.Value = WantsSystemWindowAtStart(Desk().Host()) ? 0 : 1; }
 
 void Form35::KeepSetting() {
   if (const auto problem =
           Desk().Host().SaveSetting(Application, Section, DontShow, std::to_string(Check1.Value.Get()))) {
-    Check1.Value = DontShowSetting(Desk().Host()) == 0 ? 0 : 1;
+    TickAsKept();
     Desk().Host().MsgBox(ErrorMessage("The choice can't be kept: " + *problem + "."));
   }
 }

@@ -22,6 +22,7 @@ class Form35 final : public Form {
  private:
   void OnLoad() override;
   void ArrangeControls();
+  void TickAsKept();
   void KeepSetting();
   void OpenNumberSettings();
   void ChangeResolution(int width, int height);

@@ -99,11 +99,11 @@ TEST_F(SystemWindow, WarnsOfASeparatorThatIsNoPeriodAndLeadsToTheSettings) {
   EXPECT_EQ(Text("Text2"),
             "You are using \".\" as decimal separator.\r\nThis is in agreement with KOPRAX settings.");
   EXPECT_EQ(Get("Form35.Command1.Visible"), false);
-  for (const auto& [text, separator] : {std::pair{"0,8", ","}, {"0'8", "'"}, {"٠٫٨", "٠٫٨"}}) {
-    Host().Number = text;
+  for (const std::string separator : {",", "'", "٫"}) {
+    Host().Separator = separator;
     OpenAnew();
     EXPECT_EQ(Text("Text2"),
-              "You are using \"" + std::string(separator) +
+              "You are using \"" + separator +
                   "\" as decimal separator.\r\nThis is NOT in agreement with KOPRAX settings.\r\n"
                   "Select \".\" as decimal separator in Control Panel,\r\nInternational settings.");
     EXPECT_EQ(

@@ -35,6 +35,7 @@ std::string LineOf(const std::string& form, const Control& control) {
   if (!tip.empty()) line.append(" tip \"").append(tip).append("\"");
   if (all.contains("Font") && all["Font"] != "MS Sans Serif") add_text("Font", " font");
   if (all.contains("Value") && all["Value"] != false && all["Value"] != 0) line += " chosen";
+  if (const Control* around = control.Container(); around != nullptr) line += " in " + around->Name();
   if (!all.value("Enabled", true)) line += " off";
   if (!all.value("Visible", true)) line += " hidden";
   if (all.value("Locked", false)) line += " locked";

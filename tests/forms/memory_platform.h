@@ -10,6 +10,7 @@
 
 #include "forms/form.h"
 #include "forms/machine.h"
+#include "forms/number_text.h"
 #include "forms/platform.h"
 #include "forms/printer.h"
 
@@ -21,7 +22,10 @@ class MemoryMachine final : public Machine {
   std::string ComputerName() override { return Name; }
   SystemVersion System() override { return Version; }
   ScreenMode ScreenOf(const Form& /*form*/) override { return Screen; }
-  std::string NumberText(double /*number*/) override { return Number; }
+  std::string NumberText(double number) override {
+    std::string text = GeneralText(number);
+    return text.replace(text.find('.'), 1, Separator);
+  }
   std::vector<ScreenMode> ScreenModes() override { return Modes; }
   int ChangeScreen(const ScreenMode& mode) override {
     Changed.push_back(mode);
@@ -31,7 +35,7 @@ class MemoryMachine final : public Machine {
   std::string Name = "lab";
   SystemVersion Version{.Name = "Linux", .Major = 6, .Minor = 1};
   ScreenMode Screen{.BitsPerPixel = 24, .Width = 1280, .Height = 1024};
-  std::string Number = "0.8";  ///< how it writes 4 / 5
+  std::string Separator = ".";
   std::vector<ScreenMode> Modes;
   std::vector<ScreenMode> Changed;
   int ChangeResult = 0;

@@ -76,7 +76,7 @@ class WindowLook final : public DesktopObserver {
   ~WindowLook() override { desk_.RemoveObserver(*this); }
 
   void FormShown(Form& /*form*/, bool /*modal*/) override { LookAtAll(); }
-  void FormFronted(Form& /*form*/) override { LookAtAll(); }
+  void FormFronted(Form& /*form*/, bool /*keyboard*/) override { LookAtAll(); }
   std::set<std::string> Seen;
 
  private:

@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <deque>
 
+#include "forms_qt/held_keys.h"
 #include "view_fixture.h"
 
 namespace koprax {
@@ -82,6 +83,81 @@ TEST_F(FormWindowTest, ButtonsAnswerToMouseMnemonicAndKeys) {
   Click(form.cmdStart);
   EXPECT_EQ(form.Clicks, 4);
   EXPECT_FALSE(start.isEnabled());
+}
+
+/// One key goes down over a window, as often as it repeats itself.
+class HeldKey {
+ public:
+  explicit HeldKey(Qt::Key key) : key_(key) { qApp->installEventFilter(&filter_); }
+  void Press(QWidget& window, bool repeats) { Send(window, QEvent::KeyPress, repeats); }
+  void LetGo(QWidget& window) { Send(window, QEvent::KeyRelease, false); }
+  void Wait(quint64 milliseconds) { now_ += milliseconds; }
+
+ private:
+  void Send(QWidget& window, QEvent::Type type, bool repeats) {
+    window.activateWindow();
+    QKeyEvent event(type, key_, Qt::NoModifier, QString(), repeats);
+    event.setTimestamp(now_);
+    QCoreApplication::sendEvent(window.windowHandle(), &event);
+  }
+  Qt::Key key_;
+  HeldKeys filter_;
+  quint64 now_ = 1000;
+};
+
+TEST_F(FormWindowTest, AKeyThatIsHeldPressesOnceWhateverComesUp) {
+  SampleForm& form = Show<SampleForm>();
+  Widget(form.cmdStart).setFocus();
+  HeldKey enter(Qt::Key_Return);
+  enter.Press(Window(form), false);
+  EXPECT_EQ(form.Clicks, 1);
+  enter.Press(Window(form), true);
+
+  SampleForm& next = Show<SampleForm>();  // in place of the first
+  Widget(next.cmdStart).setFocus();
+  // A window that has just come up isn't told that the key is held.
+  enter.Wait(500);
+  enter.LetGo(Window(next));
+  enter.Press(Window(next), false);
+  enter.Press(Window(next), true);
+  EXPECT_EQ(next.Clicks, 0);
+  enter.LetGo(Window(next));
+  enter.Wait(50);
+  enter.Press(Window(next), false);
+  EXPECT_EQ(next.Clicks, 1);
+}
+
+class FollowedForm final : public Form {
+ public:
+  explicit FollowedForm(Desktop& desk) : Form(desk, "Followed", "") {}
+
+ private:
+  void OnFronted() override {
+    if (const auto follower = Desk().Find("Sample")) follower->BringToFront();
+  }
+};
+
+TEST_F(FormWindowTest, AFormThatFollowsAnotherLeavesItTheKeyboard) {
+  SampleForm& follower = Show<SampleForm>();
+  FollowedForm& form = Show<FollowedForm>();
+  EXPECT_EQ(desk_.ShownForms().front().get(), &follower);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  form.BringToFront();
+  Settle();
+  EXPECT_EQ(desk_.ShownForms().front().get(), &follower);
+  EXPECT_TRUE(Window(form).isActiveWindow());
+
+  // One that is asked for comes, also if it was put away while it lay in front.
+  Window(follower).showMinimized();
+  form.BringToFront();
+  Settle();
+  EXPECT_TRUE(Window(follower).isMinimized());
+  follower.Show();
+  Settle();
+  EXPECT_FALSE(Window(follower).isMinimized());
+  EXPECT_TRUE(Window(follower).isActiveWindow());
 }
 
 TEST_F(FormWindowTest, TabGoesThroughTheLayoutPastLockedBoxes) {
@@ -165,6 +241,9 @@ TEST_F(FormWindowTest, KeysWorkTheWholeForm) {
   combo.setFocus();
   press(Qt::Key_Tab);
   press(Qt::Key_Return);
+  EXPECT_EQ(form.Check1.Value, 0) << "Enter accepts the form, Space ticks a box";
+  EXPECT_EQ(form.Accepted, 5);
+  press(Qt::Key_Space);
   EXPECT_EQ(form.Check1.Value, 1);
   press(Qt::Key_Tab);
   press(Qt::Key_Down);
@@ -174,7 +253,7 @@ TEST_F(FormWindowTest, KeysWorkTheWholeForm) {
   EXPECT_EQ(form.Chosen, 0) << "going to an option chooses nothing";
   press(Qt::Key_Return);
   EXPECT_TRUE(form.optA.Value);
-  EXPECT_EQ(form.Accepted, 4);
+  EXPECT_EQ(form.Accepted, 5);
 }
 
 TEST_F(FormWindowTest, EveryControlHasANameToBeSpoken) {

@@ -1,4 +1,6 @@
 // Boxes and dialogs as a person answers them, modal windows, and what is written to files.
+#include <sys/utsname.h>
+
 #include <QFile>
 #include <QFileDialog>
 #include <QImage>
@@ -12,6 +14,7 @@
 #include <QTimer>
 #include <cmath>
 
+#include "forms/machine.h"
 #include "forms/printer.h"
 #include "view_fixture.h"
 
@@ -156,18 +159,51 @@ TEST_F(QtRuntimeTest, SettingsOutliveTheRun) {
   runtime_.SaveSetting("MyApp", "General", "DontShow", "1");
   QtPlatform next_run;
   EXPECT_EQ(next_run.GetSetting("MyApp", "General", "DontShow", "0"), "1");
-  EXPECT_TRUE(QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + "/MyApp.ini"));
+  QFile file(qEnvironmentVariable("XDG_CONFIG_HOME") + "/MyApp.ini");
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_NE(file.readAll().indexOf("General]\nDontShow=1"), -1);
 }
 
-TEST_F(QtRuntimeTest, ASettingThatCannotBeKeptIsTold) {
+TEST_F(QtRuntimeTest, ASettingThatCannotBeKeptIsToldAndForgotten) {
   const QTemporaryDir folder;
-  QFile file(folder.filePath("file"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  // A file that nobody can write, whoever runs the test.
+  ASSERT_TRUE(QFile::link("/proc/version", folder.filePath("MyApp.ini")));
   const QByteArray before = qgetenv("XDG_CONFIG_HOME");
-  qputenv("XDG_CONFIG_HOME", file.fileName().toLocal8Bit());
+  qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
   const auto failure = runtime_.SaveSetting("MyApp", "General", "DontShow", "1");
+  EXPECT_EQ(runtime_.GetSetting("MyApp", "General", "DontShow", "absent"), "absent");
   qputenv("XDG_CONFIG_HOME", before);
-  EXPECT_NE(failure.value_or("").find("/file/MyApp.ini"), std::string::npos);
+  EXPECT_NE(failure.value_or("").find("/MyApp.ini"), std::string::npos);
+}
+
+TEST_F(QtRuntimeTest, TheMachineTellsItsNameAndItsKernel) {
+  utsname system{};
+  ASSERT_EQ(uname(&system), 0);
+  EXPECT_EQ(runtime_.TheMachine().ComputerName(), system.nodename);
+  const SystemVersion version = runtime_.TheMachine().System();
+  EXPECT_EQ(version.Name, system.sysname);
+  const std::string numbers = std::to_string(version.Major) + "." + std::to_string(version.Minor);
+  EXPECT_TRUE(std::string(system.release).starts_with(numbers)) << system.release;
+}
+
+TEST_F(QtRuntimeTest, TheRegionalSettingsAreThoseOfTheDesktopThatRuns) {
+  const QTemporaryDir folder;
+  QFile program(folder.filePath("gnome-control-center"));
+  ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+  program.write("#!/bin/sh\necho $1 > \"$0.args\"\n");
+  program.close();
+  ASSERT_TRUE(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", folder.path().toLocal8Bit() + ":" + path);
+  qputenv("XDG_CURRENT_DESKTOP", "XFCE");
+  EXPECT_TRUE(runtime_.Shell(std::string(RegionalSettingsCommand)).has_value());
+  qputenv("XDG_CURRENT_DESKTOP", "ubuntu:GNOME");
+  EXPECT_EQ(runtime_.Shell(std::string(RegionalSettingsCommand)), std::nullopt);
+  qputenv("PATH", path);
+  QFile told(program.fileName() + ".args");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() > 0; }));
+  ASSERT_TRUE(told.open(QIODevice::ReadOnly));
+  EXPECT_EQ(told.readAll(), "region\n");
 }
 
 TEST_F(QtRuntimeTest, TheMachineTellsThePixelsOfTheScreenUnderAForm) {
