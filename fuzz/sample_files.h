@@ -1,8 +1,7 @@
 // Files for a walk through the workbench: one of each kind that it reads, made by hand.
 #pragma once
 
-#include <array>
-#include <cstddef>
+#include <deque>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -15,9 +14,9 @@ namespace koprax {
 class SampleFiles {
  public:
   SampleFiles() {
-    for (std::size_t i = 0; i < files_.size(); ++i) {
-      files_.at(i).Write(Contents().at(i));
-      paths_.push_back(files_.at(i).Path());
+    for (const std::string& contents : Contents()) {
+      files_.emplace_back(std::to_string(files_.size())).Write(contents);
+      paths_.push_back(files_.back().Path());
     }
     paths_.emplace_back("no/such/folder/profile.dat");
     paths_.emplace_back();
@@ -34,9 +33,7 @@ class SampleFiles {
   }
 
  private:
-  static constexpr std::size_t Count = 10;
-
-  static std::array<std::string, Count> Contents() {
+  static std::vector<std::string> Contents() {
     std::string empty_lines;
     for (int i = 0; i < 511; ++i) empty_lines += "\r\n";
     const std::string mark_column(79, ' ');
@@ -57,9 +54,7 @@ class SampleFiles {
     };
   }
 
-  std::array<WorkFile, Count> files_{WorkFile("0"), WorkFile("1"), WorkFile("2"), WorkFile("3"),
-                                     WorkFile("4"), WorkFile("5"), WorkFile("6"), WorkFile("7"),
-                                     WorkFile("8"), WorkFile("9")};
+  std::deque<WorkFile> files_;
   WorkFile saved_{"saved"};
   std::vector<std::string> paths_;
   std::vector<std::string> paths_to_save_{saved_.Path(), "no/such/folder/profile.dat", ""};
