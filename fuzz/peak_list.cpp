@@ -1,6 +1,5 @@
 // Peak lists: what is read are numbers, and a list comes back from its file, as it is held and sorted.
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -30,28 +29,34 @@ std::vector<ListedPeak> ReadPeaks(const std::vector<std::string>& lines, PeakLis
   return read.Peaks;
 }
 
-/// The four numbers of a peak, and their decimals in the sorted list.
-struct PeakNumber {
-  float ListedPeak::*Field;
-  int Decimals;
-};
-constexpr std::array<PeakNumber, 4> PeakNumbers{{{&ListedPeak::Position, 3},
-                                                 {&ListedPeak::Intensity, 1},
-                                                 {&ListedPeak::Spacing, 4},
-                                                 {&ListedPeak::Theta2, 3}}};
+void RequireNear(double value, double expected, double lost) {
+  Require(std::abs(value - expected) <= lost, "a number comes back from the list");
+}
 
-/// The peaks that lines give are the expected ones, but for what their digits or decimals lose.
-void CheckList(const std::vector<std::string>& lines, const std::vector<ListedPeak>& expected,
-               bool decimals) {
-  const auto read = ReadPeaks(lines, PeakListEnd::LastLine);
-  Require(read.size() == expected.size(), "all peaks come back");
+/// The list in its own order, written with the digits that it is held with.
+void CheckHeldList(const ProfileBuffer& buffer, const std::vector<ListedPeak>& peaks) {
+  const auto read = ReadPeaks(HeldPeakLines(buffer), PeakListEnd::LastLine);
+  Require(read.size() == peaks.size(), "all peaks come back");
   for (std::size_t k = 0; k < read.size(); ++k) {
-    for (const auto& [field, places] : PeakNumbers) {
-      const double value = expected[k].*field;
-      // With decimals each number is rounded twice, to be held and to be written.
-      const double lost = decimals ? 2 * DecimalsLost(value, places) : DigitsLost(value);
-      Require(std::abs(read[k].*field - value) <= lost, "a number comes back from the list");
-    }
+    RequireNear(read[k].Position, peaks[k].Position, DigitsLost(peaks[k].Position));
+    RequireNear(read[k].Intensity, peaks[k].Intensity, DigitsLost(peaks[k].Intensity));
+    RequireNear(read[k].Spacing, peaks[k].Spacing, DigitsLost(peaks[k].Spacing));
+    RequireNear(read[k].Theta2, peaks[k].Theta2, DigitsLost(peaks[k].Theta2));
+  }
+}
+
+/// The sorted list, written with fixed decimals. The peaks are held with 7 digits, so it is these that sort.
+void CheckSortedList(const ProfileBuffer& buffer, std::vector<ListedPeak> peaks) {
+  const auto as_held = [](float value) { return static_cast<float>(LeadingNumber(GeneralText(value))); };
+  std::ranges::stable_sort(peaks, {}, [&](const ListedPeak& peak) { return as_held(peak.Position); });
+  const auto read = ReadPeaks(SortedPeakLines(buffer), PeakListEnd::LastLine);
+  Require(read.size() == peaks.size(), "all sorted peaks come back");
+  // Each number is rounded twice, to be held and to be written.
+  for (std::size_t k = 0; k < read.size(); ++k) {
+    RequireNear(read[k].Position, peaks[k].Position, 2 * DecimalsLost(peaks[k].Position, 3));
+    RequireNear(read[k].Intensity, peaks[k].Intensity, 2 * DecimalsLost(peaks[k].Intensity, 1));
+    RequireNear(read[k].Spacing, peaks[k].Spacing, 2 * DecimalsLost(peaks[k].Spacing, 4));
+    RequireNear(read[k].Theta2, peaks[k].Theta2, 2 * DecimalsLost(peaks[k].Theta2, 3));
   }
 }
 
@@ -59,11 +64,8 @@ void CheckForCalibration(ProfileBuffer& buffer, std::vector<ListedPeak> peaks) {
   TakePeaksForCalibration(buffer, peaks);
   peaks.resize(std::min<std::size_t>(peaks.size(), MaxPeaks));
   Require(buffer.NPeaks == static_cast<int>(peaks.size()), "a list has up to 100 peaks");
-  CheckList(HeldPeakLines(buffer), peaks, false);
-  // The peaks are held with 7 digits, so it is these that sort.
-  const auto as_held = [](float value) { return static_cast<float>(LeadingNumber(GeneralText(value))); };
-  std::ranges::stable_sort(peaks, {}, [&](const ListedPeak& peak) { return as_held(peak.Position); });
-  CheckList(SortedPeakLines(buffer), peaks, true);
+  CheckHeldList(buffer, peaks);
+  CheckSortedList(buffer, peaks);
 }
 
 void CheckForCell(ProfileBuffer& buffer, const std::vector<ListedPeak>& peaks) {

@@ -25,22 +25,19 @@
 
 namespace koprax {
 
-inline bool Always(const ProfileBuffer& /*buffer*/) { return true; }
-
 /// What is the format's own in that law.
 struct ProfileFormat {
   std::int16_t InputFormat;
   ReadOutcome (*Read)(Workspace&, int, const TellUser&);
   /// What else holds for a profile that was read; may be none.
   void (*CheckRead)(const ProfileBuffer&) = nullptr;
+  /// Whether a saved profile is sure to come back; the formats say why it may not. None without a writer.
+  bool (*ComesBack)(const ProfileBuffer&) = nullptr;
   /// How far X of point i, and an intensity, may be from the saved ones through the rounding of the format.
-  /// None without a writer.
   double (*XRounding)(const ProfileBuffer&, std::size_t i) = nullptr;
   double (*YRounding)(double y) = nullptr;
-  /// Whether a saved profile is sure to come back; the formats say why it may not.
-  bool (*ComesBack)(const ProfileBuffer&) = Always;
   /// Whether already the first saved file holds what a second one will hold, letter for letter.
-  bool (*SavesExactly)(const ProfileBuffer&) = Always;
+  bool (*SavesExactly)(const ProfileBuffer&) = nullptr;
   bool SavesTitle = true;
   bool MayEndEarly = false;  ///< points that the file lacks hold what lay there
 };
@@ -49,7 +46,6 @@ struct ProfileFormat {
 inline bool IsShortNumber(float value) {
   return static_cast<float>(LeadingNumber(GeneralText(value))) == value;
 }
-
 class ProfileLaw {
  public:
   explicit ProfileLaw(const ProfileFormat& format) : format_(format) {
@@ -58,7 +54,7 @@ class ProfileLaw {
 
   void Check(std::string_view bytes) {
     input_.Write(bytes);
-    if (!Load(1, input_) || LacksPoints(1) || format_.XRounding == nullptr) return;
+    if (!Load(1, input_) || LacksPoints(1) || format_.ComesBack == nullptr) return;
     // Without points nothing can get lost, so nothing is told: a title of numbers may come back as a point.
     if (data_.Buffer(1).PermNpts == 0) return;
     ShowAsLoaded(1);

@@ -1,7 +1,8 @@
 // Files for a walk through the workbench: one of each kind that it reads, made by hand.
 #pragma once
 
-#include <deque>
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -14,9 +15,9 @@ namespace koprax {
 class SampleFiles {
  public:
   SampleFiles() {
-    for (const std::string& contents : Contents()) {
-      files_.emplace_back(std::to_string(files_.size())).Write(contents);
-      paths_.push_back(files_.back().Path());
+    for (std::size_t i = 0; i < files_.size(); ++i) {
+      files_.at(i).Write(Contents().at(i));
+      paths_.push_back(files_.at(i).Path());
     }
     paths_.emplace_back("no/such/folder/profile.dat");
     paths_.emplace_back();
@@ -33,7 +34,9 @@ class SampleFiles {
   }
 
  private:
-  static std::vector<std::string> Contents() {
+  static constexpr std::size_t Count = 10;
+
+  static std::array<std::string, Count> Contents() {
     std::string empty_lines;
     for (int i = 0; i < 511; ++i) empty_lines += "\r\n";
     const std::string mark_column(79, ' ');
@@ -54,7 +57,9 @@ class SampleFiles {
     };
   }
 
-  std::deque<WorkFile> files_;
+  std::array<WorkFile, Count> files_{WorkFile("0"), WorkFile("1"), WorkFile("2"), WorkFile("3"),
+                                     WorkFile("4"), WorkFile("5"), WorkFile("6"), WorkFile("7"),
+                                     WorkFile("8"), WorkFile("9")};
   WorkFile saved_{"saved"};
   std::vector<std::string> paths_;
   std::vector<std::string> paths_to_save_{saved_.Path(), "no/such/folder/profile.dat", ""};

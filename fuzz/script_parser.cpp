@@ -1,14 +1,17 @@
 // The commands of a script: each is read or refused with a reason, and one that is written out again from
 // what was read means the same.
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "app/script_command.h"
 #include "fuzz/law.h"
@@ -86,6 +89,59 @@ struct CommandWriter {
 
 std::string Written(const ScriptCommand& command) { return std::visit(CommandWriter(), command); }
 
+/// The words of a line, a JSON string with its blanks being one; the quotes of a string that was read are
+/// sound.
+std::vector<std::string> WordsOf(std::string_view line) {
+  std::vector<std::string> words(1);
+  bool quoted = false;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (!quoted && (line[i] == ' ' || line[i] == '\t')) {
+      if (!words.back().empty()) words.emplace_back();
+      continue;
+    }
+    words.back() += line[i];
+    if (line[i] == '"') quoted = !quoted;
+    if (quoted && line[i] == '\\') words.back() += line[++i];
+    // A string ends at its quote, also where no blank follows.
+    if (line[i] == '"' && !quoted) words.emplace_back();
+  }
+  if (words.back().empty()) words.pop_back();
+  return words;
+}
+
+bool IsNumber(const std::string& word) {
+  char* end = nullptr;
+  static_cast<void>(std::strtof(word.c_str(), &end));
+  return end == word.c_str() + word.size();
+}
+
+/// Whether two words mean the same: texts with other escapes, numbers and indices with other digits.
+bool SameMeaning(const std::string& one, const std::string& other) {
+  if (one == other) return true;
+  if (one.starts_with('"')) return nlohmann::json::parse(one) == nlohmann::json::parse(other);
+  const std::size_t bracket = one.find('(');
+  if (bracket == std::string::npos)
+    return IsNumber(one) && IsNumber(other) &&
+           std::strtof(one.c_str(), nullptr) == std::strtof(other.c_str(), nullptr);
+  return one.substr(0, bracket) == other.substr(0, bracket) &&
+         std::stoi(one.substr(bracket + 1)) == std::stoi(other.substr(bracket + 1)) &&
+         one.substr(one.find(')')) == other.substr(other.find(')'));
+}
+
+/// What follows the file of a printer may stand in any order and be left out.
+bool HasFreeOrder(const ScriptCommand& command) {
+  if (const auto* modal = std::get_if<std::shared_ptr<const ModalCommand>>(&command)) {
+    return HasFreeOrder((*modal)->Command);
+  }
+  return std::holds_alternative<PrinterCommand>(command);
+}
+
+void CheckWords(std::string_view line, const std::string& written) {
+  const std::vector<std::string> given = WordsOf(line);
+  const std::vector<std::string> read = WordsOf(written);
+  Require(std::ranges::equal(given, read, SameMeaning), "the line says the same as " + written);
+}
+
 /// The command that a text is known to be.
 ScriptCommand Reread(std::string_view text) {
   auto parsed = ParseScriptCommand(text);
@@ -98,6 +154,7 @@ ScriptCommand Reread(std::string_view text) {
 void CheckCommand(std::string_view line, const ScriptCommand& command) {
   const std::string written = Written(command);
   Require(Written(Reread(written)) == written, "the command reads back from " + written);
+  if (!HasFreeOrder(command)) CheckWords(line, written);
   Require(Written(Reread("\t " + std::string(line) + " \t")) == written, "blanks around it change nothing");
   if (const auto* modal = std::get_if<std::shared_ptr<const ModalCommand>>(&command)) {
     Require(Written(Reread((*modal)->Text)) == Written((*modal)->Command), "its text is its command");

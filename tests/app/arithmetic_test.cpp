@@ -60,6 +60,17 @@ TEST_F(ArithmeticTest, LogarithmAndExponentialTakeTheirOwnTops) {
   EXPECT_FLOAT_EQ(Data().Buffer(1).WorkYMax, 20);
 }
 
+TEST_F(ArithmeticTest, WhatIsLeftWithoutPointsIsNotSavedAndASelectionEndsTheArithmetic) {
+  for (const char* command : {"cmdEdit", "cmdZoom"}) {
+    Display("a");
+    EXPECT_THAT(OnOne("click Form6." + std::string(command) + "\n"), testing::Contains("unloaded Form8"));
+  }
+  Display("a");
+  OnOne("answer yes\ninput \"-100\"\nclick Form8.cmdSumX\n");
+  EXPECT_THAT(After("Form6.cmdSave"), ElementsAre(HasSubstr("Buffer a holds no points")));
+  EXPECT_EQ(Values("WorkNpts(a) PermNpts(a)"), (Json{0, 3}));
+}
+
 TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
   const std::vector<std::pair<std::string, std::vector<std::string>>> cases{
       {"answer no\ninput \"-1\"\nclick Form8.cmdProd\n", {"unloaded Form8"}},
@@ -79,10 +90,16 @@ TEST_F(ArithmeticTest, WhatIsDeclinedOrRefusedChangesNothing) {
   for (const char* number : {"much", "1e39", "-"}) {  // the window stays
     EXPECT_EQ(OnOne(Input(number) + "click Form8.cmdSumX\n").size(), 2U);
   }
-  Data().Buffer(1).WorkY[2] = 0;
-  EXPECT_EQ(OnOne("click Form8.cmdLogY\n").back(), "unloaded Form8");
   EXPECT_EQ(OnOne(Input("3e38") + "click Form8.cmdProd\n").back(), "unloaded Form8");
-  EXPECT_THAT(Y(), ElementsAre(5, 0, 10));
+  auto& y = Data().Buffer(1).WorkY;
+  y[1] = 0.0001F;
+  y[2] = 0;
+  for (const char* answer : {"answer no\n", "answer yes\n"}) {
+    EXPECT_EQ(OnOne(std::string(answer) + "click Form8.cmdLogY\n").back(), "unloaded Form8");
+  }
+  EXPECT_THAT(Y(), ElementsAre(0.0001F, 0, 10));
+  Data().Buffer(1).WorkNpts = 0;
+  EXPECT_THAT(OnOne("click Form8.cmdLogY\n"), ElementsAre(HasSubstr("no points")));
 }
 
 TEST_F(ArithmeticTest, OneOfTwoIsChosenAndTheOtherStays) {
@@ -115,14 +132,19 @@ TEST_F(ArithmeticTest, ACommandForAWindowThatIsGoneOnlyCloses) {
                    {.Profiles = profiles, .Redraw = never, .ComeBack = never, .ResultLeft = never});
     EXPECT_THAT(Words(std::string("click ") + command + "\n"), ElementsAre("unloaded Form8"));
   }
+  // Two that were not there at the load, or are there no more.
   Display("ab");
-  Data().SelBuf[2] = 0;  // two that were not there at the load
+  Data().SelBuf[2] = 0;
   OpenArithmetic(services.Context, {.Profiles = 2, .Opener = Desk().Find("Form2"), .TakeUp = [] {}});
   for (const char* command : {"Command2", "optY1"}) {
     EXPECT_THAT(Words(std::string("click Form8.") + command + "\n"),
                 ElementsAre(HasSubstr("no two profiles")));
   }
   EXPECT_EQ(Get("Form8.optY1.Value"), false);
+  Display("ab");
+  EXPECT_THAT(Words("click Form2.cmdMod\nanswer yes\nclick Form1.cmdDelBuff\nclick Form17.optB\nclick "
+                    "Form8.Command1\n"),
+              ElementsAre("front Form8", HasSubstr("no points in buffer b"), "unloaded Form8"));
 }
 
 TEST_F(ArithmeticTest, TheDifferenceOfTwoInAWindowOfItsOwn) {

@@ -95,6 +95,17 @@ TEST_F(CalibrationTest, ACancelLeavesThePromptAndNoPeaks) {
   EXPECT_EQ(Values("Form6.Line1.Visible Form6.Picture1.MousePointer"), (Json{true, 2}));
 }
 
+TEST_F(CalibrationTest, AnIrregularLineKeepsThePreviewForAnotherTry) {
+  Open("Title\r\n5\r\n1 2\r\n7\r\n");
+  for (int i = 0; i < 2; ++i) {
+    Buffer().CalPar[1] = 0;
+    EXPECT_THAT(Accept(), ElementsAre(StartsWith("Error, stop")));
+    EXPECT_THAT(Coefficients(), ElementsAre(5, 0, 0, 0, 0, 0, 0));
+    EXPECT_EQ(State(), (Json{false, 0, true, false}));
+  }
+  EXPECT_THAT(After("Form4.cmdCancel"), ElementsAre("unloaded Form4"));
+}
+
 TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
   Load('c', "1 5\r\n2 7\r\n");
   const struct {
@@ -116,6 +127,13 @@ TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
     EXPECT_EQ(State(), AllDone);
     EXPECT_EQ(Coefficients(), std::vector<double>(7, 0));
   }
+}
+
+TEST_F(CalibrationTest, AFileThatGivesNothingIsTold) {
+  AcceptPrompt("file \"/nowhere/a.cal\"\n");
+  const std::string shown = Get("Form4.Text1.Text");
+  EXPECT_THAT(shown, StartsWith("The file /nowhere/a.cal can't be read: "));
+  EXPECT_THAT(Accept(), ElementsAre("Error, stop: " + shown, "unloaded Form4"));
 }
 
 }  // namespace

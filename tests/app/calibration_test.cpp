@@ -90,8 +90,12 @@ class CalibrationWindowTest : public Journey {
 };
 
 TEST_F(CalibrationWindowTest, AWindowThatFindsNoListLeavesNoTrace) {
-  Open("input \"n\"\n");
-  EXPECT_FALSE(IsLoaded("Form24"));
+  const std::vector<std::string> given_up{"input \"n\"\n", "input cancel\n", "input \"y\"\nfile cancel\n",
+                                          "input \"y\"\nfile \"\"\n", "input \"y\"\nfile \"/nowhere/a\"\n"};
+  for (const std::string& answers : given_up) {
+    Open(answers);
+    EXPECT_FALSE(IsLoaded("Form24")) << answers;
+  }
   for (const char* way : {"click Form25.cmdCancel\n", "close Form25\n"}) {
     Open(List());
     EXPECT_TRUE(IsLoaded("Form25"));
@@ -126,6 +130,9 @@ TEST_F(CalibrationWindowTest, TheStandardStandsAboveTheSampleAtItsWavelengthAndC
   EXPECT_NEAR(sample[2]["x1"].get<double>(), 13 + 99.0 / 4096 * ChannelOfLine(3), 1e-4);
   EXPECT_NEAR(sample[2]["y2"].get<double>(), 10 + 28.5 / 120 * 100 * 3 / 9, 1e-4);
 
+  EXPECT_THAT(After("Form24.cmdSi"), ElementsAre(StartsWith("Error, stop: The wave length of the ")));
+  EXPECT_THAT(Words("set Form24.Combo1 \"-1\"\nclick Form24.cmdComboOK\n"),
+              ElementsAre(StartsWith("Error, stop: The wave length -1 is out of range.")));
   Move("Form24", "30 20");
   EXPECT_EQ(Values("Form24.Text7.Text Form24.Text8.Text"), (Json{"", ""}));
   EXPECT_THAT(Words("set Form24.Combo1 \"1.79026   (Co)\"\nclick Form24.cmdComboOK\n"), ElementsAre());
@@ -147,7 +154,12 @@ TEST_F(CalibrationWindowTest, TheStandardStandsAboveTheSampleAtItsWavelengthAndC
   EXPECT_EQ(Values("Form24.Text8.Text Form24.Text6.Text Form24.Text5.Text"),
             (Json{"x = -5", "y = 126.3158", "0"}));
 
-  Play("set Form24.Text2 \"1e39\"\nclick Form24.Command2\n");
+  const auto drawn = Value("picture Form24.Picture1");
+  for (const char* shift : {"1e39", "-1E12", "1d400"}) {
+    EXPECT_THAT(Words("set Form24.Text2 \"" + std::string(shift) + "\"\nclick Form24.Command2\n"),
+                ElementsAre(StartsWith("Error, stop: The standard can't be shifted by ")));
+  }
+  EXPECT_EQ(Value("picture Form24.Picture1"), drawn);
   EXPECT_EQ(Get("Form24.Text3.Text"), "x-min = -5");
 }
 
@@ -190,6 +202,12 @@ TEST_F(CalibrationWindowTest, PeaksAreCoupledInEitherOrder) {
   }
   EXPECT_EQ(Get("Form24.Text9.Text"), expected);
 
+  for (int i = Coupled().CoupleCount; i < MaxCouples; ++i) Couple(1, 1);
+  PickAbove(1);
+  PickBelow(1);
+  EXPECT_THAT(After("Form24.cmdAccept"), ElementsAre(StartsWith("Error, stop: There are 100 couples")));
+  EXPECT_EQ(Answers(), "++");
+  EXPECT_EQ(Coupled().CoupleCount, 100);
   Click("Form24.cmdStartCou");
   EXPECT_EQ(Answers(), "--");
   EXPECT_EQ(Coupled().CoupleCount, 0);
@@ -221,13 +239,17 @@ TEST_F(CalibrationWindowTest, EachPictureTellsWhatTheMouseDoes) {
   tips("of the standard", "of the sample");
   Click("Form24.cmdQuit");
   tips("boxes", "");
+  Click("Form24.Command3");  // for which there are too few couples
+  tips("of the standard", "of the sample");
 }
 
 TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
   Buffer().Wavelength = 0;
   Buffer().NPeaks = 1;
   Buffer().PeakTheta[1] = "28.4";
-  Open();
+  EXPECT_THAT(Open(),
+              testing::Contains(StartsWith("Warning, exclamation: The peaks in the list of buffer a have "
+                                           "no channels.")));
   Buffer().Wavelength = 1.54056F;  // in another window
   Click("Form24.cmdCorundum");
   EXPECT_EQ(Values("Form24.Frame3.Visible Form24.Text1.Text"), (Json{false, "  l = 1.54056"}));
@@ -235,9 +257,15 @@ TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
   EXPECT_NEAR(Sticks(1)[0]["x1"].get<double>(), 13 + 99.0 / 120 * 25.676, 1e-4);
   Click("Form24.cmdSi");
   EXPECT_EQ(Sticks(1).size(), 17U + 9);
+  Buffer().PeakTheta[1] = "28.5";
+  EXPECT_THAT(After("Form24.cmdSi"),
+              ElementsAre(StartsWith("Error, stop: The peak list of buffer a has been ")));
+  Buffer().PeakTheta[1] = "28.4";
   Buffer().Wavelength = 0;
-  Click("Form24.cmdSi");
+  EXPECT_THAT(After("Form24.cmdSi"), ElementsAre(StartsWith("Error, stop: The wave length of the ")));
   EXPECT_EQ(Values("Form24.Frame3.Visible Form24.Text1.Text"), (Json{true, ""}));
+  EXPECT_THAT(After("Form24.cmdStartCou"),
+              ElementsAre(StartsWith("Error, stop: The wave length of buffer a is ")));
   // The sticks are still those of the former wavelength.
   Move("Form24", std::to_string(13 + 99.0 / 120 * 60) + " 20");
   EXPECT_EQ(Get("Form24.Text5.Text"), "1.5406");
@@ -248,11 +276,18 @@ TEST_F(CalibrationWindowTest, ASecondStandardIsDrawnOverTheFirst) {
 TEST_F(CalibrationWindowTest, AListThatHasChangedElsewhereIsTold) {
   OpenForCoupling();
   Press(1, 20);
+  Buffer().Wavelength = 0.7F;
+  EXPECT_THAT(PickBelow(1),
+              ElementsAre(StartsWith("Error, stop: The wave length of buffer a has been changed")));
+  Buffer().Wavelength = Wavelength;
   PickBelow(1);
   Buffer().PeakChannel[1] = "5";
   const auto changed = ElementsAre(StartsWith("Error, stop: The peak list of buffer a has been changed in "));
   EXPECT_THAT(After("Form24.cmdAccept"), changed);
   EXPECT_THAT(PickBelow(2), changed);
+  Buffer().NPeaks = 0;
+  EXPECT_THAT(PickBelow(2),
+              ElementsAre(StartsWith("Error, stop: There is no peak in the list of buffer a ")));
   EXPECT_EQ(Coupled().CoupleCount, 0);
   Click("Form24.cmdSkip");
   EXPECT_EQ(Answers(), "--");
@@ -263,7 +298,9 @@ TEST_F(CalibrationWindowTest, ACalibrationComesBackFromItsFile) {
   for (const std::size_t i : {1U, 2U, 3U}) Couple(i, i);
   Click("Form24.cmdQuit");
   EXPECT_EQ(Switches("Form24", "cmdStartCou Command3"), "-+");
-  Click("Form24.Command3");  // for which there are too few couples
+  EXPECT_THAT(After("Form24.Command3"),
+              ElementsAre(StartsWith("Error, stop: The calibration can't be computed "
+                                     "from 3 couples of peaks, at 3 different")));
   EXPECT_EQ(
       Values("Form24.Frame1.Visible Form24.Command3.Visible Form24.Text10.Visible Form24.Command4.Visible"),
       (Json{true, true, false, false}));

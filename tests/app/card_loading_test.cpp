@@ -60,5 +60,12 @@ TEST_F(CardLoading, OnlyTheFirstNumberOfTheTextCounts) {
   EXPECT_EQ(Field("Wavelength"), 1.5406F);
 }
 
+TEST_F(CardLoading, AWavelengthThatIsNoneLoadsNothing) {
+  for (const char* text : {"copper", "0", "-1.5", "1E39"}) {
+    EXPECT_THAT(WithWavelength(text).dump(), testing::HasSubstr("wave length must be above 0")) << text;
+    EXPECT_EQ(Values("Wavelength(b) PermNpts(b) Title(b)"), (Json{0, 0, std::string(80, ' ')}));
+  }
+}
+
 }  // namespace
 }  // namespace koprax

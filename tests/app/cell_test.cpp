@@ -162,6 +162,8 @@ TEST_F(Cell, WithoutAListLeavesNoTrace) {
   const std::string file = FileAnswer(File("list.pks", SiliconList()));
   const std::vector<std::vector<std::string>> ways{
       {"input \"n\"\n", "", "0"},
+      {"input cancel\n", "", "0"},
+      {"input \"y\"\nfile cancel\n", "", "0"},
       {"input \"y\"\nfile \"\"\n", "", "2"},
       {"input \"y\"\n" + file, "click Form28.cmdCancel\n", "0"},
       {"input \"y\"\n" + file, "close Form28\n", "0"},
@@ -187,17 +189,23 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   Start(channels, "0");
   EXPECT_EQ(Frames(), "3");
   EXPECT_EQ(Get("Form26.Text3.Text"), "xmax = 4096");
+  Play("set Form26.Combo1 \"none\"\n");
+  EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("The wave length none is out of range."));
+  EXPECT_EQ(Frames(), "3");
+
   EXPECT_THAT(Words("set Form26.Combo1 \"1.5406 (Cu)\"\nfile cancel\nclick Form26.cmdComboOK\n").front(),
               HasSubstr("Read now calibration parameters"));
   EXPECT_EQ(Frames(), "13");
   EXPECT_EQ(Values("NPeaks(b) Wavelength(b) CalCancelled CurBuf"), Json({0, 0, 0, 2}));
   EXPECT_NE(LastDrawn()["colour"], 255);
   TakeCell("Cubic", "Text6=5.5");
+  EXPECT_THAT(Press(2000), HasSubstr("There is no peak in the list of buffer b"));
 
   // The sixth coefficient doesn't count here.
   Play(FileAnswer(File("d.cal", "Title\r\n1.5\r\n0.02\r\n1D-6\r\n0\r\n1D-13\r\n1D-15\r\n")) +
        "click Form26.cmdComboOK\nclick Form4.cmdOK\n");
   EXPECT_EQ(Frames(), "124");
+  EXPECT_THAT(Press(2000), HasSubstr("There is no peak in the list of buffer b"));
 
   // The wavelength that was typed serves all.
   Type("Text18=1 Text19=0 Text20=0");
@@ -220,7 +228,7 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   EXPECT_EQ(Get("Form26.Text12.Text"), RoundedText(spacing, 4));
   EXPECT_EQ(Get("Form26.Text5.Text"), "y = 100");
 
-  // A calibration is not asked for again.
+  // A calibration is not asked for again; without one there is no 2-theta.
   Data().Buffer(2).Wavelength = 0;
   Data().Buffer(2).FormatCode = 4;
   Click("Form1.cmdRefineCell Form27.optB");
@@ -229,6 +237,33 @@ TEST_F(Cell, AsksForTheWavelengthFirstAndForACalibrationOfChannels) {
   Data().Buffer(2).CalPar[1] = -1.5;
   EXPECT_EQ(Press(1990), "");
   EXPECT_EQ(Get("Form26.Text15.Text"), "44.1");
+  Data().Buffer(2).CalPar.fill(0);
+  EXPECT_THAT(Press(1990), HasSubstr("Buffer b has no calibration"));
+  EXPECT_EQ(Get("Form26.Text15.Text"), "0");
+}
+
+TEST_F(Cell, ListsThatLookWrongAreTold) {
+  Load('b', "10 5\r\n20 7\r\n30 5\r\n");
+  ProfileBuffer& buffer = Data().Buffer(2);
+  buffer.NPeaks = 2;
+  const auto told = [&](int format, const char* theta, const char* channel) {
+    buffer.FormatCode = static_cast<std::int16_t>(format);
+    buffer.PeakTheta[2] = theta;
+    buffer.PeakChannel[2] = channel;
+    const auto words = After("Form1.cmdRefineCell Form27.optB");
+    const auto message = std::ranges::find_if(words, [](const std::string& text) {
+      return text.rfind("Warning, exclamation: The peaks in ", 0) == 0;
+    });
+    return message == words.end() ? "" : *message;
+  };
+  buffer.PeakTheta[1] = "30";  // beside the one that is given
+  EXPECT_EQ(told(2, "180", "5"), "");
+  EXPECT_EQ(told(2, "", "500"), "");
+  EXPECT_EQ(told(4, "", "181"), "");
+  EXPECT_THAT(told(2, "180.1", "500"), HasSubstr("not all lie up to 180"));
+  EXPECT_THAT(told(4, "30", "30"), HasSubstr("none lies above 180"));
+  buffer.PeakTheta[1] = "";
+  EXPECT_THAT(told(2, "", "500"), HasSubstr("have no 2-theta."));
 }
 
 TEST_F(Cell, EachSystemTakesTheBoxesThatItLeavesFree) {
@@ -272,19 +307,31 @@ TEST_F(Cell, EachSystemTakesTheBoxesThatItLeavesFree) {
 TEST_F(Cell, WhatCanNotBeKeepsWhatIsThere) {
   Start(SiliconList());
   Play("set Form26.Combo2 \"Triclinic\"\nclick Form26.Command2\n");
-  for (const char* angle : {"255", "-80", "95"}) {  // only the last of which is that of a cell
-    Type("Text6=5 Text7=6 Text8=7 Text9=80 Text10=" + std::string(angle) + " Text11=100 ");
-    EXPECT_EQ(Frames(), "1");
+  for (const char* cell : {"Text6=5 Text7=5 Text8=5 Text9=90 Text10=255 Text11=90",
+                           "Text6=5 Text7=5 Text8=5 Text9=90 Text10=-80 Text11=90",
+                           "Text6=13.97 Text7=3.957 Text8=17.096 Text9=114.04 Text10=114.12 Text11=0.081",
+                           "Text6=5 Text7=5 Text8=5 Text9=90 Text10=90 Text11=0",
+                           "Text6=5 Text7=5 Text8=5 Text9=30 Text10=30 Text11=90",
+                           "Text6=5 Text7=-5 Text8=5 Text9=90 Text10=90 Text11=90"}) {
+    Type(cell);
     Click("Form26.Command1");
+    EXPECT_EQ(Frames(), "1") << cell;
   }
-  EXPECT_EQ(Frames(), "124");
+  Type("Text6=5 Text7=6 Text8=7 Text9=80 Text10=95 Text11=100 ");
+  Click("Form26.Command1");
   Type("Text16=10 Text17=170");
   Click("Form26.cmdPeakGeneration");
   const std::string rows = Get("Form26.Text14.Text");
   EXPECT_EQ(rows.size(), 300 * 22U);
+  for (std::size_t row = 22; row < rows.size(); row += 22) {
+    EXPECT_LE(std::stod(rows.substr(row - 22, 8)), std::stod(rows.substr(row, 8)));
+  }
   Type("Text17=1e39");
   Click("Form26.cmdPeakGeneration");
   EXPECT_EQ(Get("Form26.Text14.Text"), rows);
+  Type("Text16=1 Text17=5");
+  Click("Form26.cmdPeakGeneration");
+  EXPECT_EQ(Get("Form26.Text14.Text"), "");
   Type("Text18=-180.5 Text19=2.5 Text20=1.5");
   Click("Form26.Command4");
   Press(47.3);
@@ -322,6 +369,9 @@ TEST_F(Cell, WorksOnItsOwnListAndTellsWhereThatHasChanged) {
   Data().Buffer(2).NPeaks = 6;
   Data().Buffer(2).Wavelength = 0.7F;
   EXPECT_THAT(Told("Form26.cmdComboOK"), HasSubstr("Buffer b has the wave length 0.7 by now."));
+  TakeCell("Cubic", "Text6=5.5");
+  Data().Buffer(2).Wavelength = 0.8F;
+  EXPECT_THAT(Press(47.3), HasSubstr("The wave length of buffer b has been changed"));
 
   // Without any intensity nothing is drawn, but there is something to select.
   Erase('b');

@@ -92,6 +92,11 @@ TEST_F(EditTest, OneYForAllPoints) {
   Click("Form6.cmdEditOK Form6.cmdAccept");
   EXPECT_EQ((std::vector{WorkY(10), WorkY(11), WorkY(13), WorkY(14)}),
             (std::vector{100.0F, 40.0F, 40.0F, 100.0F}));
+
+  // Points that have been moved out of the selected range are no part of it any more.
+  Play("set Form6.Text8 \"\\r\\n1 1\\r\\n2 2\\r\\n3 3\\r\\n\"\n");
+  Click("Form6.cmdEditOK Form6.cmdAccept");
+  EXPECT_THAT(OneY("7").back(), HasSubstr("No point of the profile lies between 10.989 and"));
 }
 
 TEST_F(EditTest, ASelectionWithoutPointsEndsLikeACancelledOne) {
@@ -114,6 +119,14 @@ TEST_F(EditTest, ATooLongPortionIsToldWhileTheWindowIsBusy) {
   Desk().Find("Form6")->MousePointer = Pointer::Hourglass;
   Click("Form6.cmdQuitEdit");
   EXPECT_EQ(Get("Frame1.Visible"), true);
+}
+
+TEST_F(EditTest, NumbersOutOfRangeAreRefusedWithTheirLine) {
+  Edit("29.4", "31.5");
+  Play("set Form6.Text8 \"\\r\\n11 50\\r\\n11.15 1e99\\r\\n\"\n");
+  EXPECT_THAT(After("Form6.cmdEditOK"), ElementsAre(HasSubstr("Line 3 of the list")));
+  EXPECT_TRUE(Drawn("click Form6.cmdEditOK\n").empty());
+  EXPECT_EQ(Enabled(), "--+++---------");
 }
 
 }  // namespace

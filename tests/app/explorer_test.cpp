@@ -25,6 +25,8 @@ class ExplorerTest : public Journey {
     LoadColumn("10 0.1 1.5406", points);
   }
 
+  /// Whether the last command of a script ends in a message.
+  static bool Told(const Json& events) { return !events.empty() && events.back()["event"] == "message"; }
   std::string List() { return Get("Form6.Text17.Text"); }
   /// Which of the three commands of the list are on.
   std::string ListCommands() { return Switches("Form6", "cmdErsLaIt cmdClearPeaks cmdSavePeaks"); }
@@ -114,6 +116,16 @@ TEST_F(ExplorerTest, WhereAPickIsMadeAndWhereNot) {
   Pause();
   Pick(12);
   EXPECT_EQ(Value("state NPeaks(a)"), 2);
+  Click("Form6.cmdManExpl");
+  Data().Buffer(1).NPeaks = 99;
+  Pick(15);
+  const std::size_t drawn = Drawn();
+  EXPECT_TRUE(Told(Press("Form6.Picture1", "right", At(17))));  // the list is full
+  Pause();
+  Zoom(14, 16, 90);
+  EXPECT_TRUE(Told(Press("Form15.Picture1", "right", "50 50")));
+  EXPECT_EQ(Drawn(), drawn);
+  EXPECT_EQ(Value("state NPeaks(a)"), 100);
 }
 
 TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
@@ -148,10 +160,7 @@ TEST_F(ExplorerTest, ThePausedExplorerZoomsIntoAWindowOfItsOwn) {
 
   Click("Form15.cmdRet");
   EXPECT_FALSE(IsLoaded("Form15"));
-  EXPECT_EQ(Switches("Form6",
-                     "cmdEdit cmdZoom cmdUnzoom cmdMod cmdSave cmdManExpl cmdMain cmdPrint Command17 "
-                     "cmdErsLaIt"),
-            "-+---+++++");
+  EXPECT_EQ(Switches("Form6", "cmdManExpl cmdPrint Command17 cmdMain cmdZoom cmdErsLaIt"), "++++++");
   EXPECT_EQ(Values("Form6.Shape1.Visible Form6.Text6.Text Form6.Text7.Text"),
             (Json{false, "xmin 10", "xmax 20"}));
   Click("Form6.cmdManExpl");
@@ -223,6 +232,20 @@ TEST_F(ExplorerTest, ArithmeticDrawsTheMarkersAnewAndAnEditEndsTheExplorer) {
   EXPECT_EQ(Markers("Form6", 0), Texts{"67.5: 53.625 to 63.625"});  // 1000 of 2000
   Click("Form6.cmdEdit");
   EXPECT_EQ(Values("Form6.Frame4.Visible ExplorerMode"), (Json{false, 0}));
+}
+
+TEST_F(ExplorerTest, ACancelledCalibrationEmptiesTheListAndThePicture) {
+  Load('b', "0 5\r\n1 7\r\n2 5\r\n100 1\r\n", "1.5");
+  Click("Form6.cmdManExpl");
+  Pick(15);
+  Data().Buffer(2).Wavelength = 0;
+  Click("Form6.cmdExiManExp Form6.cmdManExpl");
+  Pick(17);  // behind the prompt
+  EXPECT_EQ(Value("state NPeaks(b)"), 1);
+  const std::size_t drawn = Drawn();
+  Play("file cancel\nclick Form6.cmdComboOK\n");
+  EXPECT_EQ(Values("NPeaks(b) Form6.Text17.Text"), (Json{0, ""}));
+  EXPECT_EQ(Markers("Form6", drawn).size(), 1U);
 }
 
 }  // namespace

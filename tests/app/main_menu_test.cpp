@@ -54,6 +54,18 @@ TEST_F(MainMenu, AGivenUpDialogChangesNothing) {
   EXPECT_EQ(Value("forms"), Json{"Form1"});
 }
 
+TEST_F(MainMenu, AReadingTellsOnItsWayAndAFailedOneLeavesTheBufferEmptyAndNoMode) {
+  Load('a', ThreePoints);
+  std::string contents = "Long\r\n1.5\r\n";
+  for (int i = 1; i <= 25; ++i) contents += "1 ";  // more words than a line may have
+  for (int i = 1; i <= 8001; ++i) contents += "\r\n" + std::to_string(i) + " 1";
+  EXPECT_THAT(Words(LoadCommands(File("l", contents), 3, 'a')),
+              ElementsAre("Truncated, stop: More than 24 words found in input.",
+                          HasSubstr("more than 8000 points"), "front Form1", "unloaded Form10"));
+  EXPECT_EQ(Values("PermNpts(a) Title(a) ModeDisp"), (Json{0, Blank, 0}));
+  EXPECT_EQ(Value("forms"), (Json{"Form1", "Form6"}));
+}
+
 TEST_F(MainMenu, ModesEndWithTheOpeningThatTheyWereFor) {
   for (const char letter : {'a', 'b'}) {  // a profile, and an empty buffer that can't be shown
     Load('a', ThreePoints);
@@ -63,6 +75,16 @@ TEST_F(MainMenu, ModesEndWithTheOpeningThatTheyWereFor) {
     EXPECT_FALSE(Data().ModeDisp || Data().ModeAnal || Data().ModeFit);
     EXPECT_EQ(Value("forms")[0], letter == 'a' ? "Form12" : "Form1");
   }
+}
+
+TEST_F(MainMenu, ADownwardProfileOpensTheWindowWithoutAPlot) {
+  Load('a', "30 1\r\n20 2\r\n");
+  EXPECT_EQ(Value("picture Form6.Picture1"), Json::array());
+  EXPECT_EQ(Value("forms"), (Json{"Form1", "Form6"}));
+  EXPECT_EQ(Value("state PermXMin(a)"), 30.0);
+  Move("Form6", "60 50");
+  EXPECT_EQ(Click("Form6.cmdZoom")[0]["event"], "message");
+  EXPECT_EQ(Values("Form6.cmdMain.Enabled Form6.Text3.Text"), (Json{true, ""}));
 }
 
 TEST_F(Pickers, ShowTheTitlesAndDisplayNoneOrOneProfileAnew) {
@@ -146,7 +168,9 @@ TEST_F(Pickers, DifferInWhatBecomesOfTheCurrentBuffer) {
 }
 
 TEST_F(Pickers, OfCalibrationAndCellEndTheirModesAndAllEmptyNeedsNoPicker) {
-  Play("input \"n\"\nclick Form1.cmdCalib\n");
+  EXPECT_THAT(Words("input \"n\"\nclick Form1.cmdCalib\n"),
+              ElementsAre("shown Form16", "unloaded Form16",
+                          HasSubstr("No peak was selected or refined in buffer 1."), "unloaded Form24"));
   EXPECT_EQ(Values("CurBuf ModeCalib NoProfileForCalib"), (Json{1, 0, 0}));
   Load('b', ThreePoints);
   Click("Form1.cmdCalib Form1.cmdRefineCell");

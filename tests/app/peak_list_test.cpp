@@ -14,10 +14,17 @@ namespace koprax {
 namespace {
 
 using testing::ElementsAre;
+using testing::StartsWith;
 
 constexpr const char* Question =
     "Input: No peak was selected or refined in buffer 3.\r\nDo you want to load peak list from disk ? (Y/N)";
 constexpr const char* SaveDialog = "save \"*.pks\" 2 of All Files (*.*)|*.*| .pks Files (*.pks)|*.pks";
+
+std::string Repeated(const std::string& line, int count) {
+  std::string lines;
+  for (int i = 0; i < count; ++i) lines += line + "\r\n";
+  return lines;
+}
 
 /// Lists of buffer c.
 class PeakListTest : public Journey {
@@ -83,9 +90,14 @@ TEST_F(PeakListTest, TheExplorerSavesItsListSortedAndRounded) {
   AddPeak("11.50049", "9.25", "7.69");
   AddPeak("10", "1", "8.6057");
   Click("Form6.cmdManExpl");
-  Play(FileAnswer(path_) + "click Form6.cmdSavePeaks\n");
+  EXPECT_THAT(Words("file cancel\nclick Form6.cmdSavePeaks\n"), ElementsAre(SaveDialog));
+  const std::string save = FileAnswer(path_) + "click Form6.cmdSavePeaks\n";
+  EXPECT_THAT(Words(save), ElementsAre(SaveDialog));
   EXPECT_EQ(BytesOf(path_), " 10  1  8.6057\r\n 11.5  9.2  7.69\r\n");
   EXPECT_EQ(Buffer().PeakTheta[1], "11.50049");
+  EXPECT_EQ(Words("answer no\n" + save).size(), 2U);
+  EXPECT_THAT(Words("file \"/nowhere/a.pks\"\nclick Form6.cmdSavePeaks\n"),
+              ElementsAre(SaveDialog, StartsWith("Error, stop: The file /nowhere/a.pks can't be written: ")));
 }
 
 TEST_F(PeakListTest, AnEmptyListIsWrittenOnlyAsHeld) {
@@ -115,6 +127,17 @@ TEST_F(PeakListTest, AListOfChannelsComesBackForACalibration) {
   EXPECT_EQ(Peaks(), "31 8 9.3021 9.5\n700.25 9.5 4.1297 21.5\n");
 }
 
+TEST_F(PeakListTest, AListForTheCellIsOneOf2ThetaOrOfChannels) {
+  EXPECT_THAT(ReadForCell(Open("10.5 7 8.4\r\n180 3 0.9\r\n\r\n200 1 1\r\n")),
+              ElementsAre(Question, "open \"*.pks\" 2 of All Files (*.*)|*.*| calib. Files (*.pks)|*.pks",
+                          "shown Form28"));
+  EXPECT_EQ(Get("Form28")["Caption"], "Input file (Form28)");
+  EXPECT_THAT(Words("click Form28.cmdOK\n"), ElementsAre("unloaded Form28"));
+  EXPECT_EQ(Peaks(), "10.5 7 8.4 10.5\n180 3 0.9 180\n");
+  EXPECT_EQ(Buffer().CellFormat, 0);
+  EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
+}
+
 TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
   for (const std::string answers :
        {"input \"n\"\n", "input \"yes\"\n", "input cancel\n", "input \"y\"\nfile cancel\n",
@@ -133,6 +156,22 @@ TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
     }
   }
   EXPECT_EQ(Peaks(), "");
+}
+
+TEST_F(PeakListTest, AListIsTakenUpToItsLimitsAndNotAtAllWhereItIsBad) {
+  const auto taken = [&](const std::string& form, const std::string& contents) {
+    Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open(contents));
+    const bool closed = Words("click " + form + ".cmdOK\n").back() == "unloaded " + form;
+    return closed ? Buffer().NPeaks : -1;
+  };
+  for (const auto& [form, limit] : {std::pair("Form25", 100), std::pair("Form28", 200)}) {
+    EXPECT_EQ(taken(form, "1 2 3\n2 1E39\n"), -1);  // the list stays for a look
+    EXPECT_EQ(Peaks() + Buffer().PeakY[1], "");
+    EXPECT_EQ(taken(form, Repeated("50 1 2 3", limit)), 0);
+    EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
+  }
+  EXPECT_EQ(taken("Form25", Repeated("50 1 2 3", 99)), 99);
+  for (const int peaks : {100, 101}) EXPECT_EQ(taken("Form28", Repeated("50 1 2 3", peaks)), 100);
 }
 
 TEST_F(PeakListTest, AListBelongsToTheBufferItWasOpenedFor) {

@@ -90,13 +90,17 @@ TEST_F(Printing, OfSeveralTakesWorkYAtPermXInTheColoursOfThePlotWhole) {
             (Json{95, 130 - 7.125, 237.5, JsonNumber(static_cast<float>(130 - 200.0 * 0.7125F)), 16711680}));
 }
 
-TEST_F(Printing, GoesOnWithoutASpanOfY) {
+TEST_F(Printing, TellsWhatIsErasedAndPrintsWithoutASpanOfY) {
   Load('b', "10 0\r\n20 0\r\n");
   Data().Buffer(2).PermY[2] = 10;
   Print("Form6.cmdPrint");
   EXPECT_EQ(Value("picture Printer").size(), 5U) << "the frame and the curve";
   EXPECT_EQ(PrintedCurve(), (Json{{95, 130, 190, JsonNumber(130 - 7.125F), 0}}));  // in the scale of before
-  EXPECT_EQ(Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U) << "nothing is printed";
+  Display("ab");
+  Erase('a');
+  Erase('b');
+  EXPECT_THAT(After("Form6.cmdPrint").back(), HasSubstr("holds no points"));
+  EXPECT_THAT(After("Form2.Command1").back(), HasSubstr("have been erased"));
 }
 
 TEST_F(Printing, ABitmapIsSavedShownAndPrintedInScale) {
@@ -117,8 +121,9 @@ TEST_F(Printing, ABitmapIsSavedShownAndPrintedInScale) {
     print(none);
     EXPECT_EQ(width(), 0) << none;
   }
-  for (const char* refused : {"2", "-0.1", "1.001"}) {
-    EXPECT_EQ(Words("input \"" + std::string(refused) + "\"\nclick Form36.Command1\n").size(), 2U);
+  for (const char* refused : {"2", "-0.1", "half", "1.001"}) {
+    EXPECT_THAT(Words("input \"" + std::string(refused) + "\"\nclick Form36.Command1\n").back(),
+                HasSubstr("no scale factor"));
   }
   Play("input \"1\"\nprinter cancel\nclick Form36.Command1\nclick Form36.Command2\n");
   EXPECT_FALSE(IsLoaded("Form36"));
@@ -137,6 +142,23 @@ TEST_F(Printing, EachWindowSavesItsOwnPicture) {
   save("Form2", "cmdBitMap");
   Select("Form2", "cmdZoom", "40 80", "80 20");
   save("Form15", "Command1");
+}
+
+TEST_F(Printing, ABitmapThatIsGivenUpLeavesTheFileAlone) {
+  const std::string path = File("old.bmp", "old");
+  const auto save = [&](const std::string& answers) { return Words(answers + "click Form6.Command17\n"); };
+  EXPECT_EQ(save(FileAnswer(path) + "answer no\n").size(), 2U);
+  EXPECT_EQ(Value("state BitmapSource"), 6);
+  EXPECT_EQ(save("file cancel\n").size(), 1U);
+  Platform().PictureFailure = "no space left";
+  EXPECT_THAT(save(FileAnswer(path) + "answer yes\n").back(), HasSubstr("old.bmp:\r\nno space left"));
+  EXPECT_FALSE(IsLoaded("Form36"));
+  EXPECT_EQ(BytesOf(path), "old");
+}
+
+TEST_F(Printing, ACancelPrintsNothing) {
+  EXPECT_EQ(Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U);
+  EXPECT_EQ(Value("picture Printer"), Json::array());
 }
 
 /// The card of the examples in buffer b.

@@ -137,6 +137,14 @@ TEST_F(SaveSequence, AnotherCommandNeverWritesOrReadsTheFileOfThisOne) {
   }
 }
 
+TEST_F(SaveSequence, TheFilterStandsAtTheFormatOfTheProfile) {
+  int code = 0;
+  for (const int index : {1, 1, 1, 1, 3, 4, 5}) {
+    Fill(static_cast<FormatCodes>(code++), 1, 3);
+    EXPECT_EQ(Events("file cancel\n" + Pick)[0]["filterIndex"], index) << code;
+  }
+}
+
 TEST_F(SaveSequence, AFormatIsWrittenOrRefused) {
   using Code = FormatCodes;
   enum { Written, Refused, Stays };  // a refusal ends the save, or lets choose again
@@ -144,12 +152,23 @@ TEST_F(SaveSequence, AFormatIsWrittenOrRefused) {
     Code From;
     float Step;
     int Points, Option, Outcome;
-  } rows[] = {{Code::TwoColumns, 0, 3, 1, Refused},     {Code::CpsChannels, 1, 4096, 2, Refused},
-              {Code::TwoColumns, 0, 3, 2, Refused},     {Code::Siemens, 1, 4096, 4, Stays},
-              {Code::CpsChannels, 1, 4095, 4, Stays},   {Code::CpsChannels, 1, 4104, 4, Stays},
-              {Code::Siemens, 1, 3, 5, Stays},          {Code::OneColumn, 0, 3, 2, Written},
-              {Code::CpsChannels, 1, 4096, 4, Written}, {Code::Philips, 0.5F, 3, 5, Written},
-              {Code::Siemens, 0, 3, 6, Written},        {Code::None, 0, 3, 3, Written}};
+  } rows[] = {{Code::TwoColumns, 0, 3, 1, Refused},
+              {Code::CpsChannels, 1, 4096, 1, Refused},
+              {Code::CpsChannels, 1, 4096, 2, Refused},
+              {Code::TwoColumns, 0, 3, 2, Refused},
+              {Code::Siemens, 1, 4096, 4, Stays},
+              {Code::CpsChannels, 1, 4095, 4, Stays},
+              {Code::CpsChannels, 1, 4104, 4, Stays},
+              {Code::Siemens, 1, 3, 5, Stays},
+              {Code::Philips, 1, 3, 6, Stays},
+              {Code::OneColumn, 0, 3, 2, Written},
+              {Code::TwoColumns, 0.5F, 3, 2, Written},
+              {Code::ItalDat, 0.5F, 3, 1, Written},
+              {Code::CpsChannels, 1, 4096, 4, Written},
+              {Code::Philips, 0.5F, 3, 5, Written},
+              {Code::Siemens, 0, 3, 6, Written},
+              {Code::Philips, 0.5F, 3, 3, Written},
+              {Code::None, 0, 3, 3, Written}};
   for (const auto& row : rows) {
     const std::string option = "Form7.Option" + std::to_string(row.Option);
     const std::string path = Folder() + "/" + option + std::to_string(&row - rows);
@@ -169,6 +188,15 @@ TEST_F(SaveSequence, AFormatIsWrittenOrRefused) {
       EXPECT_EQ(ModeOut(), 0);
     }
   }
+}
+
+TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
+  Start("/dev/full", "answer yes\n");
+  const Json buffer = Value("buffer b");
+  EXPECT_THAT(After("Form7.Option3").at(1), HasSubstr("No space left on device"));
+  EXPECT_EQ(Shown(), Json{"Form1"});
+  EXPECT_EQ(Value("buffer b"), buffer);
+  EXPECT_EQ(ModeOut(), 0);
 }
 
 }  // namespace

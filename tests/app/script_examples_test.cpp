@@ -37,6 +37,21 @@ std::string ReadScript(const std::filesystem::path& path, const std::string& out
   return script;
 }
 
+TEST(ScriptExamples, EachPlaysWithoutAFault) {
+  int scripts = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(KOPRAX_SOURCE_DIR "/examples")) {
+    if (entry.path().extension() == ".kop") {
+      SCOPED_TRACE(entry.path());
+      WorkbenchSession session;
+      const std::vector<Json> answers = session.Play(ReadScript(entry.path(), session.Folder()));
+      ASSERT_FALSE(answers.empty());
+      EXPECT_EQ(answers.back()["events"].back()["event"], "quit");
+      ++scripts;
+    }
+  }
+  EXPECT_GT(scripts, 0);
+}
+
 /// The value that a script got last by a command.
 Json LastValue(const std::vector<Json>& answers, const std::string& command) {
   const auto answer = std::find_if(answers.rbegin(), answers.rend(),

@@ -187,6 +187,17 @@ TEST_F(ScriptPlayerTest, RefusesWhatAPersonCouldNotDoAndListsTheNearNames) {
   }
 }
 
+TEST_F(ScriptPlayerTest, LooksUpFormsAndState) {
+  const auto answers =
+      Play("get Form12\nstate CurBuf\nstate PermNpts\nstate PermNpts(b)\nstate SelBuf(a)\nget Printer");
+  EXPECT_EQ(JsonLine(answers.at(0)["value"]), R"({"Loaded":false,"Visible":false})");
+  EXPECT_EQ(answers[1]["value"], 3);
+  EXPECT_EQ(answers[2]["value"], Json({0, 0, 7, 0, 0, 0, 0})) << "slots 0 to 6";
+  EXPECT_EQ(answers[3]["value"], 7);
+  EXPECT_EQ(answers[4]["value"], 0);
+  EXPECT_EQ(answers[5]["value"]["Fonts"], Json({"Symbol", "Times", "Arial", "Courier", "Helvetica-narrow"}));
+}
+
 TEST_F(ScriptPlayerTest, ABoxTakesItsAnswerWhenItComesUpOrEndsTheScript) {
   auto answers = Play("answer yes\nclick Form6.cmdAsk\nget Form6.Label1.Caption");
   EXPECT_EQ(
@@ -243,6 +254,8 @@ TEST_F(ScriptPlayerTest, SnapshotsAndClosesGoByForm) {
   Store.SnapshotFailure.reset();
   const auto answers = Play("snapshot Form6 \"a.png\"\nclose Form6\nget Form6");
   EXPECT_EQ(Store.Snapshots.at("a.png"), "Form6");
+  EXPECT_EQ(JsonLine(answers.at(1)["events"]),
+            R"([{"event":"front","form":"Form6"},{"event":"unloaded","form":"Form6"}])");
   EXPECT_EQ(answers.at(2)["value"]["Loaded"], false);
 }
 

@@ -1,16 +1,22 @@
 #include "app/script_values.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace koprax {
 namespace {
+
+using testing::Contains;
 
 TEST(ScriptValues, FloatsReadBackToTheSameBits) {
   EXPECT_EQ(JsonLine(JsonNumber(0.1F)), "0.1");
@@ -39,12 +45,14 @@ TEST(ScriptValues, WorkspaceFieldsByName) {
   data.CurBuf = 2;
   data.ModeFit = true;
   data.Plot.ScaleX = 0.3F;
+  data.Words.WordVal[24] = 1.25F;
   EXPECT_EQ(JsonOfWorkspaceField(data, "CurBuf"), Json(2));
   EXPECT_EQ(JsonOfWorkspaceField(data, "ModeFit"), Json(-1)) << "flags are numbers";
   EXPECT_EQ(JsonOfWorkspaceField(data, "ModeOut"), Json(0));
   EXPECT_EQ(JsonOfWorkspaceField(data, "MaxPoints"), Json(8000));
   EXPECT_EQ(JsonOfWorkspaceField(data, "ScaleX"), Json(0.3));
   EXPECT_EQ(JsonOfWorkspaceField(data, "WordVal")->size(), 25U);
+  EXPECT_EQ((*JsonOfWorkspaceField(data, "WordVal"))[24], Json(1.25));
   EXPECT_EQ(JsonOfWorkspaceField(data, "PermX"), std::nullopt);
   EXPECT_EQ(JsonOfWorkspaceField(data, "curbuf"), std::nullopt);
 
@@ -62,18 +70,49 @@ TEST(ScriptValues, ABufferShowsItsPointsAndPeaksToTheirCounts) {
   buffer.NPeaks = 1;
   buffer.PeakD[1] = "3.34";
   buffer.CalPar[1] = 0.1;
+  buffer.CardCell[1] = 4.913F;
   const Json record = JsonOfBuffer(buffer);
   EXPECT_EQ(record["Title"], "quartz");
   EXPECT_EQ(record["PermX"], Json({20.0, 20.02}));
   EXPECT_EQ(record["WorkX"].size(), 1U);
   EXPECT_EQ(record["PeakD"], Json::array({"3.34"}));
   EXPECT_EQ(record["CalPar"], Json({0.0, 0.1, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0})) << "64 bits, with entry 0";
+  EXPECT_EQ(record["CardCell"][1], Json(4.913));
   EXPECT_EQ(JsonOfBufferField(buffer, "PermX")->size(), 4U) << "a field alone comes whole";
 
   buffer.PermNpts = -1;
   buffer.WorkNpts = std::numeric_limits<std::int16_t>::max();
   EXPECT_TRUE(JsonOfBuffer(buffer)["PermX"].empty());
   EXPECT_EQ(JsonOfBuffer(buffer)["WorkX"].size(), static_cast<std::size_t>(MaxPoints));
+}
+
+/// The name that a line of a header declares as a member of a struct, or "".
+std::string DeclaredMember(const std::string& line) {
+  const std::string declaration = line.substr(0, line.find_first_of(";={"));
+  const auto name_start = declaration.find_last_of(' ', declaration.find_last_not_of(' '));
+  const bool indented = line.starts_with("  ") && !line.starts_with("   ") && !line.starts_with("  /");
+  if (!indented || declaration.size() == line.size() || declaration.find('(') != std::string::npos) {
+    return "";
+  }
+  const std::string name = declaration.substr(name_start + 1);
+  return name.substr(0, name.find(' '));
+}
+
+TEST(ScriptValues, EveryDeclaredFieldOfTheWorkspaceCanBeNamed) {
+  std::ifstream header(KOPRAX_SOURCE_DIR "/src/workspace/workspace.h");
+  ASSERT_TRUE(header);
+  const std::vector<std::string> known = WorkspaceFieldNames();
+  // The fields of these are named each by itself; the values of the enumeration are no fields.
+  const std::vector<std::string> not_fields{"", "Buffers", "Words", "Plot", "Edit", "Sum", "Fit", "Coupled"};
+  int members = 0;
+  for (std::string line; std::getline(header, line);) {
+    const std::string name = line.ends_with(',') ? "" : DeclaredMember(line);
+    if (std::ranges::find(not_fields, name) == not_fields.end()) {
+      EXPECT_THAT(known, Contains(name)) << line;
+      ++members;
+    }
+  }
+  EXPECT_GT(members, 70) << "the members are no longer found in the header";
 }
 
 TEST(ScriptValues, DrawingOperationsInTheirShape) {

@@ -140,6 +140,10 @@ TEST_F(SeveralProfilesTest, SelectionsThatNoPlotCanShow) {
   EXPECT_EQ(Commands(), "+-----");
   EXPECT_EQ(CommandsAfter("Form2.optNO"), "++++++");
   EXPECT_EQ(Get("Form2.Shape1.Visible"), false);
+  Click("Form2.cmdZoom");
+  Drag("60 15", "80 50");  // on the axis: no height
+  EXPECT_THAT(After("Form2.optOK"), ElementsAre("shown Form15", HasSubstr("is NULL")));
+  EXPECT_EQ(CommandsAfter("Form15.cmdCancel"), "++++++");
 }
 
 TEST_F(SeveralProfilesTest, AnOperationOnOneOfTwoIsShownAndSavedThroughItsPicker) {
@@ -150,6 +154,8 @@ TEST_F(SeveralProfilesTest, AnOperationOnOneOfTwoIsShownAndSavedThroughItsPicker
   const Json drawn = Value("picture Form2.Picture1");
   // 0.07125 a count: the peak of b stands at 57.75 now.
   EXPECT_NEAR(drawn[drawn.size() - 4]["y1"].get<double>(), 57.75, 1e-4);
+  EXPECT_EQ(Value("picture Form2.Picture2").size(), 6U);
+
   Play("modal close Form32\nclick Form2.cmdSave\n");
   EXPECT_EQ(Value("state CurBuf"), 2);
   for (const std::string other : {"optC", "optD"}) {  // not shown, and empty
@@ -196,6 +202,8 @@ TEST_F(SeveralProfilesTest, AnErasedBufferOfNoPlotChangesNothingAChangedOneStops
   EXPECT_EQ(Value("picture Form2.Picture1").size(), 0U);
   EXPECT_THAT(After("Form2.cmdZoom").back(), HasSubstr("no plot"));
   EXPECT_EQ(Commands(), "++++++");
+  Erase('b');
+  EXPECT_THAT(After("Form2.cmdMod").back(), HasSubstr("Arithmetic takes two profil"));
 }
 
 }  // namespace

@@ -64,6 +64,16 @@ TEST_F(SeveralWindows, AnEditEndsWhenItsPointsHaveBeenTakenAnew) {
   Click("Form6.cmdQuitEdit");
 }
 
+TEST_F(SeveralWindows, APlotOfSeveralIsNotMixedWithACutProfile) {
+  Display("ac");
+  Select("Form6", "cmdZoom", "44 80", "80 80");
+  const Json before = Value("state PermX(a)");
+  EXPECT_THAT(Words("modal click Form32.optA\nclick Form2.cmdSave\n"),
+              testing::Contains(HasSubstr("points, of which only")));
+  EXPECT_EQ(Value("state PermX(a)"), before);
+  EXPECT_THAT(Told("Form2.cmdMod Form8.Command1"), HasSubstr("buffer a has lost points"));
+}
+
 TEST_F(SeveralWindows, UndoZoomLeavesASelectionElsewhereAlone) {
   Display("bc");
   Select("Form2", "cmdZoom", "30 80", "90 80");

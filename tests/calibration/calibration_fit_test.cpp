@@ -13,10 +13,12 @@
 
 #include "calibration/couples.h"
 #include "calibration/known_detector.h"
+#include "calibration/standards.h"
 
 namespace koprax {
 namespace {
 
+using known_detector::ChannelOf;
 using known_detector::TwoThetaAt;
 
 Couples CouplesOf(const std::vector<std::pair<double, double>>& channels_and_angles) {
@@ -61,6 +63,27 @@ std::vector<double> FitByPolynomials(const Couples& couples, std::size_t count) 
         static_cast<double>(std::sqrt(variance * squares / static_cast<long double>(n - count)) / scale);
   }
   return results;
+}
+
+TEST(CalibrationFit, RecoversTheCubicOfADetectorFromSiliconAtSeveralWavelengths) {
+  std::vector<std::pair<double, double>> lines;
+  for (const float wavelength : {0.71073F, 1.54184F, 1.79026F}) {
+    for (const StandardPeak& peak : SiliconStandard().Peaks) {
+      const auto two_theta = PositionAt(peak.TwoTheta, SiliconStandard().Lambda, wavelength);
+      if (two_theta && *two_theta < TwoThetaAt(4096)) lines.emplace_back(ChannelOf(*two_theta), *two_theta);
+    }
+  }
+  ASSERT_GT(lines.size(), 20U);
+  const auto fit = FitCalibration(CouplesOf(lines));
+  ASSERT_TRUE(fit);
+  ASSERT_EQ(fit->CalibParCount, 4U);
+  // Channels as 32-bit floats are right to 1.2E-04, which is 3.3E-06 degrees; the angles to 3.8E-06.
+  for (int channel = 0; channel <= 4096; channel += 256) {
+    double calculated = 0;
+    for (std::size_t p = 4; p > 0; --p) calculated = calculated * channel + fit->CalibPar[p];
+    EXPECT_NEAR(calculated, TwoThetaAt(channel), 2e-5) << channel;
+  }
+  EXPECT_LT(fit->Residual, 1e-13);
 }
 
 // However little of the detector the couples fill: to 0.0001 degrees where they lie, or not at all.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -10,6 +11,17 @@ namespace koprax {
 namespace {
 
 constexpr double Degrees = 180 / std::numbers::pi;
+
+TEST(Standards, LieWhereSiliconReflects) {
+  const std::array<int, 11> squares{3, 8, 11, 16, 19, 24, 27, 32, 35, 40, 43};  // of h, k and l, added up
+  const Standard silicon = SiliconStandard();
+  ASSERT_EQ(silicon.Peaks.size(), squares.size());
+  for (std::size_t i = 0; i < squares.size(); ++i) {
+    const double sine = silicon.Lambda * std::sqrt(squares[i]) / 2 / 5.4309;
+    // What a constant of 4 decimals leaves, and the table, which is of a former measurement.
+    EXPECT_NEAR(silicon.Peaks[i].TwoTheta, 2 * std::asin(sine) * Degrees, 0.01) << i;
+  }
+}
 
 // Each row counts as often as its number tells, so that rows that are exchanged are caught, too.
 TEST(Standards, AreCopiedWithoutAFault) {

@@ -132,6 +132,20 @@ TEST(PlotAxes, TicksOfPlotsOneAfterTheOther) {
   }
 }
 
+TEST(PlotAxes, LimitsWithoutSpanOfYDrawTheOuterFrameAlone) {
+  Plotted plot({0, 10, -1, 9});
+  ASSERT_TRUE(plot.Framed);
+  const PlotTransform before = plot.Data.Plot;
+  for (const float y : {-3.0F, 0.0F}) {
+    plot.Draw({0, 20, y, y});
+    EXPECT_FALSE(plot.Framed);
+    EXPECT_EQ(plot.Picture.Operations().size(), 4U);
+    EXPECT_EQ(plot.Data.Plot.ScaleY, before.ScaleY);
+    EXPECT_EQ(plot.Data.Plot.ZeroY, before.ZeroY);
+    EXPECT_EQ(plot.Data.Plot.ScaleX, 4.75F);
+  }
+}
+
 // The steps are strict at their thresholds: the span itself still has the finer step.
 TEST(PlotTicks, StepsChangeJustAboveTheirThresholds) {
   struct Row {

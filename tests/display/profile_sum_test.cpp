@@ -226,9 +226,14 @@ TEST_F(TwoProfiles, AlmostTheSameGridStepOrPlaceIsTheSame) {
 
 TEST_F(TwoProfiles, TheLimitsOfTheResult) {
   Y2 = Y1;
+  EXPECT_EQ(Refusal(TwoProfileOperation::Difference), "");
+  EXPECT_THAT(Y(), ElementsAre(0, 0, 0, 0));
+  EXPECT_EQ(Data.Sum.SumYMax, 40);
   Y2.WorkY[2] = 12;  // leaves 8, which is 0.2 times 40
   EXPECT_EQ(Refusal(TwoProfileOperation::Difference), "");
   EXPECT_EQ(Data.Sum.SumYMax, 8);
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Data.Sum.SumYMax, 80);
   for (const float y : {60000.0F, -60000.0F}) {  // where the search for the limits doesn't reach
     Put(Y1, 10, 0.5F, {y, y});
     Y2 = Y1;
@@ -260,10 +265,16 @@ TEST_F(TwoProfiles, WithoutAResultTheOneOfBeforeStays) {
     Y1 = good1;
     Y2 = good2;
   };
+  Y2.FormatCode = static_cast<std::int16_t>(FormatCodes::Card);
+  expect("Message: PDF files cannot be summed!");
   Y1.FormatCode = static_cast<std::int16_t>(FormatCodes::Card);
   expect("Message: PDF files cannot be subtracted!", TwoProfileOperation::Difference);
   Y2.PermNpts = 0;
   expect("no points in buffer c");
+  Y1.WorkNpts = 2;
+  expect("buffer a has lost points");
+  Put(Y2, 50, 0.25F, {1, 2});
+  expect("no common X");
   Y1.WorkY[3] = Y2.WorkY[3] = 3e38F;
   expect("3.4E+38");
   // 81 points, all at one place, between 100 intervals that are all empty there: 8100 results.

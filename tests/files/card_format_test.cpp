@@ -159,11 +159,15 @@ TEST_F(CardFormat, TakesNoMoreThan500Reflections) {
 
 TEST_F(CardFormat, TellsWhatIsWrong) {
   const auto card = [](const std::string& lines) { return Header() + lines; };
+  ExpectFailure(At(1), "1 1 1\r\n", {"too early", "\"F\"", "80"});
+  ExpectFailure(At(1), Header(), {"too early", "\"I\"", "80"});
+  ExpectFailure(At(1), "1E39\r\n", {"line 1", "cell", "range"});
   ExpectFailure(At(1), card(ReflectionLine({"2", "", ""}, 2)), {"line 10", "running number 1"});
   ExpectFailure(At(1), card(ReflectionLine({"", "", ""}, 1)), {"line 10", "expected a reflection"});
   ExpectFailure(At(1), card(ReflectionLine({"2", "", "1"}, 1)), {"line 10", "reflection 2"});
   ExpectFailure(At(1), card(ReflectionLine({"2", "2", "2"}, 1) + ReflectionLine({"-1", "", ""}, 2)),
                 {"line 11", "reflection 4"});
+  ExpectFailure(At(1), card(ReflectionLine({"1E39", "", ""}, 1)), {"line 10", "range"});
   EXPECT_EQ(Asked, 0);
   for (const float wavelength : {0.0F, -1.0F, std::numeric_limits<float>::infinity()}) {
     ExpectWavelengthRefused(wavelength);

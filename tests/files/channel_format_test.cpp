@@ -67,7 +67,13 @@ TEST_F(ChannelFormat, TakesNoMoreThan8000Channels) {
 }
 
 TEST_F(ChannelFormat, TellsWhatIsWrong) {
-  ExpectFailure(ReadAdf, "4096\r\n1\r\n1\r\n1\r\n1", {"too early", "intensities"});
+  const std::vector<std::string> expected{"date", "time", "operator", "intensities", "intensities"};
+  std::string text = "4096";
+  for (const std::string& each : expected) {
+    ExpectFailure(ReadAdf, text, {"too early", each});
+    text += "\r\n1";
+  }
+  ExpectFailure(ReadAdf, "4E96\r\n", {"line 1", "number of channels", "range"});
   ExpectFailure(ReadAdf, Header("", "9.3E18"), {"line 3", "seconds"});
   ExpectFailure(ReadAdf, Header("", "-1E39"), {"line 3", "seconds"});
   ExpectFailure(ReadAdf, Header() + "1 1E39\r\n", {"line 10", "intensity", "range"});

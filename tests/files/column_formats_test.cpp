@@ -246,12 +246,20 @@ TEST_F(ColumnFormats, ColumnsTakeNoMoreThan8000Points) {
 }
 
 TEST_F(ColumnFormats, TellWhatIsWrong) {
+  ExpectFailure(ReadItalDat, "t", {"too early", "number of points"});
   ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2\r\n", {"too early", "step"});
+  ExpectFailure(ReadItalDat, "t\r\nmany\r\n", {"line 2", "number of points", "\"many\""});
+  ExpectFailure(ReadItalDat, "t\r\n-1\r\n", {"line 2", "number of points"});
   ExpectFailure(ReadItalDat, "t\r\n5\r\n1 , , 2\r\n", {"line 3", "X of the last point"});
   ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2 1E39\r\n", {"line 3", "step", "range"});
   ExpectFailure(ReadItalDat, "t\r\n5\r\n1 2 1E38\r\n1\r\n2\r\n3\r\n4\r\n5\r\n", {"line 8", "X", "range"});
   ExpectFailure(ReadItalDat, "t\r\n1\r\n1 2 1\r\n5\r\n9 9\r\n-1E39\r\n", {"line 6", "wavelength", "range"});
+  ExpectFailure(ReadOneColumn, "title only\r\n", {"too early", "step"});
+  ExpectFailure(ReadOneColumn, "t\r\n1 1E39 1\r\n1\r\n", {"line 2", "step", "range"});
   ExpectFailure(ReadOneColumn, "t\r\n1 1 1\r\n5\r\n-1E39\r\n", {"line 4", "intensity", "range"});
+  ExpectFailure(ReadTwoColumns, "title only", {"too early", "wavelength"});
+  ExpectFailure(ReadTwoColumns, "t\r\n1E39\r\n", {"line 2", "wavelength", "range"});
+  ExpectFailure(ReadTwoColumns, "t\r\n1.5\r\n1 1\r\n1E39 1\r\n", {"line 4", "X", "range"});
   ExpectFailure(ReadTwoColumns, "1 1\r\n2 -1E39\r\n", {"line 2", "intensity", "range"});
   ExpectFailure(ReadTwoColumns, "-3E38 1\r\n3E38 1\r\n", {"line 2", "step", "range"});
 }

