@@ -22,6 +22,7 @@
 #include "forms/scripted_runtime.h"
 #include "fuzz/law.h"
 #include "fuzz/sample_files.h"
+#include "tests/forms/memory_platform.h"
 
 namespace koprax {
 namespace {
@@ -72,7 +73,9 @@ class Decisions {
 /// The end of the workbench towards the user, whose answers come from the decisions.
 class Walker final : public Runtime {
  public:
-  Walker(Decisions& decisions, const SampleFiles& files) : decisions_(decisions), files_(files) {}
+  Walker(Decisions& decisions, const SampleFiles& files) : decisions_(decisions), files_(files) {
+    platform_.Settings["MyApp/General/DontShow"] = "1";  // the walk starts from the main menu
+  }
 
   MessageAnswer MsgBox(const Message& message) override {
     Require(!message.Text.empty(), "a message has words");
@@ -110,13 +113,18 @@ class Walker final : public Runtime {
     Require(!form.Visible(), "a modal window can be closed");
   }
   void Quit() override {}
-  std::string GetSetting(std::string_view /*application*/, std::string_view /*section*/,
-                         std::string_view /*key*/, std::string_view absent) override {
-    return std::string(absent);
+  std::string GetSetting(std::string_view application, std::string_view section, std::string_view key,
+                         std::string_view absent) override {
+    return platform_.GetSetting(application, section, key, absent);
   }
-  void SaveSetting(std::string_view /*application*/, std::string_view /*section*/, std::string_view /*key*/,
-                   std::string_view /*value*/) override {}
-  void Shell(const std::string& /*command*/) override {}
+  std::optional<std::string> SaveSetting(std::string_view application, std::string_view section,
+                                         std::string_view key, std::string_view value) override {
+    platform_.SettingFailure =
+        decisions_.Below(8) == 0 ? std::optional<std::string>("no room") : std::nullopt;
+    return platform_.SaveSetting(application, section, key, value);
+  }
+  std::optional<std::string> Shell(const std::string& /*command*/) override { return std::nullopt; }
+  Machine& TheMachine() override { return platform_.TheMachine(); }
 
   void StartAction() { questions_ = 0; }
 
@@ -126,29 +134,8 @@ class Walker final : public Runtime {
  private:
   Decisions& decisions_;
   const SampleFiles& files_;
+  MemoryPlatform platform_;
   int questions_ = 0;  ///< of the action that runs
-};
-
-/// The scripts' actions want a platform for what a walk never does.
-class NoPlatform final : public Platform {
- public:
-  std::string GetSetting(std::string_view /*application*/, std::string_view /*section*/,
-                         std::string_view /*key*/, std::string_view absent) override {
-    return std::string(absent);
-  }
-  void SaveSetting(std::string_view /*application*/, std::string_view /*section*/, std::string_view /*key*/,
-                   std::string_view /*value*/) override {}
-  std::optional<std::string> PrintToFile(const Printer& /*printer*/, const std::string& /*path*/) override {
-    return std::nullopt;
-  }
-  std::optional<std::string> SavePicture(const PictureBox& /*picture*/,
-                                         const std::string& /*path*/) override {
-    return std::nullopt;
-  }
-  LoadedImage LoadPicture(const std::string& /*path*/) override { return PixelImage{}; }
-  std::optional<std::string> Snapshot(Form& /*form*/, const std::string& /*path*/) override {
-    return std::nullopt;
-  }
 };
 
 class Walk {
@@ -257,7 +244,7 @@ class Walk {
   Decisions decisions_;
   Walker walker_;
   Workbench bench_{walker_};
-  NoPlatform platform_;
+  MemoryPlatform platform_;  // the scripts' actions want one for what a walk never does
   ScriptedRuntime no_script_{platform_};
   ScriptActions actions_{{.Desk = bench_.Desk(),
                           .Data = bench_.Data(),

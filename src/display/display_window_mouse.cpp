@@ -113,6 +113,7 @@ void Form6::CancelSelection() {
   const bool from_edit = state_.EditMode;
   SetSelection(false, false);
   HideSelection();
+  Picture1.MousePointer = Pointer::Arrow;
   Shape1.Width = BandSize;
   Buffer().WorkYMax = state_.SavedYMax;
   Boxes.Text6.Text = state_.SavedText6;

@@ -135,6 +135,7 @@ void Form2::AcceptSelection() {
 void Form2::CancelSelection() {
   state_.ZoomSelecting = false;
   HideSelection();
+  Picture1.MousePointer = Pointer::Arrow;
   Shape1.Height = BandSize;
   cmdMain.Enabled = cmdZoom.Enabled = true;
   EnableOutput(true);

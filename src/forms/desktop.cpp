@@ -109,8 +109,9 @@ void Desktop::Show(Form& form) {
   if (form.visible_) {
     if (ShownForms().front().get() == &form) {
       Tell([&](DesktopObserver& observer) { observer.FormWanted(form); });
+    } else {
+      BringToFront(form);
     }
-    BringToFront(form);
     return;
   }
   form.visible_ = true;

@@ -16,6 +16,9 @@ namespace {
 bool IsTyped(const QKeyEvent& press) {
   const QWidget* const widget = QApplication::focusWidget();
   const auto* const lines = qobject_cast<const QPlainTextEdit*>(widget);
+  if (press.key() == Qt::Key_Escape) {
+    return false;
+  }
   if (lines != nullptr) {
     return !lines->isReadOnly();
   }
@@ -30,7 +33,7 @@ bool HeldKeys::eventFilter(QObject* receiver, QEvent* event) {
   // Each key comes to the native window first, and from there to the widgets.
   if (receiver->isWindowType() && event->type() == QEvent::KeyPress) {
     const auto& press = dynamic_cast<const QKeyEvent&>(*event);
-    const bool presses = IsEnter(press) || press.key() == Qt::Key_Space;
+    const bool presses = IsOfForm(press) || press.key() == Qt::Key_Space;
     return presses && ComesAgain(press) && !IsTyped(press);
   }
   if (receiver->isWindowType() && event->type() == QEvent::KeyRelease) {
@@ -45,8 +48,8 @@ bool HeldKeys::ComesAgain(const QKeyEvent& press) const {
   // don't say that they are repeats.
   constexpr quint64 OneMoment = 5;
   const auto released = last_release_.find(press.key());
-  const bool just_released =
-      released != last_release_.end() && press.timestamp() <= released->second + OneMoment;
+  const bool just_released = released != last_release_.end() && press.timestamp() >= released->second &&
+                             press.timestamp() <= released->second + OneMoment && press.timestamp() != 0;
   return press.isAutoRepeat() || just_released;
 }
 

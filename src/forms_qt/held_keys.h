@@ -1,5 +1,5 @@
-// Keys that press buttons count once, however long they are held: a key that brings up a question must not
-// answer it.
+// Keys that press buttons or close windows count once, however long they are held: a key that brings up a
+// question must not answer it.
 #pragma once
 
 #include <QObject>

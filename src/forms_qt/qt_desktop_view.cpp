@@ -44,9 +44,9 @@ FormWindow& QtDesktopView::EnsureWindow(Form& form) {
 }
 
 void QtDesktopView::AskForKeyboard(Form& form, FormWindow& window) {
+  followers_.erase(&form);
   if (!window.isActiveWindow()) {
     asked_.insert(&form);
-    followers_.erase(&form);
     since_asked_.start();
   }
   window.Front();

@@ -71,7 +71,7 @@ std::optional<std::string> QtPlatform::SaveSetting(std::string_view application,
   const QVariant before = settings.value(KeyOf(section, key));
   settings.setValue(KeyOf(section, key), ToQString(value));
   settings.sync();
-  if (settings.status() != QSettings::NoError) {
+  if (settings.status() == QSettings::AccessError) {
     // Qt remembers for the whole run what it could not write.
     if (before.isValid()) {
       settings.setValue(KeyOf(section, key), before);

@@ -241,12 +241,12 @@ Give the numbers of the peaks, and press the "OK" beside them:
 A peak that has been moved leaves the temporary list. The height is that of
 the top of the peak, with the background.
 
-Give only numbers that stand in the lists, for others are not refused: "Delete
-peak nr." beyond the end removes the last peak; "Substitute peak nr." beyond
-the end of the permanent list writes an entry that the list doesn't show; with
-a number beyond the temporary list an empty peak is written. In the last two
-cases a peak leaves the temporary list all the same; "Quit" and "Save" bring
-it back.
+Give only numbers that stand in the lists. Most others are not refused:
+"Delete peak nr." beyond the end removes the last peak; "Substitute peak nr."
+beyond the end of the permanent list writes an entry that the list doesn't
+show; with a number beyond the temporary list an empty peak is written. In the
+last two cases a peak leaves the temporary list all the same; "Quit" and
+"Save" bring it back.
 
 "Save permanent list on disk" writes a file *.pks. "Quit" closes the window;
 the permanent list stays with the buffer, the temporary list is made anew by

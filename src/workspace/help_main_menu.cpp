@@ -17,26 +17,29 @@ constexpr std::string_view Load =
    you are asked for a wavelength first; it is shown in the window "Peaks".
 
 A buffer that holds a profile already is overwritten without a question. Its
-list of selected peaks and its calibration stay, and its wavelength too if the
-file doesn't tell one: use "Erase buffer" first if you don't want them.
+list of selected peaks and its calibration stay, and with most formats its
+wavelength too if the file doesn't tell one: use "Erase buffer" first if you
+don't want them.
 
 Limits: a profile has at most 8000 points; a longer one is refused. A line of
 numbers counts up to its 79th character and holds at most 24 words. Words are
 separated by blanks or commas. A tab separates nothing: two numbers with a tab
 between them are one word, and no number. The decimal separator is the period.
 
-A file that doesn't fit the chosen format, or is too long, leaves the buffer
-empty, whatever it held before. You are told what is wrong.
+A file that is refused leaves the buffer empty, whatever it held before, and
+you are told what is wrong. A file that can't be opened changes nothing. The
+two formats of columns take nearly any file without a word: look at the plot
+whether it is what you expected.
 
 Empty lines at the end of a file may count as points. The "?" of the format
 tells what becomes of them.
 
-If neither the file nor the buffer tells the wavelength, the program asks for
-it when the profile is shown, and for data in channels with it for a
-calibration file. In a buffer that has a wavelength from before nothing is
-asked: the former wavelength is taken, and data in channels without a
-calibration show the channel as 2-theta, and d is 0. Load into an empty buffer
-to be asked.
+If the wavelength isn't known, the program asks for it when the profile is
+shown, and for data in channels with it for a calibration file. So it does
+for each file in columns without a wavelength. With the other formats nothing
+is asked in a buffer that has a wavelength from before: it is taken for the
+new profile, too, and data in channels without a calibration show the channel
+as 2-theta, and d is 0. Load into an empty buffer to be asked.
 )TEXT";
 
 constexpr std::string_view SaveDisk =
@@ -70,10 +73,12 @@ Not every profile can be saved in every format:
   decimals, intensities to 2.
 A Powder Diffraction File card cannot be saved.
 
-You are told if the file would read back with fewer points, with points that
-lie elsewhere by more than half a step, or with a title that is lost or taken
-for data. You are not told of the roundings above, of the title of a PHILIPS
-file, nor of quotes in a title, which read as blanks from a file of columns.
+You are told if the file would read back with fewer points, if the step leads
+elsewhere than to the last point, or if the title would be lost or taken for
+data. You are not told of the roundings above, of single points whose 2-theta
+was changed by "Edit", which only two columns and SIEMENS/BRUKER keep, of the
+title of a PHILIPS file, nor of quotes in a title, which read as blanks from a
+file of columns.
 )TEXT";
 
 constexpr std::string_view Display =

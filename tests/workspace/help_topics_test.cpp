@@ -142,8 +142,9 @@ TEST(HelpTopics, TellTheLimitsOfTheProgramAndWhatIsRoundedLostOrKept) {
         "first " + N(FilePreview::MaxLines) + " lines and, for a file of " + N(FilePreview::MaxLines) +
             " lines or more, its last " + N(FilePreview::LastLines) + ".",
         "up to its " + N(LineWidth - 1) + "th character", "at most " + N(MaxWords) + " words",
-        "its calibration stay, and its wavelength too if the file doesn't tell one",
-        "leaves the buffer empty", "In a buffer that has a wavelength from before nothing is asked"}},
+        "its calibration stay, and with most formats its wavelength too if the file doesn't tell one",
+        "leaves the buffer empty",
+        "With the other formats nothing is asked in a buffer that has a wavelength from before"}},
       {HelpTopic::HelpSaveDisk,
        {"The first 2-theta is rounded to 4 decimals, the step to 5, the wavelength to 6.",
         "Two columns: every profile. Intensities are rounded to 2 decimals.",
