@@ -85,7 +85,8 @@ TEST_F(SystemWindow, ReportsTheMachine) {
   for (const auto& [version, words] : systems) {
     Host().Version = version;
     OpenAnew();
-    EXPECT_EQ(Text("Text1"), "Hi ,\r\nYour Op. sys. is " + words + "\r\n" + screen);
+    const std::string greeting = "Hi ,\r\nYour Op. sys. is ";
+    EXPECT_EQ(Text("Text1"), std::string(greeting).append(words).append("\r\n").append(screen));
   }
   // A number of 64 bits, whatever the depth.
   for (const auto& [bits, colours] : {std::pair{1, "2"}, {16, "65536"}, {32, "4294967296"}}) {
