@@ -4,6 +4,7 @@
 #include <QRadioButton>
 
 #include "forms_qt/control_widget.h"
+#include "forms_qt/help_mark.h"
 #include "forms_qt/keys.h"
 #include "forms_qt/qt_text.h"
 
@@ -33,12 +34,9 @@ class CommandButton final : public EnterButton<QPushButton> {
 
   [[nodiscard]] QSize sizeHint() const override {
     const QSize hint = QPushButton::sizeHint();
-    return IsHelp() ? QSize(hint.height(), hint.height()) : hint;
+    return IsHelpButton(*this) ? QSize(hint.height(), hint.height()) : hint;
   }
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
-  /// The small square button that stands beside a command and explains it.
-  [[nodiscard]] bool IsHelp() const { return text() == QLatin1String("?"); }
 };
 
 /// A choice whose state is the control's: a click only asks for it.
@@ -100,7 +98,7 @@ class ButtonWidget final : public ControlWidget {
   void ApplyCaption() {
     widget_.setText(ToQt(control_.Caption.Get()));
     if constexpr (std::is_same_v<ControlType, Button>) {
-      const auto across = widget_.IsHelp() ? QSizePolicy::Fixed : QSizePolicy::Minimum;
+      const auto across = IsHelpButton(widget_) ? QSizePolicy::Fixed : QSizePolicy::Minimum;
       widget_.setSizePolicy(across, QSizePolicy::Fixed);
     }
   }

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "forms_qt/contents_area.h"
+#include "forms_qt/help_mark.h"
 #include "forms_qt/keys.h"
 #include "forms_qt/layout_builder.h"
 #include "forms_qt/picture_widget.h"
@@ -23,7 +24,7 @@ bool IsReadOnly(const QWidget& widget) { return widget.property("readOnly").toBo
 
 bool IsHelp(const QWidget& widget) {
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  return button != nullptr && button->text() == QLatin1String("?");
+  return button != nullptr && IsHelpButton(*button);
 }
 
 /// How likely somebody is to start with a control.

@@ -42,13 +42,16 @@ class LineEdit final : public QLineEdit {
 
  protected:
   bool event(QEvent* event) override {
-    const bool cut = TextWidth(*this, 1) + fontMetrics().horizontalAdvance(text().trimmed()) > width();
-    if (event->type() != QEvent::ToolTip || !isReadOnly() || !cut || !toolTip().isEmpty()) {
+    if (event->type() != QEvent::ToolTip || !isReadOnly() || !toolTip().isEmpty() || !IsCut()) {
       return QLineEdit::event(event);
     }
     QToolTip::showText(dynamic_cast<QHelpEvent&>(*event).globalPos(), ToToolTip(FromQt(text().trimmed())),
                        this);
     return true;
+  }
+  /// Whether the text is wider than the box.
+  [[nodiscard]] bool IsCut() const {
+    return TextWidth(*this, 1) + fontMetrics().horizontalAdvance(text().trimmed()) > width();
   }
   /// A box that can't be typed in has the colour of its window.
   void initStyleOption(QStyleOptionFrame* option) const override {
