@@ -33,12 +33,12 @@ struct StepFindings {
 /// comes back as 0.001 times 0.1 or 10; above 0 it falls tenfold with a lower chi square, never to 0, and
 /// rises tenfold without. The closing step changes no parameter and fills FitCalc.
 [[nodiscard]] StepFindings LmStep(PeakFit& fit, int point_count, int parameter_count, Minimiser& state,
-                                  VectorWidth width = WidestVectors());
+                                  VectorWidth width = ChosenVectors());
 
 /// The normal equations of the parameters in FitList, and the chi square, at a table of parameters: each
 /// product and each sum is rounded to 32 bits, the points in their order, so that every width gives the same
 /// bits. A parameter whose derivative is 0 throughout a chunk of points is left out there.
 void LmEquations(const PeakFit& fit, int point_count, const ParameterTable& parameters, SquareTable& matrix,
-                 ParameterTable& vector, float& chi_square, VectorWidth width = WidestVectors());
+                 ParameterTable& vector, float& chi_square, VectorWidth width = ChosenVectors());
 
 }  // namespace koprax

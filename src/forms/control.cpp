@@ -5,6 +5,17 @@
 
 namespace koprax {
 
+namespace {
+
+/// The handler may belong to a form that it unloads, so a copy of it is run.
+void Run(const std::function<void()>& handler) {
+  if (const std::function<void()> running = handler) {
+    running();
+  }
+}
+
+}  // namespace
+
 Control::Control(Form& form, ControlKind kind, std::string name, std::optional<int> index)
     : form_(form), kind_(kind), name_(std::move(name)), index_(index) {
   form_.Register(*this);
@@ -16,10 +27,8 @@ std::string Control::FullName() const { return index_ ? name_ + "(" + std::to_st
 
 void Control::Refresh() { form_.Desk().Refresh(*this); }
 
-void Control::RunEvent(const std::function<void()>& handler) {
-  if (handler) {
-    form_.Desk().RunEvent(handler);
-  }
+void Control::Act(const UserAction& action, const std::function<void()>& handler) {
+  form_.Desk().Act(action, handler);
 }
 
 PropertyList Control::Properties() const {
@@ -41,7 +50,9 @@ PropertyList CaptionedControl::Properties() const {
   return list;
 }
 
-void Button::Click() { RunEvent(OnClick); }
+void Button::Click() {
+  Act(ClickAction{*this}, [this] { Run(OnClick); });
+}
 
 OptionValue& OptionValue::operator=(bool value) {
   if (value) {
@@ -67,8 +78,10 @@ void OptionButton::Choose() {
 }
 
 void OptionButton::Click() {
-  Choose();
-  RunEvent(OnClick);
+  Act(ClickAction{*this}, [this] {
+    Choose();
+    Run(OnClick);
+  });
 }
 
 PropertyList OptionButton::Properties() const {
@@ -78,8 +91,10 @@ PropertyList OptionButton::Properties() const {
 }
 
 void CheckBox::Click() {
-  Value = Value == 0 ? 1 : 0;
-  RunEvent(OnClick);
+  Act(ClickAction{*this}, [this] {
+    Value = Value == 0 ? 1 : 0;
+    Run(OnClick);
+  });
 }
 
 PropertyList CheckBox::Properties() const {
@@ -109,8 +124,10 @@ TextBox::TextBox(Form& form, std::string name, const TextSetup& setup, std::opti
 }
 
 void TextBox::Type(const std::string& text) {
-  Text = text;
-  RunEvent(OnChange);
+  Act(TypeAction{*this, text}, [&] {
+    Text = text;
+    Run(OnChange);
+  });
 }
 
 PropertyList TextBox::Properties() const {
@@ -129,8 +146,10 @@ ComboBox::ComboBox(Form& form, std::string name, const ComboSetup& setup, std::o
 }
 
 void ComboBox::Type(const std::string& text) {
-  Text = text;
-  RunEvent(OnChange);
+  Act(TypeAction{*this, text}, [&] {
+    Text = text;
+    Run(OnChange);
+  });
 }
 
 PropertyList ComboBox::Properties() const {
@@ -158,19 +177,19 @@ PropertyList PictureBox::Properties() const {
 
 void PictureBox::MouseDown(MouseButton button, float x, float y) {
   if (OnMouseDown) {
-    RunEvent([&] { OnMouseDown(button, x, y); });
+    Act(MouseAction{MouseAction::Kind::Down, *this, button, x, y}, [&] { OnMouseDown(button, x, y); });
   }
 }
 
 void PictureBox::MouseMove(float x, float y) {
   if (OnMouseMove) {
-    RunEvent([&] { OnMouseMove(x, y); });
+    Act(MouseAction{MouseAction::Kind::Move, *this, MouseButton::Left, x, y}, [&] { OnMouseMove(x, y); });
   }
 }
 
 void PictureBox::MouseUp(MouseButton button, float x, float y) {
   if (OnMouseUp) {
-    RunEvent([&] { OnMouseUp(button, x, y); });
+    Act(MouseAction{MouseAction::Kind::Up, *this, button, x, y}, [&] { OnMouseUp(button, x, y); });
   }
 }
 

@@ -12,6 +12,7 @@
 
 #include "forms/property.h"
 #include "forms/surface.h"
+#include "forms/user_action.h"
 
 namespace koprax {
 
@@ -72,8 +73,8 @@ class Control : public PropertyOwner {
   std::string Meaning;
 
  protected:
-  /// Runs a handler as one event of the user: windows that it closes live until it has returned.
-  void RunEvent(const std::function<void()>& handler);
+  /// Does what the user asks for as one event: windows that it closes live until it has returned.
+  void Act(const UserAction& action, const std::function<void()>& handler);
 
  private:
   Form& form_;

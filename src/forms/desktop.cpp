@@ -9,10 +9,14 @@ namespace koprax {
 
 class Desktop::EventScope {
  public:
-  explicit EventScope(Desktop& desk) : desk_(desk) { ++desk_.depth_; }
+  explicit EventScope(Desktop& desk)
+      : desk_(desk), users_turn_before_(std::exchange(desk.users_turn_, false)) {
+    ++desk_.depth_;
+  }
   EventScope(const EventScope&) = delete;
   EventScope& operator=(const EventScope&) = delete;
   ~EventScope() {
+    desk_.users_turn_ = users_turn_before_;
     if (--desk_.depth_ == 0) {
       // A destructor of a form may reach the desktop again, so the list is emptied first.
       const auto leaving = std::move(desk_.leaving_);
@@ -22,6 +26,7 @@ class Desktop::EventScope {
 
  private:
   Desktop& desk_;
+  bool users_turn_before_;
 };
 
 /// All other windows are blocked as long as this lives, or until the form goes.
@@ -133,6 +138,7 @@ void Desktop::ShowModal(Form& form) {
   MoveToFront(form);
   const ModalScope blocking(*this, form);
   Tell([&](DesktopObserver& observer) { observer.FormShown(form, true); });
+  users_turn_ = true;
   runtime_.RunModal(form);
 }
 
@@ -184,9 +190,18 @@ void Desktop::RunEvent(const std::function<void()>& handler) {
     return;
   }
   const EventScope scope(*this);
-  // The handler may belong to a form that it unloads, so a copy of it is run.
-  const std::function<void()> running = handler;
-  running();
+  handler();
+}
+
+void Desktop::Act(const UserAction& action, const std::function<void()>& handler) {
+  const bool by_user = users_turn_ && !quit_;
+  if (by_user) {
+    Tell([&](DesktopObserver& observer) { observer.UserActs(action); });
+  }
+  RunEvent(handler);
+  if (by_user) {
+    Tell([](DesktopObserver& observer) { observer.UserActed(); });
+  }
 }
 
 void Desktop::Quit() {

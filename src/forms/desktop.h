@@ -12,6 +12,7 @@
 #include "forms/control.h"
 #include "forms/printer.h"
 #include "forms/runtime.h"
+#include "forms/user_action.h"
 
 namespace koprax {
 
@@ -37,6 +38,10 @@ class DesktopObserver {
   virtual void PictureDrawn(PictureBox&) {}
   virtual void ControlRefreshed(Control&) {}
   virtual void DesktopQuit() {}
+  /// The user begins to do something; what it leads to comes between the two. Where a modal window waits for
+  /// him, they lie within those of the action that brought it up. The target may be gone by the second.
+  virtual void UserActs(const UserAction&) {}
+  virtual void UserActed() {}
 };
 
 class Desktop {
@@ -87,6 +92,10 @@ class Desktop {
   /// handler has returned.
   void RunEvent(const std::function<void()>& handler);
 
+  /// Does what the user asks for as such an event. Where a handler does the same, it's no doing of the
+  /// user's, and no observer hears of it.
+  void Act(const UserAction& action, const std::function<void()>& handler);
+
   /// Ends the run: all forms go, without a question.
   void Quit();
   [[nodiscard]] bool HasQuit() const { return quit_; }
@@ -111,6 +120,7 @@ class Desktop {
   std::vector<std::shared_ptr<Form>> leaving_;  // unloaded within the handler that runs
   std::vector<Form*> modal_;
   int depth_ = 0;
+  bool users_turn_ = true;  // no handler runs, or a modal window waits for the user
   bool following_ = false;  // what comes to the front now follows another form
   bool quit_ = false;
 };

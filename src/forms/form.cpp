@@ -65,7 +65,7 @@ void Form::BringToFront() { desk_.BringToFront(*this); }
 void Form::Unload() { desk_.Unload(*this); }
 void Form::CloseBox() {
   if (MayClose()) {
-    desk_.RunEvent([this] { OnCloseBox(); });
+    desk_.Act(CloseAction{*this}, [this] { OnCloseBox(); });
   }
 }
 

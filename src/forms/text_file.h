@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#include "forms/whole_file.h"
+
 namespace koprax {
 
 enum class TextEncoding { Utf8, Latin1 };
@@ -55,19 +57,11 @@ class LineReader {
   bool inside_line_ = false;  // a number was read, and more of its line is left
 };
 
-/// A reason in the system's own words.
-struct FileError {
-  std::string Reason;
-};
-
-/// Reads a whole file. Fails with the system's words when it can't be opened, is a folder or is larger
-/// than 64 MiB.
+/// Reads a whole text file, or fails as ReadWholeFile does.
 [[nodiscard]] std::variant<TextFile, FileError> ReadTextFile(const std::string& path);
 
-/// Writes lines, ended by CR LF, to a temporary name beside the target, flushes it and renames it to the
-/// target, so that a failure leaves the old file as it was. A target that is no regular file is written
-/// in place; links are followed; rights are kept, and a protected file is not replaced. Characters outside
-/// Latin-1 are written as "?" in that encoding. Returns the system's words on failure.
+/// Writes lines, ended by CR LF, as WriteWholeFile does. Characters outside Latin-1 are written as "?" in
+/// that encoding. Returns the system's words on failure; the old file is then as it was.
 [[nodiscard]] std::optional<FileError> WriteTextFile(const std::string& path,
                                                      const std::vector<std::string>& lines,
                                                      TextEncoding encoding);

@@ -21,7 +21,7 @@ using TellReached = std::function<void(int reached)>;
 /// Each agrees with the plain sum in 64 bits within 1E-12 of itself and 1E-14 of the largest. The other
 /// entries of the tables stay. Every `width` that the processor has gives the same bits, here and below.
 void ForwardDft(const PointTable& y, int count, float step, int highest, CoefficientTable& re,
-                CoefficientTable& im, const TellReached& tell, VectorWidth width = WidestVectors());
+                CoefficientTable& im, const TellReached& tell, VectorWidth width = ChosenVectors());
 
 /// Points 1 to `count` from coefficients 1 to `highest`: y(j) is the sum over rising k of Re(1) for k = 1 and
 /// 2 cos(a) Re(k) - 2 sin(a) Im(k) beyond, rounded to 32 bits after each k. All but a few points in a
@@ -29,6 +29,6 @@ void ForwardDft(const PointTable& y, int count, float step, int highest, Coeffic
 /// of their largest partial sum: sums of 64 bits that differ in their last one tip a rounding to 32 now and
 /// then. Every `width` that the processor has gives the same bits.
 void InverseDft(const CoefficientTable& re, const CoefficientTable& im, int highest, float step, int count,
-                PointTable& y, const TellReached& tell, VectorWidth width = WidestVectors());
+                PointTable& y, const TellReached& tell, VectorWidth width = ChosenVectors());
 
 }  // namespace koprax

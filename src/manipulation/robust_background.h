@@ -58,6 +58,6 @@ void ClipToMeasurement(const PointTable& y, const PointTable& padded, int count,
 /// sides, with L = 10, or M - 3 where M is below 10, and at least 1. Each pair of values is added in 32 bits,
 /// the pairs in rising order of their distance in 64, and the mean is rounded to 32. Positions outside stay
 /// as they are. Every width that the processor has gives the same bits.
-void SmoothThreeTimes(PointTable& padded, int count, int window, VectorWidth width = WidestVectors());
+void SmoothThreeTimes(PointTable& padded, int count, int window, VectorWidth width = ChosenVectors());
 
 }  // namespace koprax

@@ -13,16 +13,10 @@ enum class VectorWidth {
 };
 
 /// The widths that this processor has, the narrowest first.
-[[nodiscard]] inline std::vector<VectorWidth> VectorWidths() {
-  std::vector<VectorWidth> widths{VectorWidth::Baseline};
-#ifdef __x86_64__
-  if (__builtin_cpu_supports("avx2") != 0) widths.push_back(VectorWidth::Avx2);
-  if (__builtin_cpu_supports("avx512f") != 0) widths.push_back(VectorWidth::Avx512);
-#endif
-  return widths;
-}
+[[nodiscard]] std::vector<VectorWidth> VectorWidths();
 
-/// The widest of them.
-[[nodiscard]] inline VectorWidth WidestVectors() { return VectorWidths().back(); }
+/// The widest of them. For tests the environment variable KOPRAX_VECTORS names another one: "baseline",
+/// "avx2" or "avx512". Any other value, and a width that the processor lacks, stands for the widest.
+[[nodiscard]] VectorWidth ChosenVectors();
 
 }  // namespace koprax

@@ -1,9 +1,10 @@
 #include "forms/text_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -230,41 +231,22 @@ TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
   EXPECT_EQ(FilesInFolder(), 1U);
 }
 
-TEST_F(TextFileTest, AnotherProcessMayHaveLeftATemporaryFile) {
-  const std::string left = Put(".koprax-" + std::to_string(::getpid()) + "-0.tmp", "half a file");
-  EXPECT_FALSE(WriteTextFile(Path("file"), {"whole"}, TextEncoding::Utf8));
-  EXPECT_EQ(BytesOf(Path("file")), "whole\r\n");
-  EXPECT_EQ(BytesOf(left), "half a file");
-}
-
-/// A process that saves two texts in turn, again and again, until it is killed.
-pid_t StartSaving(const std::string& path, const std::string& one, const std::string& other) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    for (int i = 0;; ++i) (void)WriteTextFile(path, {i % 2 == 0 ? one : other}, TextEncoding::Utf8);
+TEST_F(TextFileTest, RemovesTemporaryFilesThatNobodyWrites) {
+  const std::string written = Put(".koprax-" + std::to_string(::getpid()) + "-0.tmp", "half a file");
+  const std::string others = Put(".koprax-notes.tmp", "of the user");
+  const int lock = ::open(written.c_str(), O_RDONLY);
+  ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+  for (const NewFile way : {NewFile::Nameless, NewFile::Named}) {
+    const std::string left = Put(".koprax-1-12.tmp", "half a file");
+    EXPECT_FALSE(WriteWholeFile(Path("file"), "whole", way));
+    EXPECT_EQ(BytesOf(Path("file")), "whole");
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_EQ(FilesInFolder(), 3U);
   }
-  return child;
-}
-
-TEST_F(TextFileTest, AKilledProcessLeavesTheOldFileOrTheNewOne) {
-  const std::string one(1000000, '1');
-  const std::string other(1000000, '2');
-  const std::string path = Put("file", one + "\r\n");
-  constexpr int kills = 40;
-  int between_write_and_rename = 0;
-  for (int i = 0; i < kills; ++i) {
-    const auto files_before = FilesInFolder();
-    const pid_t child = StartSaving(path, one, other);
-    ASSERT_GT(child, 0);
-    ::usleep(static_cast<useconds_t>(2000 + 137 * i));
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-    if (FilesInFolder() > files_before) ++between_write_and_rename;
-    const std::string bytes = BytesOf(path);
-    ASSERT_TRUE(bytes == one + "\r\n" || bytes == other + "\r\n")
-        << bytes.size() << " bytes after kill " << i;
-  }
-  EXPECT_GT(between_write_and_rename, 0);  // else the kills came at harmless moments
+  ::close(lock);
+  EXPECT_FALSE(WriteTextFile(Path("file"), {"again"}, TextEncoding::Utf8));
+  EXPECT_EQ(BytesOf(others), "of the user");
+  EXPECT_EQ(FilesInFolder(), 2U);
 }
 
 /// The rights of an ordinary user, for a test that runs as one who has all.
