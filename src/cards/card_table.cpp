@@ -1,5 +1,6 @@
 #include "cards/card_table.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "forms/fixed_text.h"
@@ -10,6 +11,10 @@ namespace koprax {
 namespace {
 
 constexpr std::size_t ReflectionsInARow = 3;
+
+/// A load as a card that fails at the opening of its file leaves the points of the profile before it, which
+/// may be more than a card can have.
+std::size_t Reflections(int count) { return static_cast<std::size_t>(std::min(count, MaxReflections)); }
 
 std::string RightField(const std::string& text, std::size_t width) {
   return FixedField(RightAlignText(text, width), width);
@@ -40,7 +45,7 @@ std::string PrintedReflection(const ProfileBuffer& card, std::size_t i) {
 
 std::string CardTable(const ProfileBuffer& card) {
   std::string table = "  H   K   L  Intens.  2Theta     d \r\n";
-  for (std::size_t i = 1; i <= static_cast<std::size_t>(card.WorkNpts); ++i) {
+  for (std::size_t i = 1; i <= Reflections(card.WorkNpts); ++i) {
     table += TableLine(card, i);
   }
   return table;
@@ -52,7 +57,7 @@ std::string PrintedCardHeading() {
 }
 
 std::vector<std::string> PrintedCardRows(const ProfileBuffer& card) {
-  const auto count = static_cast<std::size_t>(card.PermNpts);
+  const std::size_t count = Reflections(card.PermNpts);
   std::vector<std::string> rows;
   for (std::size_t i = 1; i <= count; ++i) {
     if ((i - 1) % ReflectionsInARow == 0) {

@@ -229,7 +229,9 @@ void ClearReflections(ProfileBuffer& buffer) {
   }
 }
 
-ReadOutcome ReadCard(ProfileReading& reading, const AskWavelength& ask_wavelength) {
+}  // namespace
+
+ReadOutcome ReadAidRecords(ProfileReading& reading, const AskWavelength& ask_wavelength) {
   ClearReflections(reading.Buffer);
   std::string_view line;
   if (const auto failure = ReadHeader(reading)) return *failure;
@@ -241,12 +243,10 @@ ReadOutcome ReadCard(ProfileReading& reading, const AskWavelength& ask_wavelengt
   return SuccessfulRead(true);
 }
 
-}  // namespace
-
 ReadOutcome ReadAid(Workspace& workspace, int slot, const TellUser& tell,
                     const AskWavelength& ask_wavelength) {
   return ReadProfile(workspace, slot, tell, FormatCodes::Card,
-                     [&](ProfileReading& reading) { return ReadCard(reading, ask_wavelength); });
+                     [&](ProfileReading& reading) { return ReadAidRecords(reading, ask_wavelength); });
 }
 
 }  // namespace koprax

@@ -9,6 +9,8 @@
 
 namespace koprax {
 
+struct ProfileReading;
+
 /// Gives the wavelength, in angstrom, at which the reflections of a card are to be placed.
 using AskWavelength = std::function<float()>;
 
@@ -19,5 +21,7 @@ using AskWavelength = std::function<float()>;
 /// the buffer empty.
 [[nodiscard]] ReadOutcome ReadAid(Workspace& workspace, int slot, const TellUser& tell,
                                   const AskWavelength& ask_wavelength);
+/// Its steps on a file that is open.
+[[nodiscard]] ReadOutcome ReadAidRecords(ProfileReading& reading, const AskWavelength& ask_wavelength);
 
 }  // namespace koprax

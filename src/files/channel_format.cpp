@@ -88,7 +88,9 @@ Failure SetChannel(ProfileReading& reading, int n, float y) {
   return SetPoint(reading, n, channel, y);
 }
 
-ReadOutcome ReadChannels(ProfileReading& reading) {
+}  // namespace
+
+ReadOutcome ReadAdfRecords(ProfileReading& reading) {
   if (const auto failure = ReadHeader(reading)) return *failure;
   StartLimits(reading.Buffer, 100000, -100000);
   int n = 0;
@@ -103,10 +105,8 @@ ReadOutcome ReadChannels(ProfileReading& reading) {
   return SuccessfulRead(true);
 }
 
-}  // namespace
-
 ReadOutcome ReadAdf(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::CpsChannels, ReadChannels);
+  return ReadProfile(workspace, slot, tell, FormatCodes::CpsChannels, ReadAdfRecords);
 }
 
 }  // namespace koprax

@@ -86,13 +86,6 @@ Failure ReadItalRecords(ProfileReading& reading) {
   return std::nullopt;
 }
 
-ReadOutcome ReadItal(ProfileReading& reading) {
-  StartLimits(reading.Buffer, 100000, -100000);
-  if (const auto failure = ReadItalHeader(reading)) return *failure;
-  if (const auto failure = ReadItalRecords(reading)) return *failure;
-  return SuccessfulRead(true);
-}
-
 // ---- One column ------------------------------------------------------------------------------------
 
 /// The record that holds the header: the first one, or the second behind a title.
@@ -114,21 +107,6 @@ Failure ReadOneColumnHeader(ProfileReading& reading) {
   reading.Buffer.FileXMin = words->Number(1);
   reading.Buffer.XStep = words->Number(2);
   return SetWavelength(reading, words->Number(3));
-}
-
-ReadOutcome ReadOne(ProfileReading& reading) {
-  ProfileBuffer& buffer = reading.Buffer;
-  StartLimits(buffer, 100000, -100000);
-  if (const auto failure = ReadOneColumnHeader(reading)) return *failure;
-  int n = 0;
-  while (!reading.Records.AtEnd()) {
-    const float y = reading.Records.NextRecord().Number(1);
-    if (++n > MaxPoints) return LimitFailure(buffer);
-    if (const auto failure = SetSteppedPoint(reading, n, y)) return *failure;
-    buffer.FileXMax = buffer.PermX[static_cast<std::size_t>(n)];
-  }
-  buffer.PermNpts = static_cast<std::int16_t>(n);
-  return SuccessfulRead(false);
 }
 
 // ---- Two columns -----------------------------------------------------------------------------------
@@ -195,7 +173,31 @@ ReadOutcome ReadPoints(ProfileReading& reading, const LineWords* words) {
   return SuccessfulRead(false);
 }
 
-ReadOutcome ReadTwo(ProfileReading& reading) {
+}  // namespace
+
+ReadOutcome ReadItalDatRecords(ProfileReading& reading) {
+  StartLimits(reading.Buffer, 100000, -100000);
+  if (const auto failure = ReadItalHeader(reading)) return *failure;
+  if (const auto failure = ReadItalRecords(reading)) return *failure;
+  return SuccessfulRead(true);
+}
+
+ReadOutcome ReadOneColumnRecords(ProfileReading& reading) {
+  ProfileBuffer& buffer = reading.Buffer;
+  StartLimits(buffer, 100000, -100000);
+  if (const auto failure = ReadOneColumnHeader(reading)) return *failure;
+  int n = 0;
+  while (!reading.Records.AtEnd()) {
+    const float y = reading.Records.NextRecord().Number(1);
+    if (++n > MaxPoints) return LimitFailure(buffer);
+    if (const auto failure = SetSteppedPoint(reading, n, y)) return *failure;
+    buffer.FileXMax = buffer.PermX[static_cast<std::size_t>(n)];
+  }
+  buffer.PermNpts = static_cast<std::int16_t>(n);
+  return SuccessfulRead(false);
+}
+
+ReadOutcome ReadTwoColumnsRecords(ProfileReading& reading) {
   StartLimits(reading.Buffer, 100000, -100000);
   const LineWords* words = RecordBehindTitle(reading);
   if (words == nullptr) return reading.EndsBefore("the wavelength or the first point");
@@ -207,18 +209,16 @@ ReadOutcome ReadTwo(ProfileReading& reading) {
   return ReadPoints(reading, first_point ? words : nullptr);
 }
 
-}  // namespace
-
 ReadOutcome ReadItalDat(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::ItalDat, ReadItal);
+  return ReadProfile(workspace, slot, tell, FormatCodes::ItalDat, ReadItalDatRecords);
 }
 
 ReadOutcome ReadOneColumn(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::OneColumn, ReadOne);
+  return ReadProfile(workspace, slot, tell, FormatCodes::OneColumn, ReadOneColumnRecords);
 }
 
 ReadOutcome ReadTwoColumns(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::TwoColumns, ReadTwo);
+  return ReadProfile(workspace, slot, tell, FormatCodes::TwoColumns, ReadTwoColumnsRecords);
 }
 
 }  // namespace koprax

@@ -7,6 +7,8 @@
 
 namespace koprax {
 
+struct ProfileReading;
+
 /// From the third point on a smaller X ends the data of a two-column file.
 inline constexpr float LeastXOfData = 0.0001F;
 
@@ -17,5 +19,10 @@ inline constexpr float LeastXOfData = 0.0001F;
 [[nodiscard]] ReadOutcome ReadItalDat(Workspace& workspace, int slot, const TellUser& tell);
 [[nodiscard]] ReadOutcome ReadOneColumn(Workspace& workspace, int slot, const TellUser& tell);
 [[nodiscard]] ReadOutcome ReadTwoColumns(Workspace& workspace, int slot, const TellUser& tell);
+
+/// The steps of each on a file that is open.
+[[nodiscard]] ReadOutcome ReadItalDatRecords(ProfileReading& reading);
+[[nodiscard]] ReadOutcome ReadOneColumnRecords(ProfileReading& reading);
+[[nodiscard]] ReadOutcome ReadTwoColumnsRecords(ProfileReading& reading);
 
 }  // namespace koprax

@@ -2,15 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
-#include "files/card_format.h"
-#include "files/channel_format.h"
-#include "files/column_formats.h"
 #include "files/file_choice.h"
-#include "files/philips_format.h"
 #include "files/preview_window.h"
-#include "files/siemens_format.h"
+#include "files/profile_readers.h"
 #include "files/wavelength_window.h"
 #include "forms/desktop.h"
 #include "workspace/buffer_commands.h"
@@ -31,31 +26,10 @@ float AskForWavelength(const WindowContext& context) {
   return context.Data.Current().Wavelength;
 }
 
-ReadOutcome ReadByFormat(const WindowContext& context, int slot, const TellUser& tell) {
-  Workspace& data = context.Data;
-  switch (data.InputFormat) {
-    case 1:
-      return ReadItalDat(data, slot, tell);
-    case 2:
-      return ReadOneColumn(data, slot, tell);
-    case 3:
-      return ReadTwoColumns(data, slot, tell);
-    case 4:
-      return ReadAdf(data, slot, tell);
-    case 5:
-      return ReadUdf(data, slot, tell);
-    case 6:
-      return ReadUxd(data, slot, tell);
-    case 7:
-      return ReadAid(data, slot, tell, [&] { return AskForWavelength(context); });
-    default:
-      return FailedRead("There is no reader for format " + std::to_string(data.InputFormat) + ".");
-  }
-}
-
 bool LoadProfile(const WindowContext& context, int slot) {
   const auto tell = [&](const Message& message) { context.Desk.Host().MsgBox(message); };
-  const ReadOutcome outcome = ReadByFormat(context, slot, tell);
+  const ReadOutcome outcome =
+      ReadByFormat(context.Data, slot, tell, [&] { return AskForWavelength(context); });
   if (outcome.Problem) {
     tell(*outcome.Problem);
   }

@@ -124,17 +124,17 @@ Failure ReadIntensities(ProfileReading& reading) {
   return std::nullopt;
 }
 
-ReadOutcome ReadPhilips(ProfileReading& reading) {
+}  // namespace
+
+ReadOutcome ReadUdfRecords(ProfileReading& reading) {
   if (const auto failure = ReadHeader(reading)) return *failure;
   StartLimits(reading.Buffer, 1000000, -10000);
   if (const auto failure = ReadIntensities(reading)) return *failure;
   return SuccessfulRead(true);
 }
 
-}  // namespace
-
 ReadOutcome ReadUdf(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::Philips, ReadPhilips);
+  return ReadProfile(workspace, slot, tell, FormatCodes::Philips, ReadUdfRecords);
 }
 
 }  // namespace koprax

@@ -33,6 +33,7 @@ Failure SetPoint(ProfileReading& reading, int i, float x, float y) {
   const auto index = static_cast<std::size_t>(i);
   reading.Buffer.PermX[index] = x;
   reading.Buffer.PermY[index] = y;
+  if (reading.PointLines != nullptr) reading.PointLines->push_back(reading.Records.LineNumber());
   TakeIntoLimits(reading.Buffer, y);
   return std::nullopt;
 }

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "files/record_reader.h"
 #include "workspace/workspace.h"
@@ -35,6 +36,7 @@ struct ProfileReading {
   TextEncoding Encoding;
   const TellUser& Tell;
   RecordReader Records;
+  std::vector<int>* PointLines = nullptr;  ///< where it is wanted: gets the line of each point
 };
 
 using ReadSteps = std::function<ReadOutcome(ProfileReading&)>;

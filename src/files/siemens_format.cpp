@@ -72,7 +72,9 @@ Failure TakePoint(ProfileReading& reading, const LineWords& words, int n) {
   return std::nullopt;
 }
 
-ReadOutcome ReadSiemens(ProfileReading& reading) {
+}  // namespace
+
+ReadOutcome ReadUxdRecords(ProfileReading& reading) {
   if (const auto failure = ReadHeader(reading)) return *failure;
   StartLimits(reading.Buffer, 10000, -10000);
   int n = 0;
@@ -83,10 +85,8 @@ ReadOutcome ReadSiemens(ProfileReading& reading) {
   return SuccessfulRead(true);
 }
 
-}  // namespace
-
 ReadOutcome ReadUxd(Workspace& workspace, int slot, const TellUser& tell) {
-  return ReadProfile(workspace, slot, tell, FormatCodes::Siemens, ReadSiemens);
+  return ReadProfile(workspace, slot, tell, FormatCodes::Siemens, ReadUxdRecords);
 }
 
 }  // namespace koprax

@@ -1,6 +1,7 @@
 // A reference card as sticks and as text, against what is worked out by hand.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -51,6 +52,14 @@ TEST(CardTable, PrintsThreeReflectionsARowWithAllTheirDigits) {
                                       "  2   2   055.55  1.92    47.3     "
                                       " -1   0  12   7  12.5    101.234   ",
                                       "         0   4   00.25 123.4568   9.5     "}));
+}
+
+TEST(CardTable, ListsOfAProfileThatIsTakenForACardWhatACardCanHave) {
+  ProfileBuffer profile;
+  profile.PermNpts = profile.WorkNpts = MaxPoints;
+  const std::string table = CardTable(profile);
+  EXPECT_EQ(std::ranges::count(table, '\n'), 1 + MaxReflections);
+  EXPECT_EQ(PrintedCardRows(profile).size(), 167U);
 }
 
 TEST(CardPlot, DrawsAStickForEachReflectionAsHighAsTheCardSays) {
