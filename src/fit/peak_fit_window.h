@@ -94,6 +94,7 @@ class Form19 final : public BufferWindow {
   [[nodiscard]] bool OpenRefinement();
   void RunCycles();
   bool Step();
+  void TellStepBeyondRange();
   void ShowProgress(float end);
   void ShowResults();
   void LeaveRefinement();
@@ -139,6 +140,7 @@ class Form19 final : public BufferWindow {
     bool SelPeaksMode = false;
     bool PeakLimitReached = false;
     bool DeletionOpen = false;  ///< a peak has been deleted, but the fit still has its parameters
+    bool StepTold = false;      ///< that a step of this run left the range of 32 bits
     Minimiser Refinement;
     std::string StartChi;
     std::array<std::string, CyclesPerRun + 1> CycleChi;

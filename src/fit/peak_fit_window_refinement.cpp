@@ -1,6 +1,7 @@
 // The last stage of the peak fit window: the parameters, the cycles of the refinement, what comes of them.
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "fit/fit_parameters.h"
 #include "fit/fit_plot.h"
@@ -68,6 +69,7 @@ void Form19::ShowParameters() {
 }
 
 void Form19::StartFit() {
+  state_.StepTold = false;
   if (Fit().FitStopping) {
     CloseRefinement();
   } else if (Fit().FitPointCount < 2) {
@@ -96,7 +98,7 @@ bool Form19::OpenRefinement() {
     return false;
   }
   if (!in_range) {
-    Tell(StepBeyondRange());
+    TellStepBeyondRange();
   }
   state_.StartChi = GeneralText(state_.Refinement.StartingChiSquare);
   return true;
@@ -110,7 +112,7 @@ void Form19::RunCycles() {
       break;
     }
     if (!Step()) {
-      Tell(StepBeyondRange());
+      TellStepBeyondRange();
     }
     state_.CycleChi[static_cast<std::size_t>(cycle)] = GeneralText(state_.Refinement.ChiSquare);
   }
@@ -129,6 +131,13 @@ bool Form19::Step() {
     Tell(Singular());
   }
   return !findings.BeyondRange;
+}
+
+/// A run goes on through all of its steps; one message tells of them.
+void Form19::TellStepBeyondRange() {
+  if (!std::exchange(state_.StepTold, true)) {
+    Tell(StepBeyondRange());
+  }
 }
 
 void Form19::ShowProgress(float end) {
