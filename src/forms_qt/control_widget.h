@@ -10,6 +10,9 @@
 
 namespace koprax {
 
+/// What of a control the user wants to copy.
+enum class CopiedPart { Selection, Whole };
+
 class ControlWidget {
  public:
   ControlWidget(Control& control, QWidget& widget);
@@ -24,6 +27,10 @@ class ControlWidget {
   virtual void Apply(PropertyName name);
   /// The pointer that the form shows; a control with one of its own gives way to the hourglass only.
   virtual void ApplyFormPointer(Pointer /*pointer*/) {}
+
+  /// Puts what the control shows on the clipboard; false where it shows no picture and no list, or where no
+  /// part of it is selected.
+  virtual bool Copy(CopiedPart /*part*/) { return false; }
 
  protected:
   void ApplyAll(std::initializer_list<PropertyName> names);

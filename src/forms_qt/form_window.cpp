@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 
 #include "forms_qt/contents_area.h"
 #include "forms_qt/help_mark.h"
@@ -191,6 +192,44 @@ bool FormWindow::IsBlocked() const {
   return modal != nullptr && modal != this;
 }
 
+/// What a widget, or one that it is a part of, belongs to; null for none of this window.
+ControlWidget* FormWindow::ShowingAt(QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+    const auto found =
+        std::ranges::find_if(widgets_, [&](const auto& entry) { return &entry.second->Widget() == widget; });
+    if (found != widgets_.end()) {
+      return found->second.get();
+    }
+  }
+  return nullptr;
+}
+
+ControlWidget* FormWindow::FirstPicture() const {
+  const auto form = form_.lock();
+  const std::vector<Control*> none;
+  for (const Control* control : form ? form->Controls() : none) {
+    const auto found = widgets_.find(control);
+    if (control->Kind() == ControlKind::PictureBox && found != widgets_.end() &&
+        found->second->Widget().isVisible()) {
+      return found->second.get();
+    }
+  }
+  return nullptr;
+}
+
+/// Selected rows of the list with the keyboard; else the picture or list under the mouse, else that with the
+/// keyboard, else the first picture. Nothing of the form changes. False where there is nothing to copy.
+bool FormWindow::Copy() {
+  ControlWidget* const keyboard = ShowingAt(focusWidget());
+  if (keyboard != nullptr && keyboard->Copy(CopiedPart::Selection)) {
+    return true;
+  }
+  ControlWidget* const mouse = ShowingAt(QApplication::widgetAt(QCursor::pos()));
+  return std::ranges::any_of(std::array{mouse, keyboard, FirstPicture()}, [](ControlWidget* shown) {
+    return shown != nullptr && shown->Copy(CopiedPart::Whole);
+  });
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (!IsBlocked()) {
@@ -199,6 +238,9 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy) && !IsBlocked() && Copy()) {
+    return;
+  }
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   if (!plain || !IsOfForm(*event) || IsBlocked()) {
     QWidget::keyPressEvent(event);

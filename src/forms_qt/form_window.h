@@ -48,6 +48,9 @@ class FormWindow final : public QWidget {
 
  private:
   QWidget* MakeWidget(Control& control, QWidget& parent);
+  [[nodiscard]] ControlWidget* ShowingAt(QWidget* widget) const;
+  [[nodiscard]] ControlWidget* FirstPicture() const;
+  bool Copy();
   [[nodiscard]] PictureWidget* PictureUnder(const Control& overlay) const;
   [[nodiscard]] const Control* BoxWithKeyboard() const;
   [[nodiscard]] QWidget* FirstOfUse() const;

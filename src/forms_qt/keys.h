@@ -14,4 +14,9 @@ namespace koprax {
   return IsEnter(event) || event.key() == Qt::Key_Escape;
 }
 
+/// Ctrl+C, where the box with the keyboard has no selected text of its own to copy.
+[[nodiscard]] inline bool CopiesNoText(const QKeyEvent& event, bool text_selected) {
+  return !text_selected && event.matches(QKeySequence::Copy);
+}
+
 }  // namespace koprax

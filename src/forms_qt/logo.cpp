@@ -39,12 +39,16 @@ QPainterPath PatternPath() {
   return path;
 }
 
-void DrawRings(QPainter& painter) {
-  painter.setBrush(Qt::NoBrush);
-  for (const double radius : {0.22, 0.40, 0.58, 0.76}) {
-    painter.setPen(QPen(QColor(120, 170, 220, 110), 0.012));
-    painter.drawEllipse(QPointF(0.08, 0.86), radius, radius);
-  }
+/// The ring inside the plate, as a shape of its own: pictures in vectors know no clipping.
+QPainterPath RingInside(const QPainterPath& plate, double radius) {
+  constexpr double HalfWidth = 0.006;
+  const QPointF source(0.08, 0.86);
+  QPainterPath ring;
+  ring.addEllipse(source, radius + HalfWidth, radius + HalfWidth);
+  ring.addEllipse(source, radius - HalfWidth, radius - HalfWidth);
+  // Shapes are cut as finely as curves are drawn at a scale of one dot.
+  const QTransform to_dots = QTransform::fromScale(2000, 2000);
+  return to_dots.inverted().map(to_dots.map(ring).intersected(to_dots.map(plate)));
 }
 
 }  // namespace
@@ -58,9 +62,10 @@ void DrawLogo(QPainter& painter, const QRectF& area) {
 
   QPainterPath plate;
   plate.addRoundedRect(QRectF(0.01, 0.01, 0.98, 0.98), 0.12, 0.12);
-  painter.setClipPath(plate);
   painter.fillPath(plate, QColor(22, 50, 92));
-  DrawRings(painter);
+  for (const double radius : {0.22, 0.40, 0.58, 0.76}) {
+    painter.fillPath(RingInside(plate, radius), QColor(120, 170, 220, 110));
+  }
   painter.setPen(QPen(QColor(255, 205, 92), 0.02, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(QColor(255, 205, 92, 70));
   painter.drawPath(PatternPath());

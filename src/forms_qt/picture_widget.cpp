@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms_qt/clipboard.h"
 #include "forms_qt/control_widget.h"
 #include "forms_qt/pointer_shapes.h"
 #include "forms_qt/surface_painter.h"
@@ -213,6 +214,12 @@ class PictureAdapter final : public ControlWidget {
   void ApplyFormPointer(Pointer pointer) override {
     form_waits_ = pointer == Pointer::Hourglass;
     ApplyPointer();
+  }
+  bool Copy(CopiedPart part) override {
+    if (part == CopiedPart::Whole) {
+      CopyPicture(picture_);
+    }
+    return part == CopiedPart::Whole;
   }
 
  private:

@@ -2,19 +2,18 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPixmap>
-#include <QSaveFile>
-#include <QSettings>
 #include <QStandardPaths>
-#include <QVariant>
+#include <filesystem>
+#include <system_error>
 
 #include "forms/form.h"
+#include "forms/settings_text.h"
+#include "forms/whole_file.h"
 #include "forms_qt/form_window.h"
+#include "forms_qt/pdf_document.h"
 #include "forms_qt/picture_widget.h"
 #include "forms_qt/pixel_image.h"
 #include "forms_qt/printed_page.h"
@@ -24,78 +23,48 @@ namespace koprax {
 
 namespace {
 
-constexpr int FileDotsPerInch = 1200;
-
-QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+std::filesystem::path SettingsFile(std::string_view application) {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return std::filesystem::path(folder.toStdString()) / (std::string(application) + ".ini");
 }
 
-QSettings SettingsOf(std::string_view application) {
-  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-  return {folder.filePath(ToQString(application) + QLatin1String(".ini")), QSettings::IniFormat};
+/// The text of a settings file; empty where it can't be read.
+std::string TextOf(const std::filesystem::path& path) {
+  const auto read = ReadWholeFile(path.string());
+  const auto* const text = std::get_if<std::string>(&read);
+  return text != nullptr ? *text : std::string();
 }
 
-QString KeyOf(std::string_view section, std::string_view key) {
-  return ToQString(section) + QLatin1Char('/') + ToQString(key);
-}
-
-/// Replaces a file only when the new one is complete; what is no regular file is written in place.
-std::optional<std::string> WriteWhole(const std::string& path, const QByteArray& contents) {
-  const QString name = QString::fromStdString(path);
-  const QFileInfo target(name);
-  const auto write = [&](QFileDevice& file) {
-    return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.flush();
-  };
-  if (target.exists() && !target.isFile()) {
-    QFile file(name);
-    return write(file) ? std::nullopt : std::optional(file.errorString().toStdString());
-  }
-  QSaveFile file(name);
-  if (write(file) && file.commit()) {
-    return std::nullopt;
-  }
-  return file.errorString().toStdString();
+/// Nothing, or the system's own words.
+std::optional<std::string> Write(const std::string& path, const QByteArray& contents) {
+  const auto size = static_cast<std::size_t>(contents.size());
+  const auto error = WriteWholeFile(path, {contents.constData(), size});
+  return error ? std::optional(error->Reason) : std::nullopt;
 }
 
 }  // namespace
 
 std::string QtPlatform::GetSetting(std::string_view application, std::string_view section,
                                    std::string_view key, std::string_view absent) {
-  const QSettings settings = SettingsOf(application);
-  return settings.value(KeyOf(section, key), ToQString(absent)).toString().toStdString();
+  return SettingIn(TextOf(SettingsFile(application)), section, key, absent);
 }
 
 std::optional<std::string> QtPlatform::SaveSetting(std::string_view application, std::string_view section,
                                                    std::string_view key, std::string_view value) {
-  QSettings settings = SettingsOf(application);
-  const QVariant before = settings.value(KeyOf(section, key));
-  settings.setValue(KeyOf(section, key), ToQString(value));
-  settings.sync();
-  if (settings.status() == QSettings::AccessError) {
-    // Qt remembers for the whole run what it could not write.
-    if (before.isValid()) {
-      settings.setValue(KeyOf(section, key), before);
-    } else {
-      settings.remove(KeyOf(section, key));
-    }
-    return "the settings file " + settings.fileName().toStdString() + " can't be written";
+  const std::filesystem::path path = SettingsFile(application);
+  std::error_code told_by_the_writing;
+  std::filesystem::create_directories(path.parent_path(), told_by_the_writing);
+  if (WriteWholeFile(path.string(), WithSetting(TextOf(path), section, key, value))) {
+    return "the settings file " + path.string() + " can't be written";
   }
   return std::nullopt;
 }
 
 std::optional<std::string> QtPlatform::PrintToFile(const Printer& printer, const std::string& path) {
-  QByteArray document;
-  QBuffer buffer(&document);
-  buffer.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter writer(&buffer);
-    writer.setResolution(FileDotsPerInch);
-    writer.setPageLayout(PageOf(printer));
-    if (!PaintPage(printer, writer, FileDotsPerInch)) {
-      return "the document could not be painted";
-    }
-  }
-  return WriteWhole(path, document);
+  const QByteArray document = PdfDocument(
+      PageOf(printer), [&](QPdfWriter& writer) { return PaintPage(printer, writer, VectorDotsPerInch); });
+  return document.isEmpty() ? std::optional<std::string>("the document could not be painted")
+                            : Write(path, document);
 }
 
 std::optional<std::string> QtPlatform::SavePicture(const PictureBox& picture, const std::string& path) {
@@ -113,7 +82,7 @@ std::optional<std::string> QtPlatform::SavePicture(const PictureBox& picture, co
   if (!image.save(&buffer, "BMP")) {
     return "the image could not be made";
   }
-  return WriteWhole(path, bytes);
+  return Write(path, bytes);
 }
 
 LoadedImage QtPlatform::LoadPicture(const std::string& path) {
@@ -139,7 +108,7 @@ std::optional<std::string> QtPlatform::Snapshot(Form& form, const std::string& p
   if (!window->Contents().grab().save(&buffer, "PNG")) {
     return "the image could not be made";
   }
-  return WriteWhole(path, image);
+  return Write(path, image);
 }
 
 }  // namespace koprax

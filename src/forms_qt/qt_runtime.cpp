@@ -121,9 +121,17 @@ bool QtRuntime::PrinterDialog(Printer& printer) {
   return true;
 }
 
+std::string QtRuntime::PrintFile() const {
+  return paper_ ? paper_->outputFileName().toStdString() : std::string();
+}
+
 std::optional<std::string> QtRuntime::PrintDocument(Printer& printer) {
   if (!paper_) {
     return "no printer has been chosen";
+  }
+  if (const std::string file = PrintFile(); !file.empty()) {
+    // The same page as that of a script, and whole or not at all.
+    return platform_.PrintToFile(printer, file);
   }
   // The page numbers of the dialog are not used: a document is one page. Copies are made by the command.
   paper_->setCopyCount(1);

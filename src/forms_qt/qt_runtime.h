@@ -22,6 +22,8 @@ class QtRuntime final : public Runtime {
   std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
   bool PrinterDialog(Printer& printer) override;
   std::optional<std::string> PrintDocument(Printer& printer) override;
+  /// The file that the printer chosen last writes to; "" if there is none, or it prints on paper.
+  [[nodiscard]] std::string PrintFile() const;
   std::optional<std::string> SavePicture(const PictureBox& picture, const std::string& path) override;
   [[nodiscard]] LoadedImage LoadPicture(const std::string& path) override;
   void RunModal(Form& form) override;

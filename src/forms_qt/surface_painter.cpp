@@ -65,7 +65,6 @@ void SurfacePainter::PaintCurve(const QColor& colour) {
   const bool rubs_out = colour == QColor(Qt::white);
   const double width = rubs_out ? line_width_ + 2 : line_width_;
   QPen pen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
-  pen.setCosmetic(true);
   painter_.setRenderHint(QPainter::Antialiasing, !rubs_out);
   painter_.setPen(pen);
   if (width <= 1) {

@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyleOptionFrame>
@@ -10,6 +11,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "forms/table_text.h"
+#include "forms_qt/clipboard.h"
 #include "forms_qt/control_widget.h"
 #include "forms_qt/greek_letters.h"
 #include "forms_qt/keys.h"
@@ -61,7 +64,8 @@ class LineEdit final : public QLineEdit {
     }
   }
   void keyPressEvent(QKeyEvent* event) override {
-    IsOfForm(*event) ? event->ignore() : QLineEdit::keyPressEvent(event);
+    const bool of_form = IsOfForm(*event) || CopiesNoText(*event, hasSelectedText());
+    of_form ? event->ignore() : QLineEdit::keyPressEvent(event);
   }
 
  private:
@@ -74,9 +78,13 @@ class LineEdit final : public QLineEdit {
 
 class TextEdit final : public QPlainTextEdit {
  public:
-  TextEdit(QWidget& parent, int columns, int rows) : QPlainTextEdit(&parent), columns_(columns), rows_(rows) {
+  TextEdit(QWidget& parent, int columns, int rows, bool holds_table)
+      : QPlainTextEdit(&parent), columns_(columns), rows_(rows), holds_table_(holds_table) {
     setTabChangesFocus(true);
   }
+  /// Whether its selection is copied as rows of a table. What is typed may be pasted back as it is.
+  [[nodiscard]] bool CopiesRows() const { return holds_table_ && isReadOnly(); }
+  [[nodiscard]] bool HoldsTable() const { return holds_table_; }
   [[nodiscard]] QSize sizeHint() const override { return HintFor(columns_, rows_); }
   [[nodiscard]] QSize minimumSizeHint() const override {
     return HintFor(std::min(columns_, LeastColumns), std::min(rows_, 2));
@@ -84,7 +92,9 @@ class TextEdit final : public QPlainTextEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    isReadOnly() && IsOfForm(*event) ? event->ignore() : QPlainTextEdit::keyPressEvent(event);
+    const bool of_form = (isReadOnly() && IsOfForm(*event)) ||
+                         CopiesNoText(*event, textCursor().hasSelection() && !CopiesRows());
+    of_form ? event->ignore() : QPlainTextEdit::keyPressEvent(event);
   }
 
  private:
@@ -95,6 +105,7 @@ class TextEdit final : public QPlainTextEdit {
   }
   int columns_;
   int rows_;
+  bool holds_table_;
 };
 
 class Combo final : public QComboBox {
@@ -103,11 +114,17 @@ class Combo final : public QComboBox {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    IsOfForm(*event) ? event->ignore() : QComboBox::keyPressEvent(event);
+    const bool of_form = IsOfForm(*event) || CopiesNoText(*event, lineEdit()->hasSelectedText());
+    of_form ? event->ignore() : QComboBox::keyPressEvent(event);
   }
   /// A wheel that turns over the box scrolls the window and chooses nothing.
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
+
+/// What a box of one line takes of a text with several that is pasted into it.
+QString FirstLine(const QString& text) {
+  return text.left(text.indexOf(QRegularExpression(QStringLiteral("[\r\n]"))));
+}
 
 /// What boxes of one and of many lines have in common.
 class TextBoxWidget : public ControlWidget {
@@ -152,7 +169,13 @@ class SingleLine final : public TextBoxWidget {
  public:
   SingleLine(TextBox& box, LineEdit& edit) : TextBoxWidget(box, edit), edit_(edit) {
     ApplyAll({PropertyName::Font, PropertyName::Locked});
-    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this](const QString& text) { Typed(text); });
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [this](const QString& text) {
+      const QString line = FirstLine(text);
+      if (line != text) {
+        edit_.setText(line);
+      }
+      Typed(line);
+    });
   }
 
  protected:
@@ -195,6 +218,15 @@ class ManyLines final : public TextBoxWidget {
   void ApplyFormPointer(Pointer pointer) override {
     edit_.viewport()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
   }
+  bool Copy(CopiedPart part) override {
+    const QTextCursor cursor = edit_.textCursor();
+    if (!edit_.HoldsTable() ||
+        (part == CopiedPart::Selection && !(edit_.CopiesRows() && cursor.hasSelection()))) {
+      return false;
+    }
+    CopyTable(part == CopiedPart::Selection ? cursor : QTextCursor(edit_.document()));
+    return true;
+  }
 
  protected:
   void ApplyText(const QString& text) override {
@@ -227,7 +259,12 @@ class ComboWidget final : public ControlWidget {
     widget.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     ApplyAll({PropertyName::Items, PropertyName::Text});
     QObject::connect(&widget, &QComboBox::editTextChanged, &widget,
-                     [&box, form = box.OwnerForm().weak_from_this()](const QString& text) {
+                     [&box, &widget, form = box.OwnerForm().weak_from_this()](const QString& text) {
+                       const QString line = FirstLine(text);
+                       if (line != text) {
+                         widget.setEditText(line);  // which comes back here
+                         return;
+                       }
                        ActOn(form, [&] { box.Type(FromQt(text)); });
                      });
   }
@@ -276,7 +313,7 @@ class ComboWidget final : public ControlWidget {
 
 std::unique_ptr<ControlWidget> MakeTextBox(TextBox& box, QWidget& parent) {
   if (box.MultiLine) {
-    return std::make_unique<ManyLines>(box, *new TextEdit(parent, box.Columns, box.Rows));
+    return std::make_unique<ManyLines>(box, *new TextEdit(parent, box.Columns, box.Rows, HoldsTable(box)));
   }
   return std::make_unique<SingleLine>(box, *new LineEdit(parent, box.Columns));
 }

@@ -48,6 +48,13 @@ class QtRuntimeTest : public ViewTest {
       act(*box);
     });
   }
+
+  QByteArray Printed(const Printer& printer, const QString& path) {
+    EXPECT_EQ(platform_.PrintToFile(printer, path.toStdString()), std::nullopt);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  }
 };
 
 TEST_F(QtRuntimeTest, MessageBoxesAreAnswered) {
@@ -249,6 +256,20 @@ QByteArray Unpacked(const QByteArray& pdf) {
   return qUncompress(QByteArray("\x00\x01\x00\x00", 4) + packed);
 }
 
+/// Where each object of a document begins, by its table and by looking for them.
+std::pair<QList<qsizetype>, QList<qsizetype>> PlacesOfObjects(const QByteArray& pdf) {
+  std::pair<QList<qsizetype>, QList<qsizetype>> places;
+  const qsizetype table =
+      pdf.mid(pdf.lastIndexOf("startxref\n") + 10).split('\n').front().trimmed().toLongLong();
+  const QList<QByteArray> lines = pdf.mid(table).split('\n');
+  const qsizetype count = lines.value(1).split(' ').last().toLongLong();
+  for (qsizetype number = 1; lines.front() == "xref" && number < count; ++number) {
+    places.first << lines.value(2 + number).left(10).toLongLong();
+    places.second << pdf.indexOf("\n" + QByteArray::number(number) + " 0 obj") + 1;
+  }
+  return places;
+}
+
 TEST_F(QtRuntimeTest, DocumentsBecomePages) {
   Printer printer;
   printer.BeginDocument(210, 297, {});
@@ -257,17 +278,30 @@ TEST_F(QtRuntimeTest, DocumentsBecomePages) {
   printer.Line(80, 50, 195, 50);
   printer.Print("Intensity");
   const QTemporaryDir folder;
-  const QString path = folder.filePath("page.pdf");
-  ASSERT_EQ(platform_.PrintToFile(printer, path.toStdString()), std::nullopt);
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray pdf = file.readAll();
+  const QByteArray pdf = Printed(printer, folder.filePath("page.pdf"));
   EXPECT_TRUE(pdf.startsWith("%PDF"));
   // A4 across, in points.
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 842")) << pdf.mid(pdf.indexOf("/MediaBox"), 60).constData();
   // The line as a filled rectangle of 1200 dots an inch: 9 dots wide around (80, 50) to (195, 50) mm.
   EXPECT_TRUE(Unpacked(pdf).contains("3775 2358 5442 9 re")) << Unpacked(pdf).left(900).constData();
   EXPECT_NE(platform_.PrintToFile(printer, "/none/page.pdf"), std::nullopt);
+  const auto [told, found] = PlacesOfObjects(pdf);
+  EXPECT_GT(told.size(), 5);
+  EXPECT_EQ(told, found);
+}
+
+TEST_F(QtRuntimeTest, DocumentsDoNotTellWhenAndWhereTheyWereMade) {
+  Printer printer;
+  printer.BeginDocument(210, 297, {});
+  printer.Print("Intensity");
+  const QTemporaryDir folder;
+  const QByteArray zone = qgetenv("TZ");
+  qputenv("TZ", "UTC-5");
+  const QByteArray east = Printed(printer, folder.filePath("east.pdf"));
+  qputenv("TZ", "UTC");
+  QTest::qWait(1100);  // the toolkit notes seconds
+  EXPECT_EQ(Printed(printer, folder.filePath("later.pdf")), east);
+  zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
 }
 
 }  // namespace

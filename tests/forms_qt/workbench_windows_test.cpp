@@ -5,8 +5,13 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <sstream>
 
+#include "app/recording_runtime.h"
+#include "app/script_player.h"
+#include "app/session_recorder.h"
 #include "app/workbench.h"
+#include "forms/scripted_runtime.h"
 #include "forms_qt/form_window.h"
 #include "forms_qt/qt_desktop_view.h"
 #include "forms_qt/qt_platform.h"
@@ -19,6 +24,7 @@ namespace {
 class WorkbenchWindows : public testing::Test {
  protected:
   void SetUp() override {
+    bench_.Desk().AddObserver(recorder_);
     bench_.Start();
     QCoreApplication::processEvents();
   }
@@ -64,7 +70,12 @@ class WorkbenchWindows : public testing::Test {
 
   QtPlatform platform_;
   QtRuntime runtime_{platform_};
-  Workbench bench_{runtime_};
+  std::string record_;
+  SessionRecorder recorder_{[this](const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) record_ += line + "\n";
+  }};
+  RecordingRuntime recording_{runtime_, recorder_, [] { return std::string(); }, "page"};
+  Workbench bench_{recording_};
   QtDesktopView view_{bench_.Desk()};
 };
 
@@ -92,6 +103,40 @@ TEST_F(WorkbenchWindows, LoadLookAndZoom) {
   EXPECT_EQ(profile.WorkNpts, all_points);
   Click("Form6", "cmdMain");
   EXPECT_EQ(bench_.Desk().Find("Form6"), nullptr);
+}
+
+TEST_F(WorkbenchWindows, WhatAPersonDoesIsRecordedAndPlaysAgain) {
+  Load(KOPRAX_SOURCE_DIR "/examples/silicon.dat");
+  QWidget* picture = Find("Form6", "Picture1");
+  Click("Form6", "cmdZoom");
+  QTest::keyClick(picture, Qt::Key_Escape);  // before anything is drawn
+  Click("Form6", "cmdZoom");
+  QTest::mousePress(picture, Qt::LeftButton, {}, {100, 120});
+  QTest::mouseMove(picture, {151, 200});
+  QTest::mouseMove(picture, {173, 250});
+  QTest::mouseRelease(picture, Qt::LeftButton, {}, {173, 250});
+  Click("Form6", "optOK");
+  Click("Form6", "cmdSave");
+  auto* title = qobject_cast<QLineEdit*>(Find("Form3", "Text1"));
+  title->selectAll();
+  QTest::keyClicks(title, "Si \"7\"");
+  QTest::keyClick(title, Qt::Key_Return);
+  recorder_.Finish();
+
+  ScriptedRuntime scripted(platform_);
+  Workbench again(scripted);
+  std::istringstream script(record_);
+  std::ostringstream answers;
+  ScriptPlayer player({.Desk = again.Desk(),
+                       .Data = again.Data(),
+                       .FormNames = Workbench::FormNames(),
+                       .Runtime = scripted,
+                       .Host = platform_},
+                      answers);
+  EXPECT_EQ(player.Play([&] { again.Start(); }, script), 0) << record_ << answers.str();
+  EXPECT_EQ(JsonOfBuffer(again.Data().Buffer(1)), JsonOfBuffer(bench_.Data().Buffer(1)));
+  EXPECT_TRUE(again.Data().Buffer(1).Title.starts_with("Si \"7\" "));
+  EXPECT_LT(again.Data().Buffer(1).PermNpts, 2000);  // the part that was drawn, of 6001 points
 }
 
 TEST_F(WorkbenchWindows, FramesOfOnePlaceStandSideBySideWhenBothShow) {
