@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 
 #include "tools/example_profiles.h"
@@ -83,6 +84,31 @@ ExampleFile MonochromaticFile() {
                                            .Tube = {{AlphaOne, 1}},
                                            .ZeroError = MonochromaticZeroError});
   return {"silicon_monochromatic.txt", TwoColumns("Silicon powder, Cu K-alpha 1, 25-121 deg", 25, counts)};
+}
+
+// ---- A series, for examples/batch -------------------------------------------------------------------
+
+/// How much longer silicon is at a temperature (kelvin) than at 22.5 degrees Celsius, where its cell is
+/// certified: the thermal expansion of Y. Okada and Y. Tokumaru, Journal of Applied Physics 56 (1984) 314.
+double Stretched(double temperature) {
+  const auto integral = [](double t) {
+    return 3.725 * (t + std::exp(-5.88e-3 * (t - 124)) / 5.88e-3) + 5.548e-4 * t * t / 2;
+  };
+  return std::exp(1e-6 * (integral(temperature) - integral(295.65)));
+}
+
+/// The line 220 of silicon in one wavelength.
+ExampleFile HotSiliconFile(int temperature) {
+  Phase phase = Silicon();
+  phase.A = phase.C = phase.A * Stretched(temperature);
+  const std::vector<long> counts = Counts({.Angles = EvenAngles(46.4, 0.02, 91),
+                                           .Step = 0.02,
+                                           .Sample = {{phase, 400000}},
+                                           .Seed = 1984U + static_cast<unsigned>(temperature),
+                                           .Tube = {{AlphaOne, 1}}});
+  const std::string kelvin = std::to_string(temperature);
+  return {"batch/profiles/silicon_" + kelvin + "K.txt",
+          TwoColumns("Silicon at " + kelvin + " K, Cu K-alpha 1", 46.4, counts)};
 }
 
 // ---- A detector of 4096 channels -------------------------------------------------------------------
@@ -201,8 +227,11 @@ ExampleFile CardFile() {
 }  // namespace
 
 std::vector<ExampleFile> ExampleFiles() {
-  return {SiliconFile(),     CorundumFile(), MixtureFile(), MonochromaticFile(), ChannelFile(),
-          CalibrationFile(), PhilipsFile(),  SiemensFile(), CardFile()};
+  std::vector<ExampleFile> files{SiliconFile(),       CorundumFile(), MixtureFile(),
+                                 MonochromaticFile(), ChannelFile(),  CalibrationFile(),
+                                 PhilipsFile(),       SiemensFile(),  CardFile()};
+  for (const int temperature : {300, 375, 450, 525, 600}) files.push_back(HotSiliconFile(temperature));
+  return files;
 }
 
 }  // namespace koprax::examples

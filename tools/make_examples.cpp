@@ -1,7 +1,9 @@
 // Writes the sample profiles of examples/ into a folder: make_examples FOLDER
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <system_error>
 
 #include "tools/example_files.h"
 
@@ -12,6 +14,8 @@ int main(int count, char** arguments) {
   }
   for (const auto& [name, contents] : koprax::examples::ExampleFiles()) {
     const std::string path = std::string(arguments[1]) + "/" + name;
+    std::error_code failure;  // told by the file
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), failure);
     std::ofstream file(path, std::ios::binary);
     file << contents;
     file.close();

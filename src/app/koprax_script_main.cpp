@@ -3,8 +3,6 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QMessageLogContext>
-#include <QString>
 #include <cerrno>
 #include <clocale>
 #include <cstring>
@@ -15,23 +13,18 @@
 #include <string>
 #include <system_error>
 
+#include "app/command_line.h"
 #include "app/script_player.h"
 #include "app/workbench.h"
 #include "forms/scripted_runtime.h"
 #include "forms/text_file.h"
 #include "forms_qt/qt_desktop_view.h"
 #include "forms_qt/qt_platform.h"
+#include "forms_qt/toolkit_messages.h"
 
 namespace {
 
 constexpr int CannotRun = 1;
-
-/// The toolkit warns of what an off-screen platform lacks; only what is worse is worth a line.
-void PassOnFaults(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-  if (type == QtCriticalMsg || type == QtFatalMsg) {
-    std::cerr << "koprax-script: " << text.toStdString() << '\n';
-  }
-}
 
 int PlayOnWorkbench(std::istream& script) {
   koprax::QtPlatform platform;
@@ -46,7 +39,7 @@ int PlayOnWorkbench(std::istream& script) {
                               std::cout);
   // There is no event loop, which would take away the windows of forms that have gone.
   player.AfterAnswer = [] { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); };
-  return player.Play([&] { workbench.Start(); }, script);
+  return koprax::EndOutput("koprax-script", player.Play([&] { workbench.Start(); }, script));
 }
 
 int PlayFile(const std::string& path) {
@@ -73,12 +66,14 @@ int main(int argument_count, char** arguments) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
-  qInstallMessageHandler(PassOnFaults);
+  koprax::TellToolkitFaultsOnly("koprax-script");
   // The tool's one argument is a file, whatever it looks like, so it isn't shown to the toolkit.
   int toolkit_arguments = 1;
   const QApplication application(toolkit_arguments, arguments);
   // The application has taken up the user's locale; the same script has to answer the same everywhere.
   std::setlocale(LC_ALL, "C.UTF-8");
   QApplication::setQuitOnLastWindowClosed(false);
+  // A cursor that blinks would be on some of the images of a window only.
+  QApplication::setCursorFlashTime(0);
   return argument_count == 2 ? PlayFile(arguments[1]) : PlayOnWorkbench(std::cin);
 }

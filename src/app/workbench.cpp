@@ -5,8 +5,11 @@
 #include "calibration/calibration_window.h"
 #include "cards/card_window.h"
 #include "cell/cell_window.h"
+#include "display/bitmap_window.h"
+#include "display/computed_profile_window.h"
 #include "display/display_window.h"
 #include "display/several_profiles_window.h"
+#include "display/zoom_window.h"
 #include "files/file_choice.h"
 #include "files/format_window.h"
 #include "files/load_pipeline.h"
@@ -142,6 +145,19 @@ class Workbench::Windows final : public MainServices,
 
   void OpenCellWindow() override { context_.Desk.Load<Form26>(context_); }
 
+  [[nodiscard]] std::vector<std::shared_ptr<const Form>> WithPictures() const {
+    return {std::make_shared<Form2>(context_),
+            std::make_shared<Form6>(context_),
+            std::make_shared<Form12>(context_),
+            std::make_shared<Form15>(context_, ZoomOpening{}),
+            std::make_shared<Form19>(context_),
+            std::make_shared<Form24>(context_),
+            std::make_shared<Form26>(context_),
+            std::make_shared<Form30>(context_, ComputedProfileOpening{}),
+            std::make_shared<Form34>(context_),
+            std::make_shared<Form36>(context_, std::make_shared<PixelImage>())};
+  }
+
  private:
   /// The mode that a profile is picked for; none for a load.
   [[nodiscard]] bool Workspace::*PickingPurpose() const {
@@ -170,6 +186,10 @@ void Workbench::Start() { windows_->Start(); }
 Desktop& Workbench::Desk() { return desk_; }
 
 Workspace& Workbench::Data() { return data_; }
+
+std::vector<std::shared_ptr<const Form>> Workbench::WindowsWithPictures() const {
+  return windows_->WithPictures();
+}
 
 const std::vector<std::string>& Workbench::FormNames() {
   static const std::vector<std::string> names{

@@ -24,6 +24,8 @@ class Workbench {
 
   [[nodiscard]] Desktop& Desk();
   [[nodiscard]] Workspace& Data();
+  /// A new window of each kind that has pictures, none of them loaded: for the scales and design sizes.
+  [[nodiscard]] std::vector<std::shared_ptr<const Form>> WindowsWithPictures() const;
   /// The names of all windows that the workbench has, loaded or not.
   [[nodiscard]] static const std::vector<std::string>& FormNames();
 
