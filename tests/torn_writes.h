@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <ctime>
 #include <filesystem>
@@ -44,13 +45,13 @@ class TornWriteTrial {
   ~TornWriteTrial() { std::filesystem::remove_all(folder_); }
 
   TornWrites Kill(int times) {
-    const auto time = Measure();
     TornWrites found;
-    // A child saves more slowly than its parent; several times the time lets most of them end a save.
-    std::uniform_int_distribution<long> moment(1, 5 * time.count());
+    double longest = static_cast<double>(Measure().count());
     for (int i = 0; i < times && !testing::Test::HasFailure(); ++i) {
-      SaveUntilKilled(moment(random_));
-      Look(found);
+      SaveUntilKilled(std::uniform_int_distribution<long>(1, std::lround(longest))(random_));
+      // A child on a busy machine saves more slowly than its parent did: the time that it gets follows what
+      // it reached, so that about half of the kills meet the first save.
+      longest = std::clamp(Look(found) ? longest / 1.3 : longest * 1.3, 1e3, 1e9);
     }
     EXPECT_TRUE(save_(path_, true));
     found.OthersLeft = Others();
@@ -118,7 +119,8 @@ class TornWriteTrial {
            ::timer_settime(timer, 0, &time, nullptr) == 0;
   }
 
-  void Look(TornWrites& found) {
+  /// Whether a save had come to its end.
+  bool Look(TornWrites& found) {
     const std::string bytes = Bytes();
     const bool torn = bytes != whole_[0] && bytes != whole_[1];
     const bool is_new = bytes == whole_[other_ ? 0 : 1];
@@ -127,6 +129,7 @@ class TornWriteTrial {
     const int others = Others();
     if (others > 0) ++found.WithOthers;
     found.MostOthers = std::max(found.MostOthers, others);
+    return is_new;
   }
 
   SaveOneOfTwo save_;
