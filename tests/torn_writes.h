@@ -27,7 +27,7 @@ using SaveOneOfTwo = std::function<bool(const std::string& path, bool other)>;
 /// What was found after all kills.
 struct TornWrites {
   int Old = 0;         ///< how often the file was the one before
-  int New = 0;         ///< how often it was the one that was being saved, or one saved after it
+  int New = 0;         ///< how often it was the one that was being saved
   int Torn = 0;        ///< how often it was neither
   int WithOthers = 0;  ///< how often a further file lay beside it
   int MostOthers = 0;  ///< how many at the same time
@@ -93,14 +93,14 @@ class TornWriteTrial {
     return times[times.size() / 2];
   }
 
-  /// Runs a process that saves the two contents in turn, the one that isn't there first, until its clock
-  /// kills it. Before that it saves what is there: its memory is a copy that the first save makes.
+  /// Runs a process that saves the content that isn't there, again and again, until its clock kills it.
+  /// Before that it saves what is there: its memory is a copy that the first save makes.
   void SaveUntilKilled(long nanoseconds) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
       bool saves = save_(path_, other_) && SetClock(nanoseconds);
-      for (bool other = !other_; saves; other = !other) saves = save_(path_, other);
+      while (saves) saves = save_(path_, !other_);
       ::_exit(1);
     }
     int status = 0;
