@@ -6,17 +6,16 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
+
+#include "file_text.h"
 
 namespace koprax {
 
 /// `path` lies below tests/.
 inline void ExpectGolden(const std::string& text, const std::string& path) {
   const std::filesystem::path golden = std::filesystem::path(KOPRAX_SOURCE_DIR) / "tests" / path;
-  std::ifstream file(golden, std::ios::binary);
-  const std::string kept{std::istreambuf_iterator<char>(file), {}};
-  if (text == kept) return;
+  if (text == BytesOf(golden)) return;
   const auto fresh = std::filesystem::current_path() / (golden.filename().string() + ".new");
   std::ofstream(fresh, std::ios::binary) << text;
   ADD_FAILURE() << "It differs from what is kept. Compare with\n  diff " << golden.string() << " "

@@ -119,17 +119,18 @@ class TornWriteTrial {
            ::timer_settime(timer, 0, &time, nullptr) == 0;
   }
 
-  /// Whether a save had come to its end.
+  /// Whether a save had reached the file.
   bool Look(TornWrites& found) {
     const std::string bytes = Bytes();
     const bool torn = bytes != whole_[0] && bytes != whole_[1];
     const bool is_new = bytes == whole_[other_ ? 0 : 1];
     ++(torn ? found.Torn : is_new ? found.New : found.Old);
+    const bool reached = torn || is_new;
     if (is_new) other_ = !other_;
     const int others = Others();
     if (others > 0) ++found.WithOthers;
     found.MostOthers = std::max(found.MostOthers, others);
-    return is_new;
+    return reached;
   }
 
   SaveOneOfTwo save_;

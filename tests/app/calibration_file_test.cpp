@@ -129,12 +129,5 @@ TEST_F(CalibrationTest, APreviewThatIsGivenUpReadsNothing) {
   }
 }
 
-TEST_F(CalibrationTest, AFileThatGivesNothingIsTold) {
-  AcceptPrompt("file \"/nowhere/a.cal\"\n");
-  const std::string shown = Get("Form4.Text1.Text");
-  EXPECT_THAT(shown, StartsWith("The file /nowhere/a.cal can't be read: "));
-  EXPECT_THAT(Accept(), ElementsAre("Error, stop: " + shown, "unloaded Form4"));
-}
-
 }  // namespace
 }  // namespace koprax

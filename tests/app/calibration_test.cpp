@@ -95,6 +95,7 @@ TEST_F(CalibrationWindowTest, AWindowThatFindsNoListLeavesNoTrace) {
   for (const std::string& answers : given_up) {
     Open(answers);
     EXPECT_FALSE(IsLoaded("Form24")) << answers;
+    EXPECT_EQ(Values("CurBuf CalCancelled"), (Json{1, 0})) << answers;
   }
   for (const char* way : {"click Form25.cmdCancel\n", "close Form25\n"}) {
     Open(List());

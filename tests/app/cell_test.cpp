@@ -162,6 +162,8 @@ TEST_F(Cell, WithoutAListLeavesNoTrace) {
   const std::string file = FileAnswer(File("list.pks", SiliconList()));
   const std::vector<std::vector<std::string>> ways{
       {"input \"n\"\n", "", "0"},
+      {"input \"yes\"\n", "", "0"},
+      {"input \"y\"\nfile \"/nowhere/a.pks\"\n", "", "0"},
       {"input cancel\n", "", "0"},
       {"input \"y\"\nfile cancel\n", "", "0"},
       {"input \"y\"\nfile \"\"\n", "", "2"},

@@ -2,9 +2,7 @@
 // what windows do that are tested by themselves.
 #pragma once
 
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +10,7 @@
 #include <vector>
 
 #include "app/workbench_session.h"
+#include "file_text.h"
 #include "forms/form.h"
 #include "workspace/file_dialog_window.h"
 
@@ -77,11 +76,6 @@ class CommandSession : public WorkbenchSession {
   std::vector<std::string> Words(const std::string& script) { return WordsOf(Events(script)); }
 
   static std::string FileAnswer(const std::string& path) { return "file " + Json(path).dump() + "\n"; }
-  /// What stands in a file; nothing if there is none.
-  static std::string BytesOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
 
  private:
   AskingServices services_{*this};

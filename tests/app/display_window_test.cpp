@@ -303,28 +303,22 @@ TEST_F(DisplayWindowTest, TheExplorerOfChannelsGoesByTheCalibration) {
 
 TEST_F(DisplayWindowTest, ThePictureTellsWhatTheMouseDoesInEachMode) {
   const std::string drag = "down Form6.Picture1 left 40 50\nup Form6.Picture1 left 80 50\n";
-  const std::vector<std::pair<std::string, std::string>> steps{
-      {"forms\n", "boxes"},
-      {"click Form6.cmdEdit\n", "portion"},
-      {drag, "\"OK\""},
-      {"down Form6.Picture1 left 40 50\n", "portion"},
-      {"up Form6.Picture1 left 80 50\nclick Form6.optOK\n", "boxes"},
-      {"click Form6.cmdQuitEdit\nclick Form6.cmdManExpl\n", "pauses"},
-      {drag, "paused"},
-      {"click Form6.cmdZoom\n", "corner"},
-      {drag + "click Form6.optOK\n", "boxes"},
-      {"click Form15.cmdRet\n", "paused"},
-      {"click Form6.cmdManExpl\n", "pauses"},
-      {"click Form6.cmdExiManExp\n", "boxes"},
-      {"click Form6.cmdZoom\n" + drag, "\"OK\""},
-  };
-  for (const auto& [script, word] : steps) {
-    Play(script);
-    EXPECT_THAT(Get("Picture1.ToolTip"), testing::HasSubstr(word)) << script;
-  }
-  EXPECT_TRUE(Desk().Find("Form6")->PressEscape());
+  ExpectTips("Form6.Picture1", {{"forms\n", "boxes"},
+                                {"click Form6.cmdEdit\n", "portion"},
+                                {drag, "\"OK\""},
+                                {"down Form6.Picture1 left 40 50\n", "portion"},
+                                {"up Form6.Picture1 left 80 50\nclick Form6.optOK\n", "boxes"},
+                                {"click Form6.cmdQuitEdit\nclick Form6.cmdManExpl\n", "pauses"},
+                                {drag, "paused"},
+                                {"click Form6.cmdZoom\n", "corner"},
+                                {drag + "click Form6.optOK\n", "boxes"},
+                                {"click Form15.cmdRet\n", "paused"},
+                                {"click Form6.cmdManExpl\n", "pauses"},
+                                {"click Form6.cmdExiManExp\n", "boxes"},
+                                {"click Form6.cmdZoom\n" + drag, "\"OK\""}});
+  EXPECT_TRUE(PressEscape("Form6"));
   EXPECT_EQ(Mode(), "++-++++++");
-  EXPECT_THAT(Get("Picture1.ToolTip"), testing::HasSubstr("boxes"));
+  ExpectTips("Form6.Picture1", {{"forms\n", "boxes"}});
 }
 
 TEST_F(PromptTest, OnlyTheMainMenuAndThePromptAreLive) {
@@ -333,7 +327,7 @@ TEST_F(PromptTest, OnlyTheMainMenuAndThePromptAreLive) {
   EXPECT_EQ(Mode(), "------+-- Frame3");
   EXPECT_EQ(State("Wavelength(a)"), 0.0);
   Play("set Form6.Combo1 \"0.71073   (Mo  K-a1 + K-a2)\"\n");
-  EXPECT_TRUE(Desk().Find("Form6")->PressEnter(Desk().Find("Form6")->Find("Combo1")));
+  EXPECT_TRUE(PressEnter("Form6", "Combo1"));
   EXPECT_EQ(Mode(), "++-++++++");
   EXPECT_EQ(Values("Form6.Text16.Text Wavelength(a)"), (Json{"l = 0.71073", JsonNumber(0.71073F)}));
 }

@@ -14,18 +14,12 @@
 #include <vector>
 
 #include "app/workbench_session.h"
+#include "file_text.h"
 #include "forms/desktop.h"
 #include "golden_file.h"
 
 namespace koprax {
 namespace {
-
-std::string Replaced(std::string text, const std::string& what, const std::string& by) {
-  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
-}
 
 /// The pieces of a text, each with the separator that ends it, in quotes below each other.
 std::string Quoted(const std::string& text, const std::string& separator, int pieces = 1) {

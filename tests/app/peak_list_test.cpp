@@ -127,37 +127,6 @@ TEST_F(PeakListTest, AListOfChannelsComesBackForACalibration) {
   EXPECT_EQ(Peaks(), "31 8 9.3021 9.5\n700.25 9.5 4.1297 21.5\n");
 }
 
-TEST_F(PeakListTest, AListForTheCellIsOneOf2ThetaOrOfChannels) {
-  EXPECT_THAT(ReadForCell(Open("10.5 7 8.4\r\n180 3 0.9\r\n\r\n200 1 1\r\n")),
-              ElementsAre(Question, "open \"*.pks\" 2 of All Files (*.*)|*.*| calib. Files (*.pks)|*.pks",
-                          "shown Form28"));
-  EXPECT_EQ(Get("Form28")["Caption"], "Input file (Form28)");
-  EXPECT_THAT(Words("click Form28.cmdOK\n"), ElementsAre("unloaded Form28"));
-  EXPECT_EQ(Peaks(), "10.5 7 8.4 10.5\n180 3 0.9 180\n");
-  EXPECT_EQ(Buffer().CellFormat, 0);
-  EXPECT_THAT(Outcome(), ElementsAre(1, 1, 0, 3, 0));
-}
-
-TEST_F(PeakListTest, ARefusedListLeavesACellRefinementWithoutABuffer) {
-  for (const std::string answers :
-       {"input \"n\"\n", "input \"yes\"\n", "input cancel\n", "input \"y\"\nfile cancel\n",
-        "input \"y\"\nfile \"/nowhere/a.pks\"\n", "input \"y\"\nfile \"\"\n"}) {
-    const auto told = ReadForCalibration(answers);
-    EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, 3, 0)) << answers;
-    EXPECT_EQ(ReadForCell(answers).size(), told.size()) << answers;
-    const bool unnamed = answers.ends_with("\"\"\n");  // an empty name ends nothing
-    EXPECT_THAT(Outcome(), ElementsAre(0, 0, 0, unnamed ? 3 : 0, unnamed ? 0 : 1)) << answers;
-  }
-  for (const std::string form : {"Form25", "Form28"}) {
-    for (const std::string& act : {"click " + form + ".cmdCancel\n", "close " + form + "\n"}) {
-      Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open("1 2 3\n"));
-      EXPECT_THAT(Words(act), ElementsAre("unloaded " + form));
-      EXPECT_THAT(Outcome(), ElementsAre(1, 0, 1, form == "Form25" ? 3 : 0, 0));
-    }
-  }
-  EXPECT_EQ(Peaks(), "");
-}
-
 TEST_F(PeakListTest, AListIsTakenUpToItsLimitsAndNotAtAllWhereItIsBad) {
   const auto taken = [&](const std::string& form, const std::string& contents) {
     Read(form == "Form25" ? ReadPeakListForCalibration : ReadPeakListForCell, Open(contents));

@@ -156,11 +156,6 @@ TEST_F(Printing, ABitmapThatIsGivenUpLeavesTheFileAlone) {
   EXPECT_EQ(BytesOf(path), "old");
 }
 
-TEST_F(Printing, ACancelPrintsNothing) {
-  EXPECT_EQ(Events("printer cancel\nclick Form6.cmdPrint\n").size(), 1U);
-  EXPECT_EQ(Value("picture Printer"), Json::array());
-}
-
 /// The card of the examples in buffer b.
 class CardWindow : public Journey {
  protected:
@@ -170,6 +165,26 @@ class CardWindow : public Journey {
     return Value("picture Printer");
   }
 };
+
+TEST_F(CardWindow, OpensWithTheWavelengthThatItsPromptHolds) {
+  EXPECT_EQ(Value("forms")[0], "Form34");
+  EXPECT_EQ(Data().Buffer(2).Wavelength, 1.54184F);
+  Play("close Form34\n");
+  Display("b");
+  EXPECT_EQ(Value("forms")[0], "Form34");
+  const auto load = [&](const std::string& text, const std::string& act) {
+    Data().Buffer(3).Wavelength = 7;
+    Play("modal set Form33.Combo1 \"" + text + "\"\nmodal " + act + "\n" +
+         LoadCommands(KOPRAX_SOURCE_DIR "/examples/corundum.aid", 7, 'c'));
+    return Data().Buffer(3).Wavelength;
+  };
+  EXPECT_EQ(load("0.70930 remark 5", "click Form33.cmdComboOK"), 0.7093F);
+  EXPECT_EQ(load("1.5406", "close Form33"), 1.5406F);
+  for (const char* text : {"copper", "0", "-1.5", "1E39"}) {
+    EXPECT_EQ(load(text, "click Form33.cmdComboOK"), 0) << text;
+    EXPECT_EQ(Data().Buffer(3).PermNpts, 0) << text;
+  }
+}
 
 TEST_F(CardWindow, ReadsTheCardUnderTheMouse) {
   const double xmin = Data().Buffer(2).PermXMin - 5;

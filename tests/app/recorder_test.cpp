@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -17,6 +15,7 @@
 #include "app/script_player.h"
 #include "app/session_recorder.h"
 #include "app/workbench.h"
+#include "file_text.h"
 #include "files/scratch_file.h"
 #include "forms/memory_platform.h"
 #include "forms/scripted_runtime.h"
@@ -26,11 +25,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::StartsWith;
-
-std::string Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// The texts behind `printer` in a script, in their order.
 std::vector<std::string> PrintFiles(const std::string& script) {
@@ -102,12 +96,6 @@ std::string Joined(const std::vector<std::string>& lines) {
   return text;
 }
 
-void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
-  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-}
-
 /// The script of a user whose mouse goes round about, and who types and takes back before he types what he
 /// means.
 std::string WithDetours(const std::string& script) {
@@ -133,7 +121,7 @@ std::string WithDetours(const std::string& script) {
 std::map<std::string, std::string> FilesIn(const std::filesystem::path& folder) {
   std::map<std::string, std::string> files;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    files[entry.path().filename().string()] = Contents(entry.path());
+    files[entry.path().filename().string()] = BytesOf(entry.path());
   }
   return files;
 }
@@ -155,12 +143,10 @@ TEST(Recorder, SessionsOfEveryWindowPlayedAgainGiveTheSameFilesNumbersAndDrawing
       SCOPED_TRACE(entry.path());
       const std::filesystem::path output =
           testing::TempDir() + "koprax-recorder-" + std::to_string(::getpid());
-      std::string script = Contents(entry.path());
-      ReplaceAll(script, "\"examples/", "\"" KOPRAX_SOURCE_DIR "/examples/");
-      ReplaceAll(script, "\"output/", "\"" + output.string() + "/");
 
       std::filesystem::create_directory(output);
-      RecordedSession first(WithDetours(script));
+      RecordedSession first(WithDetours(ScriptIn(entry.path(), output.string())));
+      EXPECT_EQ(first.Status, 0) << first.Answers;
       const auto files = FilesIn(output);
       std::filesystem::remove_all(output);
       std::filesystem::create_directory(output);

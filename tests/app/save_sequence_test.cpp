@@ -190,14 +190,5 @@ TEST_F(SaveSequence, AFormatIsWrittenOrRefused) {
   }
 }
 
-TEST_F(SaveSequence, AFailedWriteIsToldAndLeavesAllAsItWas) {
-  Start("/dev/full", "answer yes\n");
-  const Json buffer = Value("buffer b");
-  EXPECT_THAT(After("Form7.Option3").at(1), HasSubstr("No space left on device"));
-  EXPECT_EQ(Shown(), Json{"Form1"});
-  EXPECT_EQ(Value("buffer b"), buffer);
-  EXPECT_EQ(ModeOut(), 0);
-}
-
 }  // namespace
 }  // namespace koprax

@@ -115,27 +115,5 @@ TEST(ScriptValues, EveryDeclaredFieldOfTheWorkspaceCanBeNamed) {
   EXPECT_GT(members, 70) << "the members are no longer found in the header";
 }
 
-TEST(ScriptValues, DrawingOperationsInTheirShape) {
-  Printer printer;
-  printer.BeginDocument(210, 297, {"Times"});
-  printer.SetOrientation(PageOrientation::Landscape);
-  printer.SetScaleMode(PrinterScale::Millimetres);
-  printer.Line(0.1, 1, 2, 3, colours::Red);
-  printer.PSet(5, 6, colours::Blue);
-  printer.MoveTo(7, 8);
-  printer.Print("one\r\n\"two\"");
-  const Json operations = JsonOfOperations(printer.Operations());
-  ASSERT_EQ(operations.size(), 4U);
-  EXPECT_EQ(JsonLine(operations[0]), R"({"op":"line","x1":0.1,"y1":1.0,"x2":2.0,"y2":3.0,"colour":255})");
-  EXPECT_EQ(JsonLine(operations[1]), R"({"op":"point","x":5.0,"y":6.0,"colour":16711680})");
-  EXPECT_EQ(JsonLine(operations[2]),
-            R"({"op":"text","x":7.0,"y":8.0,"text":"one","colour":0,"font":"MS Sans Serif","size":8.0})");
-  EXPECT_EQ(operations[3]["text"], "\"two\"");
-  EXPECT_EQ(JsonLine(JsonOfPrinter(printer)),
-            R"({"ScaleMode":6,"ScaleWidth":297.0,"ScaleHeight":210.0,"Orientation":2,"Fonts":["Times"]})");
-}
-
-TEST(ScriptValues, BytesThatAreNoUtf8AreReplaced) { EXPECT_EQ(JsonLine("a\xE9z"), "\"a\xEF\xBF\xBDz\""); }
-
 }  // namespace
 }  // namespace koprax

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "app/workbench_session.h"
 #include "calibration/calibration_window.h"
@@ -19,6 +21,20 @@
 #include "workspace/buffer_picker.h"
 
 namespace koprax {
+
+/// For each control of a window the name of the one before it in the layout.
+inline std::map<const Control*, std::string> ControlBefore(const Form& form) {
+  std::map<const Control*, std::string> before;
+  std::string last;
+  const auto add = [&](const auto& self, const LayoutNode& node) -> void {
+    if (node.Item != nullptr) {
+      before[node.Item] = std::exchange(last, node.Item->FullName());
+    }
+    for (const LayoutNode& child : node.Children) self(self, child);
+  };
+  add(add, form.Layout());
+  return before;
+}
 
 class WindowWalk {
  public:

@@ -9,6 +9,7 @@
 #include "app/script_values.h"
 #include "app/window_walk.h"
 #include "app/workbench.h"
+#include "file_text.h"
 #include "golden_file.h"
 
 namespace koprax {
@@ -18,8 +19,9 @@ constexpr const char* KindWords[] = {"button", "option",  "check", "text", "comb
                                      "frame",  "picture", "shape", "line", "image"};
 
 /// `Form6.cmdZoom button "Zoom" tip "Enlarge a selected part of the profile"`; what is off, hidden or
-/// locked says so. Of a text of many lines stands the first.
-std::string LineOf(const std::string& form, const Control& control) {
+/// locked says so. Of a text of many lines stands the first. A help button tells its subject, and beside
+/// which control it stands.
+std::string LineOf(const std::string& form, const Control& control, const std::string& before) {
   const Json all = JsonOfControl(control);
   std::string line = form + "." + control.FullName() + " " + KindWords[static_cast<int>(control.Kind())];
   const auto add_text = [&](const char* property, const std::string& heading) {
@@ -33,6 +35,8 @@ std::string LineOf(const std::string& form, const Control& control) {
   std::string tip = all.value("ToolTip", "");
   if (const auto end = tip.find("\r\n"); end != std::string::npos) tip.replace(end, 2, " ");
   if (!tip.empty()) line.append(" tip \"").append(tip).append("\"");
+  if (control.Meaning.starts_with("Help on "))
+    line += " tells of " + control.Meaning.substr(8) + ", beside " + before;
   if (all.contains("Font") && all["Font"] != "MS Sans Serif") add_text("Font", " font");
   if (all.contains("Value") && all["Value"] != false && all["Value"] != 0) line += " chosen";
   if (const Control* around = control.Container(); around != nullptr) line += " in " + around->Name();
@@ -58,20 +62,17 @@ std::string ListingOfAllWindows() {
   };
   walk.VisitWindows([&](const Form& form) {
     add_heading(form);
+    auto before = ControlBefore(form);
     for (const Control* control : form.Controls()) {
       // Of a table of controls that look alike the first stands for all.
       if (control->Index().value_or(0) == 0 || control->Name() == "Number") {
-        listing += LineOf(form.Name(), *control);
+        listing += LineOf(form.Name(), *control, before[control]);
       }
     }
     listing += "\n";
   });
   walk.VisitOtherPickers(add_heading);
-  const std::string folder = walk.Session.Folder();
-  for (auto at = listing.find(folder); at != std::string::npos; at = listing.find(folder)) {
-    listing.replace(at, folder.size(), "FOLDER");
-  }
-  return listing;
+  return Replaced(listing, walk.Session.Folder(), "FOLDER");
 }
 
 TEST(Windows, StandAtTheirLoadAsTheListingTells) {

@@ -5,8 +5,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
+
+#include "file_text.h"
 
 namespace koprax {
 
@@ -21,10 +22,7 @@ class ScratchFile {
   ~ScratchFile() { std::filesystem::remove(path_); }
 
   [[nodiscard]] std::string Path() const { return path_.string(); }
-  [[nodiscard]] std::string Bytes() const {
-    std::ifstream in(path_, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  [[nodiscard]] std::string Bytes() const { return BytesOf(path_); }
 
  private:
   std::filesystem::path path_;

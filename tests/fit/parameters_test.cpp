@@ -1,4 +1,4 @@
-// The windows of the fit's parameters and of its results: what they show, take and print.
+// The window of the fit's parameters: what it shows, takes and prints.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,7 +14,6 @@
 #include "fit/fit_parameters.h"
 #include "fit/parameters_window.h"
 #include "fit/peak_quantities.h"
-#include "fit/refinement_results_window.h"
 #include "golden_file.h"
 
 namespace koprax {
@@ -194,32 +193,6 @@ TEST_F(Parameters, ArePrintedInColumnsThatStayOnThePage) {
     page << "\n";
   }
   ExpectGolden(page.str(), "fit/parameters_page.golden");
-}
-
-TEST_F(Parameters, AreRefinedOnAndOnUntilTheResultsPlease) {
-  std::vector<std::string> decided;
-  const auto window = [&] { return std::dynamic_pointer_cast<Form22>(Desk().Find("Form22")); };
-  const auto go_on = [&] {
-    decided.emplace_back(window()->MousePointer == Pointer::Hourglass ? "hourglass" : "");
-    window()->ShowResults("9", {"", "5", "4", "3", "2", "1"});
-  };
-  const auto stop = [&] {
-    decided.emplace_back("stop");
-    window()->Unload();
-  };
-  Run([&](const WindowContext& context) {
-    context.Desk.Load<Form22>(context, RefinementActions{.Continue = go_on, .Stop = stop})
-        ->ShowResults("9", {"", "8", "7.5", "7", "6.5", "6"});
-  });
-  const std::string boxes =
-      "Form22.Text2.Text Form22.Text1.Text Form22.Text3.Text Form22.Text4.Text Form22.Text5.Text "
-      "Form22.Text6.Text";
-  EXPECT_EQ(Values(boxes), (Json{"9", "8", "7.5", "7", "6.5", "6"}));
-  Click("Form22.Command1");
-  EXPECT_EQ(Values(boxes), (Json{"9", "5", "4", "3", "2", "1"}));
-  EXPECT_EQ(window()->MousePointer, Pointer::Arrow);
-  EXPECT_THAT(After("Form22.Command2"), ElementsAre("unloaded Form22"));
-  EXPECT_THAT(decided, ElementsAre("hourglass", "stop"));
 }
 
 }  // namespace

@@ -85,15 +85,6 @@ TEST_F(DesktopTest, AFormThatGoesWithinItsOwnHandlerLivesUntilItReturns) {
   EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(DesktopTest, AFrameThatIsDisabledOrHiddenTakesItsControlsAlong) {
-  const auto window = Shown("Window");
-  window->Frame1.Enabled = false;
-  EXPECT_EQ(Desk.WhyUnusable(window->cmdGo), "Window.Frame1 is disabled");
-  window->Frame1.Visible = false;
-  EXPECT_EQ(Desk.WhyUnusable(window->cmdGo), "Window.Frame1 is hidden");
-  EXPECT_TRUE(window->cmdGo.Enabled);
-}
-
 TEST_F(DesktopTest, EnterClicksTheButtonNearestToItsBox) {
   struct Boxes final : Form {
     explicit Boxes(Desktop& desk) : Form(desk, "Boxes", "Boxes") {

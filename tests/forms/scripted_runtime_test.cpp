@@ -140,14 +140,5 @@ TEST_F(ScriptedRuntimeTest, AModalWindowTakesWhatIsQueuedUntilItClosesAndLeavesT
   EXPECT_EQ(done.back(), "too many");
 }
 
-TEST_F(ScriptedRuntimeTest, SettingsGoToThePlatformAndShellCommandsAreOnlyTold) {
-  Host.SaveSetting("MyApp", "General", "DontShow", "1");
-  EXPECT_EQ(Store.Settings.at("MyApp/General/DontShow"), "1");
-  EXPECT_EQ(Host.GetSetting("MyApp", "General", "DontShow", "0"), "1");
-  EXPECT_EQ(Host.GetSetting("MyApp", "General", "Other", "0"), "0");
-  Host.Shell("exit 1");
-  EXPECT_EQ(std::get<ShellEvent>(Events.back()).Command, "exit 1");
-}
-
 }  // namespace
 }  // namespace koprax

@@ -3,12 +3,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -17,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "file_text.h"
 #include "forms/fixed_text.h"
 #include "forms/text_encoding.h"
 
@@ -38,10 +37,6 @@ class TextFileTest : public testing::Test {
   [[nodiscard]] std::string Put(const std::string& name, const std::string& bytes) const {
     std::ofstream(Path(name), std::ios::binary) << bytes;
     return Path(name);
-  }
-  [[nodiscard]] static std::string BytesOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
   }
   [[nodiscard]] std::size_t FilesInFolder() const {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
@@ -213,22 +208,6 @@ TEST_F(TextFileTest, LeavesNothingBehindWhenWritingFails) {
   fs::create_symlink("circle", Path("circle"));
   EXPECT_EQ(reason(Path("circle")), std::strerror(ELOOP));
   EXPECT_EQ(FilesInFolder(), 2U);  // the folder and the circle
-}
-
-TEST_F(TextFileTest, LeavesTheOldFileAsItWasWhenTheNewOneDoesNotFit) {
-  const std::string path = Put("file", "old");
-  rlimit before{};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-  rlimit narrow = before;
-  narrow.rlim_cur = 100;
-  LetRefusedWritesReturn();
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &narrow), 0);
-  const auto error = WriteTextFile(path, {std::string(1000, 'x')}, TextEncoding::Utf8);
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->Reason, std::strerror(EFBIG));
-  EXPECT_EQ(BytesOf(path), "old");
-  EXPECT_EQ(FilesInFolder(), 1U);
 }
 
 TEST_F(TextFileTest, RemovesTemporaryFilesThatNobodyWrites) {

@@ -1,6 +1,4 @@
-// The real windows through their real widgets: a profile is loaded, looked at and zoomed as a person
-// does it, and no window on the way is larger than a small screen.
-#include <QAbstractButton>
+// The real windows through their real widgets, as a person works them.
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -43,15 +41,6 @@ class WorkbenchWindows : public testing::Test {
     ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << form << "." << control;
     QTest::mouseClick(widget, Qt::LeftButton, {}, {8, widget->height() / 2});
     QCoreApplication::processEvents();
-    ExpectWindowsToFit();
-  }
-
-  void ExpectWindowsToFit() {
-    for (const auto& form : bench_.Desk().ShownForms()) {
-      const QSize size = view_.WindowOf(*form)->size();
-      EXPECT_LE(size.width(), 792) << form->Name();
-      EXPECT_LE(size.height(), 570) << form->Name() << ", with room for its frame and title";
-    }
   }
 
   /// Loads a profile into buffer a; its window is up afterwards.
@@ -79,32 +68,6 @@ class WorkbenchWindows : public testing::Test {
   QtDesktopView view_{bench_.Desk()};
 };
 
-TEST_F(WorkbenchWindows, LoadLookAndZoom) {
-  Load(KOPRAX_SOURCE_DIR "/examples/silicon.dat");
-  const ProfileBuffer& profile = bench_.Data().Buffers[1];
-  const int all_points = profile.WorkNpts;
-  ASSERT_GT(all_points, 1000);
-
-  QWidget* picture = Find("Form6", "Picture1");
-  ASSERT_NE(picture, nullptr);
-  Click("Form6", "cmdZoom");
-  const auto across = [&](double share) { return static_cast<int>(share * picture->width()); };
-  QTest::mousePress(picture, Qt::LeftButton, {}, {across(0.3), 120});
-  QTest::mouseMove(picture, {across(0.4), 200});
-  QTest::mouseMove(picture, {across(0.5), 250});
-  QTest::mouseRelease(picture, Qt::LeftButton, {}, {across(0.5), 250});
-  Click("Form6", "optOK");
-
-  // A fifth of the picture's width is 24.606 of the 95 mm of the axis; a pixel is 0.3 % of it.
-  const double share = 0.2 * 123.03 / 95;
-  EXPECT_NEAR(profile.WorkNpts, share * all_points, 0.01 * all_points);
-  EXPECT_TRUE(qobject_cast<QLineEdit*>(Find("Form6", "Text6"))->text().startsWith("xmin "));
-  Click("Form6", "cmdUnzoom");
-  EXPECT_EQ(profile.WorkNpts, all_points);
-  Click("Form6", "cmdMain");
-  EXPECT_EQ(bench_.Desk().Find("Form6"), nullptr);
-}
-
 TEST_F(WorkbenchWindows, WhatAPersonDoesIsRecordedAndPlaysAgain) {
   Load(KOPRAX_SOURCE_DIR "/examples/silicon.dat");
   QWidget* picture = Find("Form6", "Picture1");
@@ -116,6 +79,9 @@ TEST_F(WorkbenchWindows, WhatAPersonDoesIsRecordedAndPlaysAgain) {
   QTest::mouseMove(picture, {173, 250});
   QTest::mouseRelease(picture, Qt::LeftButton, {}, {173, 250});
   Click("Form6", "optOK");
+  // A pixel is 0.3 % of the 95 mm of the axis.
+  const double share = (173.0 - 100) / picture->width() * 123.03 / 95;
+  EXPECT_NEAR(bench_.Data().Buffer(1).WorkNpts, share * 6001, 0.01 * 6001);
   Click("Form6", "cmdSave");
   auto* title = qobject_cast<QLineEdit*>(Find("Form3", "Text1"));
   title->selectAll();
@@ -136,7 +102,6 @@ TEST_F(WorkbenchWindows, WhatAPersonDoesIsRecordedAndPlaysAgain) {
   EXPECT_EQ(player.Play([&] { again.Start(); }, script), 0) << record_ << answers.str();
   EXPECT_EQ(JsonOfBuffer(again.Data().Buffer(1)), JsonOfBuffer(bench_.Data().Buffer(1)));
   EXPECT_TRUE(again.Data().Buffer(1).Title.starts_with("Si \"7\" "));
-  EXPECT_LT(again.Data().Buffer(1).PermNpts, 2000);  // the part that was drawn, of 6001 points
 }
 
 TEST_F(WorkbenchWindows, FramesOfOnePlaceStandSideBySideWhenBothShow) {
@@ -154,16 +119,6 @@ TEST_F(WorkbenchWindows, FramesOfOnePlaceStandSideBySideWhenBothShow) {
     };
     EXPECT_FALSE(on_screen(one).intersects(on_screen(other))) << one << " " << other;
     EXPECT_FALSE(on_screen(one).isEmpty() || on_screen(other).isEmpty());
-  }
-}
-
-TEST_F(WorkbenchWindows, QuitTakesAllWindowsAlong) {
-  Click("Form1", "Command7");
-  EXPECT_NE(bench_.Desk().Find("Form5"), nullptr);
-  Click("Form1", "cmdStop");
-  EXPECT_TRUE(bench_.Desk().HasQuit());
-  for (const QWidget* window : QApplication::topLevelWidgets()) {
-    EXPECT_FALSE(window->isVisible());
   }
 }
 

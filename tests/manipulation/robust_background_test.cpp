@@ -138,19 +138,5 @@ TEST(RobustBackground, GivesEachBitOfItsDefinitionInEachWidthOfVectors) {
   }
 }
 
-TEST(RobustBackground, SpreadsAPoint) {
-  for (const int window : {2, 20}) {
-    // Three means over a single pair, at distance d, spread a point to 3/8 at d and 1/8 at 3 d.
-    const int d = window / 2;
-    PointTable padded(PaddedYBound + 1);
-    PointTable expected = padded;
-    padded[100] = 8;
-    expected[100 - d] = expected[100 + d] = 3;
-    expected[100 - 3 * d] = expected[100 + 3 * d] = 1;
-    SmoothThreeTimes(padded, 200, window);
-    EXPECT_EQ(padded, expected) << window;
-  }
-}
-
 }  // namespace
 }  // namespace koprax

@@ -119,12 +119,5 @@ TEST(Bragg, SpacingsOfSiliconAtItsCertifiedPositions) {
   EXPECT_NEAR(SpacingOf(180, 1.54F), 0.77, 1e-6);
 }
 
-TEST(Bragg, ChannelPolynomialPassesOverZeroCoefficients) {
-  const std::array<double, 8> coefficients{0, 10, 0.02, 0, 1e-9, 0, 0, 1e-18};
-  const double c = 1234;
-  const double expected = 10 + 0.02 * c + 1e-9 * c * c * c + 1e-18 * std::pow(c, 6);
-  EXPECT_NEAR(TwoThetaOfChannel(coefficients, 1234), expected, 1e-5);  // 32 bits after each step
-}
-
 }  // namespace
 }  // namespace koprax
