@@ -8,6 +8,7 @@
 #include <iterator>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <variant>
 
@@ -30,7 +31,8 @@ const koprax::ProgramHelp Program{
     .Text =
         "Makes a figure of a picture that koprax-script has answered. ANSWERS holds its\n"
         "answers, one a line, or the array of operations alone; \"-\" is standard input.\n"
-        "The last picture is taken. OUTPUT is an SVG, a PDF or a PNG, as its name ends.\n"
+        "The last picture is taken. OUTPUT is an SVG, a PDF or a PNG, as its name ends;\n"
+        "\"-\" is standard output, where --format is wanted.\n"
         "\n"
         "  --picture NAME  the last answer to \"picture NAME\", such as Form6.Picture1 or\n"
         "                  Printer; it names the picture of an array alone, too\n"
@@ -59,11 +61,13 @@ struct FigureOrder {
   koprax::PictureChoice Choice{};
   koprax::FigureWishes Wishes{};
   FigureFormat Format = FigureFormat::Svg;
-  int DotsPerInch = UsualDotsPerInch;
+  std::optional<int> DotsPerInch{};
 };
 
+void Tell(const std::string& what) { std::cerr << Program.Name << ": " << what << '\n'; }
+
 int Fail(const std::string& reason) {
-  std::cerr << Program.Name << ": " << reason << '\n';
+  Tell(reason);
   return CannotMake;
 }
 
@@ -103,11 +107,11 @@ std::variant<FigureOrder, std::string> OrderOf(const koprax::CommandLine& line) 
     if (!order.Wishes.Scale) return "--scale wants LEFT,TOP,WIDTH,HEIGHT, such as 0,98,123.03,-95.51";
   }
   if (const auto text = option("--dpi")) {
-    const auto dots = koprax::WholeNumberOf(*text, 10, 4800);
-    if (!dots) return "--dpi wants a whole number from 10 to 4800";
-    order.DotsPerInch = *dots;
+    order.DotsPerInch = koprax::WholeNumberOf(*text, 10, 4800);
+    if (!order.DotsPerInch) return "--dpi wants a whole number from 10 to 4800";
   }
   const auto format = FormatNamed(option("--format").value_or(EndingOf(order.Output)));
+  if (!format && order.Output == "-") return "--format has to tell svg, pdf or png for standard output";
   if (!format) return "OUTPUT has to end in .svg, .pdf or .png, or --format has to tell one of these";
   order.Format = *format;
   return order;
@@ -122,6 +126,8 @@ std::string SourceOf(const FigureOrder& order) {
   return order.Answers == "-" ? "standard input" : order.Answers;
 }
 
+int DotsPerInchOf(const FigureOrder& order) { return order.DotsPerInch.value_or(UsualDotsPerInch); }
+
 QByteArray BytesOf(const koprax::Figure& figure, const FigureOrder& order) {
   switch (order.Format) {
     case FigureFormat::Svg:
@@ -131,13 +137,31 @@ QByteArray BytesOf(const koprax::Figure& figure, const FigureOrder& order) {
     case FigureFormat::Png:
       break;
   }
-  return koprax::FigureAsPng(figure, order.DotsPerInch);
+  return koprax::FigureAsPng(figure, DotsPerInchOf(order));
+}
+
+/// What the user may not expect of the figure.
+void TellOfNotes(const FigureOrder& order, const koprax::ReadPicture& picture) {
+  if (picture.Drawn.Operations.empty()) Tell("the picture is blank");
+  if (picture.Drawn.Images > 0) Tell("the answer holds no pixels; an empty frame stands for each image");
+  if (order.DotsPerInch && order.Format != FigureFormat::Png) {
+    Tell("--dpi changes nothing, since an SVG and a PDF have no dots");
+  }
+}
+
+int Write(const std::string& output, std::string_view bytes) {
+  if (output == "-") {
+    std::cout << bytes;
+    return koprax::EndOutput(Program.Name, 0);
+  }
+  const auto failure = koprax::WriteWholeFile(output, bytes);
+  return failure ? Fail("can't write " + output + ": " + failure->Reason) : 0;
 }
 
 int WriteFigure(const FigureOrder& order, const koprax::ReadPicture& picture,
                 const koprax::FigureLayout& layout) {
   const auto too_many = order.Format == FigureFormat::Png
-                            ? koprax::WhyTooManyDots(layout.Size, order.DotsPerInch)
+                            ? koprax::WhyTooManyDots(layout.Size, DotsPerInchOf(order))
                             : std::nullopt;
   if (too_many) return Fail(*too_many);
   const QByteArray bytes = BytesOf({.Scale = layout.Scale,
@@ -147,13 +171,8 @@ int WriteFigure(const FigureOrder& order, const koprax::ReadPicture& picture,
                                    order);
   if (bytes.isEmpty())
     return Fail("there is not enough memory for the figure; tell a smaller --size or --dpi");
-  const auto failure =
-      koprax::WriteWholeFile(order.Output, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  if (failure) return Fail("can't write " + order.Output + ": " + failure->Reason);
-  if (picture.Drawn.Images > 0) {
-    std::cerr << Program.Name << ": the answer holds no pixels; an empty frame stands for each image\n";
-  }
-  return 0;
+  TellOfNotes(order, picture);
+  return Write(order.Output, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 int MakeFigure(const FigureOrder& order) {

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <map>
 #include <set>
 #include <utility>
 #include <vector>
@@ -85,19 +87,41 @@ QByteArray WithoutForbiddenCharacters(QByteArray xml) {
   return xml;
 }
 
-/// Viewers that don't know a font take one of its kind.
-QByteArray WithKindsOfFonts(QByteArray svg, std::span<const DrawingOperation> operations) {
+QByteArray KindOfFont(const QFont& font) {
+  if (font.styleHint() == QFont::TypeWriter) return "monospace";
+  return font.styleHint() == QFont::Serif ? "serif" : "sans-serif";
+}
+
+/// Viewers that don't know a font take one of its kind. The names go through here as well because the
+/// toolkit's writer puts them down as they stand, whatever characters they hold.
+QByteArray WithKindsOfFonts(const QByteArray& svg, std::span<const DrawingOperation> operations) {
+  std::map<QByteArray, QByteArray, std::greater<>>
+      families;  // a name that goes on stands before its beginning
   for (const DrawingOperation& operation : operations) {
     if (const auto* text = std::get_if<TextOperation>(&operation)) {
       const QFont font = FontNamed(text->Font);
-      const char* kind = font.styleHint() == QFont::TypeWriter ? "monospace"
-                         : font.styleHint() == QFont::Serif    ? "serif"
-                                                               : "sans-serif";
-      const QByteArray named = "font-family=\"" + font.family().toHtmlEscaped().toUtf8();
-      svg.replace(named + '"', named + ", " + kind + '"');
+      const QByteArray escaped = font.family().toHtmlEscaped().toUtf8();
+      const QByteArray listed = escaped + ", " + KindOfFont(font) + '"';
+      families[font.family().toUtf8() + '"'] = listed;
+      families[escaped + '"'] = listed;
     }
   }
-  return svg;
+  const QByteArray mark = "font-family=\"";
+  QByteArray named;
+  qsizetype end = 0;  // of what has been taken over
+  for (qsizetype at = svg.indexOf(mark); at >= 0; at = svg.indexOf(mark, end)) {
+    at += mark.size();
+    named += svg.mid(end, at - end);
+    end = at;
+    const QByteArrayView rest = QByteArrayView(svg).sliced(at);
+    const auto family =
+        std::ranges::find_if(families, [&](const auto& entry) { return rest.startsWith(entry.first); });
+    if (family != families.end()) {
+      named += family->second;
+      end += family->first.size();
+    }
+  }
+  return named + svg.mid(end);
 }
 
 }  // namespace
@@ -133,7 +157,7 @@ QByteArray FigureAsPng(const Figure& figure, double dots_per_inch) {
 }
 
 QByteArray FigureAsSvg(const Figure& figure) {
-  QByteArray svg = Bytes([&](QBuffer& buffer) {
+  const QByteArray svg = Bytes([&](QBuffer& buffer) {
     QSvgGenerator generator;
     const QSize dots = Dots(figure, VectorDotsPerInch).toSize();
     generator.setOutputDevice(&buffer);
@@ -144,7 +168,7 @@ QByteArray FigureAsSvg(const Figure& figure) {
     generator.setViewBox(QRect({}, dots));
     PaintLines(figure, generator);
   });
-  return WithoutForbiddenCharacters(WithKindsOfFonts(std::move(svg), figure.Operations));
+  return WithoutForbiddenCharacters(WithKindsOfFonts(svg, figure.Operations));
 }
 
 QByteArray FigureAsPdf(const Figure& figure) {

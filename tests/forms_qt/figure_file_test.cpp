@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
+#include <QXmlStreamReader>
 #include <cmath>
 
 #include "view_fixture.h"
@@ -125,9 +126,24 @@ TEST_F(FigureFileTest, SvgShowsNoShadeOfWhatHasBeenRubbedOut) {
   }
 }
 
-TEST_F(FigureFileTest, SvgCanBeReadWhateverATitleHolds) {
+TEST_F(FigureFileTest, SvgCanBeReadWhateverTitlesAndFontsAreCalled) {
   form_.Picture.Print("\x01<&\"\xEF\xBF\xBF\x1B");
-  EXPECT_TRUE(QSvgRenderer(FigureAsSvg(Drawn())).isValid());
+  for (const char* font : {"times", "times\" x=\"<&>", "R & D Sans", "\x01", ""}) {
+    form_.Picture.FontName = font;
+    form_.Picture.Print("a");
+  }
+  const QByteArray svg = FigureAsSvg(Drawn());
+  QXmlStreamReader reader(svg);
+  QStringList families;
+  while (!reader.atEnd()) {
+    reader.readNext();
+    const auto family = reader.attributes().value(QLatin1String("font-family"));
+    if (reader.isStartElement() && !family.isEmpty()) families += family.toString();
+  }
+  EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+  for (const char* family : {"times, serif", "times\" x=\"<&>, serif", "R & D Sans, sans-serif"}) {
+    EXPECT_TRUE(families.contains(QString::fromUtf8(family))) << svg.toStdString();
+  }
 }
 
 TEST_F(FigureFileTest, PdfHasTheSizeAndNothingOfTheMoment) {
