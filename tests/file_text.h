@@ -25,7 +25,9 @@ inline std::string Replaced(std::string text, const std::string& what, const std
 inline std::string ScriptIn(const std::filesystem::path& path, const std::string& output) {
   std::string script = BytesOf(path);
   for (const std::string folder : {"examples/", "docs/"}) {
-    script = Replaced(script, "\"" + folder, "\"" KOPRAX_SOURCE_DIR "/" + folder);
+    std::string whole = "\"" KOPRAX_SOURCE_DIR "/";
+    whole += folder;
+    script = Replaced(script, "\"" + folder, whole);
   }
   return Replaced(script, "\"output/", "\"" + output + "/");
 }

@@ -80,9 +80,18 @@ std::string SummaryText(const ReadSummary& summary) {
 
 // ---- What a second reading told --------------------------------------------------------------------
 
-std::string WithoutText(const CheckFinding& finding, const std::string& without) {
+/// Why a file is refused, behind a verb.
+std::string RefusalText(const ReadSummary& summary) {
+  std::string place;
+  if (summary.RefusalLine > 0) place += " at line " + std::to_string(summary.RefusalLine);
+  if (summary.RefusalLineBlank) place += ", which is blank";
+  return place + ": " + Visible(summary.Refusal);
+}
+
+std::string WithoutText(const CheckFinding& finding, const std::string& alone) {
   const ReadSummary& mended = *finding.Without;
-  if (!mended.Read) return "; " + without + " the file isn't read";
+  const std::string without = finding.Together ? "once all such troubles are mended" : alone;
+  if (!mended.Read) return "; " + without + " the file is refused" + RefusalText(mended);
   if (finding.Point && finding.PointWithout) {
     return ReadAs(finding.Point) + ", " + without + " as " + Values(*finding.PointWithout);
   }
@@ -137,6 +146,14 @@ std::optional<std::string> PointText(const CheckFinding& finding) {
       return "the head tells " + Number(finding.Point->X) + " as the last X, and the points end elsewhere";
     case FindingKind::NoPoints:
       return "there is no point";
+    case FindingKind::NoRange:
+      return "X of all points is the same within 0.00001, which makes no plot";
+    case FindingKind::FirstPointApart:
+      return "the first point lies far from the next ones, as a line of the head would" +
+             ReadAs(finding.Point);
+    case FindingKind::AnotherStep:
+      return "the head tells another step than the points have, which lie " + Number(finding.Point->X) +
+             " apart on average";
     default:
       return std::nullopt;
   }
@@ -206,9 +223,7 @@ std::string FormatReport(const FormatCheck& check, int format) {
   if (summary.Read) {
     outcome += " reads " + SummaryText(summary);
   } else {
-    outcome += " refuses";
-    if (summary.RefusalLine > 0) outcome += " at line " + std::to_string(summary.RefusalLine);
-    outcome += ": " + Visible(summary.Refusal);
+    outcome += " refuses" + RefusalText(summary);
   }
   std::string report = Wrapped(outcome, 2);
   for (const CheckFinding& finding : check.Findings) {
@@ -230,7 +245,7 @@ std::string BestText(const FileCheck& check) {
 // ---- JSON ------------------------------------------------------------------------------------------
 
 std::string_view KindName(FindingKind kind) {
-  constexpr std::array<std::string_view, 23> names{"control characters",
+  constexpr std::array<std::string_view, 26> names{"control characters",
                                                    "tabs",
                                                    "commas in numbers",
                                                    "long lines",
@@ -245,6 +260,9 @@ std::string_view KindName(FindingKind kind) {
                                                    "missing points",
                                                    "another end",
                                                    "no points",
+                                                   "no range",
+                                                   "first point apart",
+                                                   "another step",
                                                    "numbers as title",
                                                    "head line left out",
                                                    "lines left out",

@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -23,8 +24,23 @@ const koprax::ProgramHelp Program{
         "  --output FILE  writes the table to FILE, all of it or nothing\n",
     .Values = {"--output"}};
 
+/// A name of a file, or a column of one, as it may go to a terminal: control characters as "\x1B".
+std::string Readable(const std::string& name) {
+  constexpr std::string_view Digits = "0123456789ABCDEF";
+  std::string readable;
+  for (const char each : name) {
+    const auto code = static_cast<unsigned char>(each);
+    if (code >= 0x20 && code != 0x7F) {
+      readable += each;
+    } else {
+      readable.append("\\x").append({Digits[code / 16U], Digits[code % 16U]});
+    }
+  }
+  return readable;
+}
+
 void Tell(const std::string& file, const std::string& text) {
-  std::cerr << Program.Name << ": " << file << ": " << text << '\n';
+  std::cerr << Program.Name << ": " << Readable(file) << ": " << Readable(text) << '\n';
 }
 
 koprax::CollectedRun Collect(const std::string& file) {
@@ -57,8 +73,11 @@ int main(int argument_count, char** arguments) {
   std::vector<koprax::CollectedRun> runs;
   int status = 0;
   for (const std::string& file : line.Files) {
+    if (file == "-") {
+      return koprax::TellWrongCall(Program, "standard input is not read; give ./- for a file of the name -");
+    }
     if (to_file && koprax::WouldReplace(output->second, file)) {
-      return koprax::TellWrongCall(Program, "the table would replace " + file);
+      return koprax::TellWrongCall(Program, "the table would replace " + Readable(file));
     }
     runs.push_back(Collect(file));
     if (!runs.back().Broken.empty()) status = 1;

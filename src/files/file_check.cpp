@@ -57,10 +57,12 @@ int FirstDifference(const TrialReading& a, const TrialReading& b) {
   return a.X.size() == b.X.size() ? 0 : static_cast<int>(both);
 }
 
+/// Of two that are refused, `b` is another one where its reader comes further into the points.
 bool SameProfile(const TrialReading& a, const TrialReading& b) {
   if (a.Summary.Read != b.Summary.Read) return false;
-  return !a.Summary.Read || (FirstDifference(a, b) == 0 && a.Summary.Step == b.Summary.Step &&
-                             a.Summary.Wavelength == b.Summary.Wavelength);
+  if (!a.Summary.Read) return b.PointLines.empty() || b.LastLine <= a.LastLine;
+  return (FirstDifference(a, b) == 0 && a.Summary.Step == b.Summary.Step &&
+          a.Summary.Wavelength == b.Summary.Wavelength);
 }
 
 std::optional<CheckedPoint> PointOf(const TrialReading& trial, int number) {
@@ -105,6 +107,33 @@ void PointAt(Trouble trouble, const std::string& line, const std::string& mended
                       : std::string(FirstCharacters(line.substr(start, end - start), 40));
 }
 
+/// The lines without any trouble, or with a single one.
+TextLines MendedLines(const Subject& subject, std::optional<Trouble> but = std::nullopt) {
+  TextLines mended = subject.Lines;
+  for (const Trouble trouble : AllTroubles) {
+    if (trouble != but) mended = LinesOf(TextOf(Mended(mended, trouble, subject.Format)));
+  }
+  return mended;
+}
+
+/// A trouble that another one hides: the profile changes only where both are mended.
+std::optional<CheckFinding> FindHidden(const Subject& subject, const TrialReading& as_read,
+                                       const TextLines& mended, Trouble trouble) {
+  const TextLines alone = MendedLines(subject, trouble);
+  if (alone == subject.Lines) return std::nullopt;
+  const TrialReading without = ReadLines(subject, MendedLines(subject));
+  if (SameProfile(ReadLines(subject, alone), without)) return std::nullopt;
+  const auto changed = ChangedLines(subject.Lines, mended);
+  const std::size_t place = PlaceOfTrouble(as_read, 0, changed);
+  CheckFinding finding{.Kind = KindOf(trouble),
+                       .Line = static_cast<int>(place) + 1,
+                       .Lines = static_cast<int>(changed.size()),
+                       .Without = without.Summary,
+                       .Together = true};
+  PointAt(trouble, subject.Lines[place], place < mended.size() ? mended[place] : "", finding);
+  return finding;
+}
+
 std::optional<CheckFinding> FindTrouble(const Subject& subject, const TrialReading& as_read,
                                         Trouble trouble) {
   const TextLines mended = Mended(subject.Lines, trouble, subject.Format);
@@ -114,7 +143,7 @@ std::optional<CheckFinding> FindTrouble(const Subject& subject, const TrialReadi
   const bool in_title =
       trouble == Trouble::ControlCharacters && as_read.Summary.Title != without.Summary.Title;
   const bool same = SameProfile(as_read, without);
-  if (same && !in_title) return std::nullopt;
+  if (same && !in_title) return FindHidden(subject, as_read, mended, trouble);
 
   const int point = FirstDifference(as_read, without);
   const std::size_t place = PlaceOfTrouble(as_read, point, changed);
@@ -162,15 +191,24 @@ std::vector<CheckFinding> OwnFindings(const Subject& subject, const TrialReading
 struct MendedReading {
   std::vector<CheckFinding> Findings{};
   int Points = 0;
+  int PointLines = 0;  ///< 0 for cards
   int LinesLeft = 0;
   bool Whole = true;
 };
 
-std::optional<MendedReading> ReadMended(const Subject& subject) {
-  TextLines mended = subject.Lines;
-  for (const Trouble trouble : AllTroubles) {
-    mended = LinesOf(TextOf(Mended(mended, trouble, subject.Format)));
+/// How many different ones there are; they go up.
+int CountLines(const std::vector<int>& point_lines) {
+  int count = 0;
+  int before = 0;
+  for (const int line : point_lines) {
+    count += line != before ? 1 : 0;
+    before = line;
   }
+  return count;
+}
+
+std::optional<MendedReading> ReadMended(const Subject& subject) {
+  TextLines mended = MendedLines(subject);
   TrialReading trial = ReadLines(subject, mended);
   const bool whole = trial.Summary.Read;
   const std::size_t all = mended.size();
@@ -182,8 +220,20 @@ std::optional<MendedReading> ReadMended(const Subject& subject) {
   }
   return MendedReading{.Findings = FindingsOf(trial, mended, subject.Format),
                        .Points = trial.Summary.Points,
+                       .PointLines = CountLines(trial.PointLines),
                        .LinesLeft = static_cast<int>(all - mended.size()),
                        .Whole = whole};
+}
+
+/// Whether most lines of points aren't lines of the format: such a file is another one.
+bool IsForeign(const MendedReading& reading) {
+  int odd = 0;
+  for (const CheckFinding& each : reading.Findings) {
+    const bool of_a_line = each.Kind == FindingKind::BlankLines || each.Kind == FindingKind::Texts ||
+                           each.Kind == FindingKind::OddNumbers || each.Kind == FindingKind::FewNumbers;
+    odd += of_a_line ? each.Lines : 0;
+  }
+  return reading.PointLines > 0 && 2 * odd > reading.PointLines;
 }
 
 /// How many lines and points speak against a format. A reader that finds no point misfits every line. An X
@@ -191,7 +241,7 @@ std::optional<MendedReading> ReadMended(const Subject& subject) {
 int MisfitOf(const MendedReading& reading, int lines) {
   int misfit = reading.LinesLeft;
   for (const CheckFinding& each : reading.Findings) {
-    if (!each.Warning) continue;
+    if (!each.Warning || each.Kind == FindingKind::AnotherStep) continue;
     if (each.Kind == FindingKind::NoPoints) {
       misfit += lines;
     } else if (each.Kind == FindingKind::DownwardX) {
@@ -207,11 +257,15 @@ FormatCheck CheckFormat(const Subject& subject) {
   FormatCheck check;
   const TrialReading as_read = ReadOnTrial(subject.FileName, subject.File, subject.Format);
   check.Summary = as_read.Summary;
+  const auto refused_at = static_cast<std::size_t>(check.Summary.RefusalLine);
+  check.Summary.RefusalLineBlank =
+      refused_at > 0 && refused_at <= subject.Lines.size() &&
+      subject.Lines[refused_at - 1].find_first_not_of(" \t") == std::string::npos;
   for (const Trouble trouble : AllTroubles) {
     if (auto finding = FindTrouble(subject, as_read, trouble)) check.Findings.push_back(std::move(*finding));
   }
   const auto mended = ReadMended(subject);
-  if (mended) check.Misfit = MisfitOf(*mended, static_cast<int>(subject.Lines.size()));
+  if (mended && !IsForeign(*mended)) check.Misfit = MisfitOf(*mended, static_cast<int>(subject.Lines.size()));
   const auto* when_mended = mended && mended->Whole ? &mended->Findings : nullptr;
   std::ranges::move(OwnFindings(subject, as_read, when_mended), std::back_inserter(check.Findings));
   if (auto latin1 = FindLatin1(subject, as_read)) check.Findings.push_back(std::move(*latin1));

@@ -17,7 +17,8 @@ struct FormatCheck {
   ReadSummary Summary{};
   std::vector<CheckFinding> Findings{};
   /// How many lines and points speak against the format when the file is without tabs and the like; the lines
-  /// from the one where the reader stops do. -1 where it isn't read even so.
+  /// from the one where the reader stops do. -1 where it isn't read even so, or most of its lines aren't
+  /// those of the format.
   int Misfit = -1;
 
   [[nodiscard]] int Warnings() const;

@@ -12,13 +12,19 @@
 #include "files/profile_title.h"
 #include "files/tokeniser.h"
 #include "forms/fixed_text.h"
+#include "forms/number_text.h"
 
 namespace koprax {
 
 namespace {
 
 constexpr int all_numbers = MaxWords;
+constexpr int in_front_of_running_number = 69;  ///< columns of a line of reflections
 constexpr float half_turn = 180;
+constexpr float least_plotted_range = 0.00001F;
+/// A first step that is so many times the next ones comes from a line of the head.
+constexpr float far_apart = 10;
+constexpr float step_tolerance = 0.02F;  ///< of the step: X is often written with few digits
 
 /// How many numbers of a line make points.
 int NumbersOfALine(int format) {
@@ -48,12 +54,11 @@ struct PlacedWord {
   bool Number = false;
 };
 
-/// The words of a line that count. What is a number is asked of the tokeniser itself.
-std::vector<PlacedWord> CountedWords(std::string_view line) {
-  line = FirstCharacters(line, LineWidth - 1);
+/// The words of a line from a place on. What is a number is asked of the tokeniser itself.
+std::vector<PlacedWord> WordsFrom(std::string_view line, std::size_t start) {
   std::vector<PlacedWord> words;
   LineWords one;
-  for (std::size_t at = line.find_first_not_of(" ,"); at < line.size() && words.size() < MaxWords;) {
+  for (std::size_t at = line.find_first_not_of(" ,", start); at < line.size() && words.size() < MaxWords;) {
     const std::size_t end = std::min(line.find_first_of(" ,", at), line.size());
     const std::string_view word = line.substr(at, end - at);
     SplitLine(word, one);
@@ -61,6 +66,16 @@ std::vector<PlacedWord> CountedWords(std::string_view line) {
     at = line.find_first_not_of(" ,", end);
   }
   return words;
+}
+
+/// Those that count.
+std::vector<PlacedWord> CountedWords(std::string_view line) {
+  return WordsFrom(FirstCharacters(line, LineWidth - 1), 0);
+}
+
+/// Those that begin behind the columns that count.
+std::vector<PlacedWord> WordsBehind(std::string_view line) {
+  return WordsFrom(line, line.find_first_of(" ,", FirstCharacters(line, LineWidth - 1).size()));
 }
 
 bool IsWholeNumber(std::string_view word) {
@@ -72,6 +87,10 @@ bool IsWholeNumber(std::string_view word) {
 
 int CountNumbers(const std::vector<PlacedWord>& words) {
   return static_cast<int>(std::ranges::count(words, true, &PlacedWord::Number));
+}
+
+std::string_view Columns(std::string_view line, std::size_t before, std::size_t width) {
+  return FirstCharacters(line.substr(FirstCharacters(line, before).size()), width);
 }
 
 std::string Shown(std::string_view text) { return std::string(FirstCharacters(text, 40)); }
@@ -145,14 +164,25 @@ class Findings {
         return Note(FindingKind::Texts, here);
       }
       if (++numbers > expected) {
-        if (format_ != input_format::TwoColumns) Note(FindingKind::MoreNumbers, here);
-        return;
+        return NoteMoreNumbers(here);
       }
       if (!IsWholeNumber(word.Text)) Note(FindingKind::OddNumbers, here);
     }
     if (numbers < expected && expected != all_numbers) {
-      Note(FindingKind::FewNumbers, {.Line = number, .Found = Shown(Line(number)), .Point = point});
+      return Note(FindingKind::FewNumbers, {.Line = number, .Found = Shown(Line(number)), .Point = point});
     }
+    const auto behind = WordsBehind(Line(number));
+    const auto more = std::ranges::find(behind, true, &PlacedWord::Number);
+    if (expected != all_numbers && more != behind.end()) {
+      NoteMoreNumbers(
+          {.Line = number, .Column = more->Column, .Found = std::string(more->Text), .Point = point});
+    }
+  }
+
+  /// Files of two columns often have a third one, with errors of the intensities.
+  void NoteMoreNumbers(CheckFinding here) {
+    here.Warning = format_ != input_format::TwoColumns;
+    Note(FindingKind::MoreNumbers, std::move(here));
   }
 
   [[nodiscard]] bool IsEndMark(const PlacedWord& word) const {
@@ -169,6 +199,31 @@ class Findings {
       const float before = trial_.Point(i - 1).X;
       if (point.X < before) Note(FindingKind::DownwardX, here);
       if (point.X == before && format_ != input_format::Aid) Note(FindingKind::RepeatedX, here);
+    }
+    LookAtRange();
+    if (!HasStep(format_)) LookAtSteps();
+  }
+
+  void LookAtRange() {
+    const int points = trial_.Summary.Points;
+    if (points == 0 || format_ == input_format::Aid) return;
+    const float range = std::abs(trial_.Point(points).X - trial_.Point(1).X);
+    if (range < least_plotted_range) Note(FindingKind::NoRange, {});
+  }
+
+  void LookAtSteps() {
+    const int points = trial_.Summary.Points;
+    const auto step = [this](int from) { return std::abs(trial_.Point(from + 1).X - trial_.Point(from).X); };
+    const bool columns = format_ == input_format::TwoColumns || format_ == input_format::Uxd;
+    if (columns && points > 3 && step(1) > far_apart * std::max(step(2), step(3))) {
+      Note(FindingKind::FirstPointApart,
+           {.Warning = false, .Line = LineOfPoint(1), .Point = trial_.Point(1)});
+    }
+    const float told = std::abs(trial_.Summary.Step);
+    if (told == 0 || points < 2) return;
+    const float mean = std::abs(trial_.Point(points).X - trial_.Point(1).X) / static_cast<float>(points - 1);
+    if (std::abs(mean - told) > step_tolerance * told) {
+      Note(FindingKind::AnotherStep, {.Point = CheckedPoint{.X = mean}});
     }
   }
 
@@ -256,6 +311,7 @@ class Findings {
 
   /// What stands behind the points of formats that have an end of them.
   void LookAtRest() {
+    if (format_ == input_format::Aid) return LookAtRestOfCard();
     if (trial_.PointLines.empty()) return;
     int number = trial_.PointLines.back() + 1;
     if (format_ == input_format::ItalDat) {
@@ -266,6 +322,31 @@ class Findings {
     for (; number <= LineCount(); ++number) {
       const auto words = CountedWords(Line(number));
       if (!words.empty()) Note(FindingKind::LinesLeftOut, {.Line = number, .Found = Shown(Line(number))});
+    }
+  }
+
+  [[nodiscard]] std::string_view MarkOf(int number) const { return Columns(Line(number), LineWidth - 1, 1); }
+
+  /// The first line of reflections stands behind the line marked "F".
+  [[nodiscard]] int FirstLineOfReflections() const {
+    int number = 1;
+    for (const std::string_view mark : {"F", "I"}) {
+      while (number <= LineCount() && MarkOf(number) != mark) ++number;
+    }
+    return number;
+  }
+
+  /// The reader of cards stops at the first line whose running number doesn't go on.
+  void LookAtRestOfCard() {
+    const int stopped = trial_.LastLine;
+    const int expected = (stopped - FirstLineOfReflections() + 1) % 100;
+    const bool taken = LeadingNumber(Columns(Line(stopped), in_front_of_running_number, 2)) == expected;
+    for (int number = taken ? stopped + 1 : stopped; number <= LineCount(); ++number) {
+      const bool unmarked =
+          number == stopped && MarkOf(number).empty() && !CountedWords(Line(number)).empty();
+      if (unmarked || MarkOf(number) == "I") {
+        Note(FindingKind::LinesLeftOut, {.Line = number, .Found = Shown(Line(number))});
+      }
     }
   }
 

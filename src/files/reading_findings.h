@@ -22,13 +22,16 @@ enum class FindingKind {
   Texts,        ///< words that are no numbers, where numbers are read
   OddNumbers,   ///< words that count as numbers and are more than one: 1.2.3, 12-5
   FewNumbers,   ///< less than the format has on a line; 0 stands for the rest
-  MoreNumbers,  ///< more than the format has on a line; they are left out
+  MoreNumbers,  ///< more than the format has on a line, or behind the columns that count; they are left out
   DownwardX,
   RepeatedX,
   XBeyondDegrees,  ///< a 2-theta of more than 180 degrees
   MissingPoints,   ///< intensities that the file ends before; the buffer keeps what it held
   AnotherEnd,      ///< the head tells another last X than the points have
   NoPoints,
+  NoRange,          ///< X of all points within what no plot can show
+  FirstPointApart,  ///< the first step is far larger than the next ones
+  AnotherStep,      ///< the head tells another step than the points have
   // Told by the other lines.
   NumbersAsTitle,   ///< a line of numbers is taken for the title
   HeadLineLeftOut,  ///< a line in front of the points tells nothing
@@ -51,6 +54,7 @@ struct CheckFinding {
   std::optional<CheckedPoint> Point{};         ///< the first point that it makes or changes
   std::optional<ReadSummary> Without{};        ///< what the file would be without it
   std::optional<CheckedPoint> PointWithout{};  ///< that point without it
+  bool Together = false;                       ///< Without is without the other troubles, which hide this one
 };
 
 /// What is odd in the reading of these lines by the reader of a format, in the order of the kinds.

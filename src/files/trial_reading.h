@@ -23,6 +23,7 @@ struct ReadSummary {
   bool Read = false;
   std::string Refusal{};  ///< why not, in the words of the reader
   int RefusalLine = 0;    ///< where the reader stopped, if its words don't tell; else 0
+  bool RefusalLineBlank = false;
   int Points = 0;
   CheckedPoint First{};
   CheckedPoint Last{};                ///< the last one that the file has

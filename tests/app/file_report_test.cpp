@@ -30,6 +30,14 @@ TEST(FileReport, TellsFindingsWithTheirPlaceAndTheFormatThatFits) {
        "(5 lines)", "\n  Fits once it is mended: \"Two columns\".\n", "  \"PHILIPS\" refuses: The file "}) {
     EXPECT_NE(report.find(part), std::string::npos) << part << report;
   }
+  std::string long_one = "t\r\n1.5\r\n";
+  for (int i = 0; i <= 8000; ++i) long_one += std::to_string(10 + 0.01 * i) + "\t5\r\n";
+  const std::string too_long = FileReport(CheckText(long_one));
+  EXPECT_NE(too_long.find("refused at line 8003: Profile with more than 8000"), std::string::npos)
+      << too_long;
+  const std::string blank =
+      FileReport(CheckText("_SAMPLE='t'\r\n_STEPSIZE=0.02\r\n_2THETACOUNTS\r\n20 5\r\n\r\n"));
+  EXPECT_NE(blank.find("refuses at line 5, which is blank: "), std::string::npos) << blank;
   EXPECT_NE(FileReport(CheckFile("/nowhere")).find("No such file"), std::string::npos);
   const std::string utf16("\xFF\xFEt\0\x1B[\n\0", 8);
   for (const FileCheck& check : {CheckText(utf16), CheckFile("/nowhere\x1B[31m\n")}) {
