@@ -24,10 +24,8 @@ inline std::string Replaced(std::string text, const std::string& what, const std
 /// A script with the paths of its sample profiles made whole, and what it writes in another folder.
 inline std::string ScriptIn(const std::filesystem::path& path, const std::string& output) {
   std::string script = BytesOf(path);
-  for (const std::string folder : {"examples/", "docs/"}) {
-    std::string whole = "\"" KOPRAX_SOURCE_DIR "/";
-    whole += folder;
-    script = Replaced(script, "\"" + folder, whole);
+  for (const std::string folder : {"\"examples/", "\"docs/"}) {
+    script = Replaced(script, folder, "\"" KOPRAX_SOURCE_DIR "/" + folder.substr(1));
   }
   return Replaced(script, "\"output/", "\"" + output + "/");
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -64,7 +65,7 @@ std::vector<Expected> Cases() {
   const auto card = [](int wrong_line) {  // three lines of reflections, of which one has another number
     std::string text;
     for (int i = 1; i <= 7; ++i) text += std::string(79, ' ') + (i == 7 ? "F\r\n" : "\r\n");
-    text.replace(5 * 81, 5, "Cards");
+    text.replace(std::size_t{5} * 81, 5, "Cards");
     for (int i = 1; i <= 3; ++i) {
       const std::string reflection = " 3.4803 75   0  1  2   ";
       text += reflection + reflection + reflection.substr(0, 20) + "   " +
