@@ -75,7 +75,7 @@ std::vector<PlacedWord> CountedWords(std::string_view line) {
 
 /// Those that begin behind the columns that count.
 std::vector<PlacedWord> WordsBehind(std::string_view line) {
-  return WordsFrom(line, line.find_first_of(" ,", FirstCharacters(line, LineWidth - 1).size()));
+  return WordsFrom(line, line.find_first_of(" ,", FirstCharacters(line, LineWidth - 2).size()));
 }
 
 bool IsWholeNumber(std::string_view word) {
@@ -89,6 +89,7 @@ int CountNumbers(const std::vector<PlacedWord>& words) {
   return static_cast<int>(std::ranges::count(words, true, &PlacedWord::Number));
 }
 
+/// So many characters of a line behind so many others, as far as it has them.
 std::string_view Columns(std::string_view line, std::size_t before, std::size_t width) {
   return FirstCharacters(line.substr(FirstCharacters(line, before).size()), width);
 }
@@ -163,9 +164,7 @@ class Findings {
         if (numbers >= expected || IsEndMark(word)) continue;
         return Note(FindingKind::Texts, here);
       }
-      if (++numbers > expected) {
-        return NoteMoreNumbers(here);
-      }
+      if (++numbers > expected) return NoteMoreNumbers(here);
       if (!IsWholeNumber(word.Text)) Note(FindingKind::OddNumbers, here);
     }
     if (numbers < expected && expected != all_numbers) {

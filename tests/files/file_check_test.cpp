@@ -103,7 +103,7 @@ std::vector<Expected> Cases() {
       {"downward", Two, Head(Two) + "20.02 5\r\n20 6\r\n19.98 7\r\n", DownwardX, 4, 0, 2, 3},
       {"downward step", One, "t\r\n20 -0.02 1.5\r\n5\r\n6\r\n", DownwardX, 0, 0, 1, 2},
       {"third column of errors", Two, Head(Two) + "20 5 1\r\n20.02 6 1\r\n", MoreNumbers, 3, 6, 2, 2, false},
-      {"number behind what counts", One, Head(One) + "5\r\n6" + blank + blank + "7\r\n", MoreNumbers, 4, 142,
+      {"number behind what counts", One, Head(One) + "5\r\n6" + blank + "        7\r\n", MoreNumbers, 4, 80,
        1, 2},
       {"repeated", Uxd, Head(Uxd) + "20 5\r\n20 6\r\n20.04 7\r\n", RepeatedX, 6, 0, 1, 3},
       {"lone point", Two, Head(Two) + "20 5\r\n", NoRange, 0, 0, 1, 1},
